@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// The crawl engine. This file: handing queued addresses to free connections.
+namespace bas_Connections {
+
+/// The scheduler's tick: starts at most one connection, for the newest address in the queue.
+void tmrMove_Timer();
+
+/// Starts fetching `address` on the first free connection and takes the last item off the queue.
+/// Does nothing when no crawl runs or no connection is free.
+void ConnectNext(std::string address);
+
+/// The first slot among the first N whose socket is closed, or 0.
+std::int16_t FindFreeSlot();
+
+/// Closes all 24 sockets, whatever they are doing.
+void CloseAllSockets();
+
+/// N, the number of connections, as the box says now; a text that is no number counts as 0.
+std::int32_t ConnectionsCount();
+
+/// The number of connections was typed: a text that is no number, or one above 23, is refused.
+void txtMax_Change();
+
+/// The number of connections was chosen from the list: rows beyond it are reset.
+void txtMax_Click();
+
+}  // namespace bas_Connections

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// The local mirror. This file: saving a finished download.
+namespace bas_Output {
+
+/// Saves what connection `slot` received, header and all, as the file of `address`: strips the
+/// header, maps the address to a path, rewrites links, writes the file, records its search text,
+/// deletes its placeholder and raises `FilesDone`. Steps that fail are skipped. `address` (host and
+/// path) is cleaned in place. `received` must stay valid only until the first event runs.
+void SaveFile(std::string_view received, std::string& address, std::int16_t slot);
+
+}  // namespace bas_Output

@@ -1,0 +1,1 @@
+#include "platform/byte_size.h"

@@ -1,0 +1,21 @@
+#pragma once
+
+namespace platform {
+
+/// Letting pending interface events run from inside a handler.
+///
+/// Anything may happen in there: other handlers run, scans nest, the crawl is stopped, the window
+/// is reloaded. Whoever yields reads the world afresh afterwards.
+class EventLoop {
+  public:
+    virtual ~EventLoop() = default;
+
+    /// Runs what is pending and returns.
+    virtual void DoEvents() = 0;
+
+    /// For loops that yield at every step: a real turn only when the last was some milliseconds
+    /// ago.
+    virtual void DoEventsOften() = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// The host's files, named by the program's own path text: "\" separates, "c:" is the user's home
+/// folder where the host knows no drives, "z:" and a leading "\" are its root. "." and ".." are
+/// resolved in the text, clamped at the root, before the host sees the path. A path that holds a
+/// NUL is a fault. A fault is the returned value, never an exception.
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    /// The folder that the program keeps its own lists in, without a final "\".
+    virtual std::string ProgramFolder() const = 0;
+
+    /// Creates exactly this folder. False when it cannot be made, also because it exists already.
+    virtual bool CreateFolder(std::string_view path) = 0;
+
+    /// The length of a file in bytes, 0 for a folder; nothing when neither is there.
+    virtual std::optional<std::uint64_t> FileLength(std::string_view path) const = 0;
+
+    virtual bool FolderExists(std::string_view path) const = 0;
+
+    virtual std::optional<std::string> ReadFile(std::string_view path) const = 0;
+
+    /// Makes the file consist of `parts`, one after the other, whatever was there before. It is
+    /// whole or untouched: on a fault (a full disk, say) the old file stays, and no new one is
+    /// left.
+    virtual bool WriteFile(std::string_view path,
+                           std::initializer_list<std::string_view> parts) = 0;
+
+    /// Adds `parts` at the file's end, creating it when missing; in one write, so that a fault adds
+    /// nothing.
+    virtual bool AppendFile(std::string_view path,
+                            std::initializer_list<std::string_view> parts) = 0;
+
+    virtual bool DeleteFile(std::string_view path) = 0;
+
+    /// Deletes every file in `folder` whose name ends in `suffix` (case as the host compares
+    /// names).
+    virtual void DeleteBySuffix(std::string_view folder, std::string_view suffix) = 0;
+
+    /// The names of the folders directly in `folder`, sorted.
+    virtual std::vector<std::string> Subfolders(std::string_view folder) const = 0;
+
+    /// Whether `path`, with "." and ".." resolved and symbolic links followed, lies in `folder` or
+    /// is it. The parts of both that do not exist yet count as they are written.
+    virtual bool IsInside(std::string_view path, std::string_view folder) const = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// Reads a page as a person sees it.
+class PageText {
+  public:
+    virtual ~PageText() = default;
+
+    /// The visible text of the body of the page whose file consists of `file_bytes`, blocks and
+    /// breaks on lines of their own (LF), in the local 8-bit encoding. Takes any bytes, in linear
+    /// time.
+    virtual std::string InnerText(std::string_view file_bytes) = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace bas_General {
+
+/// The lines of a list file's bytes. Lines end in CR LF, or in a lone LF where the file was edited
+/// by hand on another host; blank lines are left out, the others kept untrimmed.
+std::vector<std::string> SplitListFile(std::string_view bytes);
+
+}  // namespace bas_General
