@@ -15,11 +15,11 @@ from site_model import DEFAULT_TYPES, SiteModel, clean_link_name
 
 # Two sites that no one here wrote: many folders and links through "../", and many pictures.
 SITES = {"www.example.test": "/usr/share/doc/python-kombu-doc/html",
-         "second.example.test": "/usr/share/doc/xapian-doc"}
+         "www.second.test": "/usr/share/doc/xapian-doc"}
 
 # (name of the crawl, site, connections)
 CRAWLS = [("one", "www.example.test", 1), ("many", "www.example.test", 24),
-          ("four", "second.example.test", 4)]
+          ("four", "www.second.test", 4)]
 
 RECORDS = {b"log.txt", b"transdd.txt"}
 
