@@ -1,0 +1,13 @@
+#include "ui/label_font.h"
+
+namespace ui {
+
+QFont LabelFont() {
+    QFont font;
+    font.setFamilies({"Verdana", "DejaVu Sans", "Bitstream Vera Sans"});
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(12);
+    return font;
+}
+
+}  // namespace ui
