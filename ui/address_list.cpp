@@ -185,17 +185,24 @@ void AddressList::keyPressEvent(QKeyEvent* event) {
         return;
     }
     switch (event->key()) {
-        case Qt::Key_Up: return MoveSelection(current - 1);
-        case Qt::Key_Down: return MoveSelection(current + 1);
-        case Qt::Key_PageUp: return MoveSelection(current - RowsPerPage());
-        case Qt::Key_PageDown: return MoveSelection(current + RowsPerPage());
-        case Qt::Key_Home: return MoveSelection(0);
-        case Qt::Key_End: return MoveSelection(static_cast<std::ptrdiff_t>(items_.Count()) - 1);
+        case Qt::Key_Up:
+            return MoveSelection(current - 1);
+        case Qt::Key_Down:
+            return MoveSelection(current + 1);
+        case Qt::Key_PageUp:
+            return MoveSelection(current - RowsPerPage());
+        case Qt::Key_PageDown:
+            return MoveSelection(current + RowsPerPage());
+        case Qt::Key_Home:
+            return MoveSelection(0);
+        case Qt::Key_End:
+            return MoveSelection(static_cast<std::ptrdiff_t>(items_.Count()) - 1);
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (selected_) emit Activated();
             return;
-        default: QAbstractScrollArea::keyPressEvent(event);
+        default:
+            QAbstractScrollArea::keyPressEvent(event);
     }
 }
 

@@ -33,8 +33,7 @@ class RowsWidget : public QWidget {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         for (int row = 1; row < crawl::kSlotCount; row += 2) {
-            painter.fillRect(0, row * RowHeight(), width(), RowHeight(),
-                             palette().alternateBase());
+            painter.fillRect(0, row * RowHeight(), width(), RowHeight(), palette().alternateBase());
         }
     }
 };
@@ -78,7 +77,8 @@ void ConnectionPanel::MakeRows() {
         row.x->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         row.k2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         ShowQuietly(row.x, true);
-        for (QLabel* label : {row.k, row.k2}) label->setTextFormat(Qt::PlainText);
+        for (QLabel* label : {row.k, row.k2})
+            label->setTextFormat(Qt::PlainText);
         row.k->hide();
         row.l->setObjectName(QString("l%1").arg(i));
         row.k2->setObjectName(QString("k2%1").arg(i));

@@ -138,9 +138,8 @@ void frmMain::MakeConnections() {
 }
 
 void frmMain::SetTabOrder() {
-    QWidget* const order[] = {text1_,   command1_, command2_, command3_,
-                              command4_, txt_max_,  picture1_, other_links_,
-                              list1_,   list2_};
+    QWidget* const order[] = {text1_,   command1_, command2_,    command3_, command4_,
+                              txt_max_, picture1_, other_links_, list1_,    list2_};
     for (std::size_t i = 1; i < std::size(order); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }

@@ -86,21 +86,25 @@ void frmMain::PlaceFixedControls() {
     Place(label5_, kEdge + 5490, kCounterRow, 1800, 270);
 
     Place(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
-    for (QWidget* heading : {label8_, list2_heading_}) Place(heading, kEdge, 0, 3000, 300);
-    for (QWidget* list : {list1_, list2_}) Place(list, kEdge, 0, kOpeningWidth, kQueueRoom);
+    for (QWidget* heading : {label8_, list2_heading_})
+        Place(heading, kEdge, 0, 3000, 300);
+    for (QWidget* list : {list1_, list2_})
+        Place(list, kEdge, 0, kOpeningWidth, kQueueRoom);
     Place(label6_, kEdge, 0, kOpeningWidth, 270);
 }
 
 void frmMain::FitPanel(int height) {
     // All rows where there is room for them and some of the queue, else as many as there are; they
     // scroll then. Below a few rows the panel does not shrink.
-    const int panel = std::clamp(height - kAroundPanelAndQueue - kQueueRoom,
-                                 InTwips(picture1_->LeastHeight()),
-                                 InTwips(picture1_->FullHeight()));
+    const int panel =
+        std::clamp(height - kAroundPanelAndQueue - kQueueRoom, InTwips(picture1_->LeastHeight()),
+                   InTwips(picture1_->FullHeight()));
     SetHeight(picture1_, panel);
     const int list_top = kPanelTop + Height(picture1_) + kListAfterPanel;
-    for (QWidget* list : {list1_, list2_}) SetTop(list, list_top);
-    for (QWidget* heading : {label8_, list2_heading_}) SetTop(heading, list_top - 330);
+    for (QWidget* list : {list1_, list2_})
+        SetTop(list, list_top);
+    for (QWidget* heading : {label8_, list2_heading_})
+        SetTop(heading, list_top - 330);
     SetTop(other_links_, list_top - 390);
 }
 

@@ -23,10 +23,13 @@ QPainterPath Polygon(std::initializer_list<QPointF> corners) {
 
 QPainterPath Shape(Picture picture) {
     switch (picture) {
-        case Picture::Start: return Polygon({{4, 2}, {14, 8}, {4, 14}});
-        case Picture::Stop: return Polygon({{3, 3}, {13, 3}, {13, 13}, {3, 13}});
+        case Picture::Start:
+            return Polygon({{4, 2}, {14, 8}, {4, 14}});
+        case Picture::Stop:
+            return Polygon({{3, 3}, {13, 3}, {13, 13}, {3, 13}});
         case Picture::Filters:
-            return Polygon({{1.5, 2.5}, {14.5, 2.5}, {9.5, 8.5}, {9.5, 13}, {6.5, 14.5}, {6.5, 8.5}});
+            return Polygon(
+                {{1.5, 2.5}, {14.5, 2.5}, {9.5, 8.5}, {9.5, 13}, {6.5, 14.5}, {6.5, 8.5}});
         case Picture::Explore:
             return Polygon({{1.5, 3}, {6, 3}, {7.5, 5}, {14.5, 5}, {14.5, 13.5}, {1.5, 13.5}});
     }
@@ -35,10 +38,14 @@ QPainterPath Shape(Picture picture) {
 
 QColor Fill(Picture picture, bool dark) {
     switch (picture) {
-        case Picture::Start: return dark ? QColor(0x5c, 0xc8, 0x6e) : QColor(0x2e, 0x9e, 0x44);
-        case Picture::Stop: return dark ? QColor(0xf0, 0x70, 0x66) : QColor(0xd0, 0x3a, 0x30);
-        case Picture::Filters: return dark ? QColor(0x6a, 0xa8, 0xf0) : QColor(0x2f, 0x72, 0xc4);
-        case Picture::Explore: return dark ? QColor(0xf0, 0xc2, 0x5a) : QColor(0xe0, 0xa4, 0x20);
+        case Picture::Start:
+            return dark ? QColor(0x5c, 0xc8, 0x6e) : QColor(0x2e, 0x9e, 0x44);
+        case Picture::Stop:
+            return dark ? QColor(0xf0, 0x70, 0x66) : QColor(0xd0, 0x3a, 0x30);
+        case Picture::Filters:
+            return dark ? QColor(0x6a, 0xa8, 0xf0) : QColor(0x2f, 0x72, 0xc4);
+        case Picture::Explore:
+            return dark ? QColor(0xf0, 0xc2, 0x5a) : QColor(0xe0, 0xa4, 0x20);
     }
     return {};
 }
