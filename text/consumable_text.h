@@ -24,9 +24,10 @@ class ConsumableText {
     std::size_t Size() const { return bytes_.size() - eaten_; }
     bool Empty() const { return Size() == 0; }
 
-    /// Replaces the whole text.
+    /// Replaces the whole text. The old one's memory is given back, which moving a short text in
+    /// would not do.
     void Assign(std::string bytes) {
-        bytes_ = std::move(bytes);
+        bytes_.swap(bytes);
         eaten_ = 0;
     }
 
