@@ -1,5 +1,7 @@
 #include "ui/label_font.h"
 
+#include <QStringList>
+
 namespace ui {
 
 QFont LabelFont() {
