@@ -1,10 +1,12 @@
 #include "ui/label_font.h"
 
+#include <QStringList>
+
 namespace ui {
 
 QFont LabelFont() {
     QFont font;
-    font.setFamilies(QStringList{"Verdana", "DejaVu Sans", "Bitstream Vera Sans"});
+    font.setFamilies({"Verdana", "DejaVu Sans", "Bitstream Vera Sans"});
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(12);
     return font;
