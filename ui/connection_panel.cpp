@@ -21,7 +21,7 @@ constexpr int kGraphWidth = 150;
 constexpr int kLeastWidthForGraph = 420;
 
 int RowHeight() {
-    return QFontMetrics(LabelFont()).height();
+    return QFontMetrics(LabelFont()).height() + 1;
 }
 
 /// Paints every second row in the list's other colour, so that the eye keeps the line.

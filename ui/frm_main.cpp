@@ -154,7 +154,7 @@ void frmMain::SetRowReceived(int slot, const std::string& text) {
 }
 
 void frmMain::ShowList1() {
-    other_links_->setChecked(false);
+    ShowOtherLinks(false);
 }
 
 void frmMain::ShowPauseDialog() {

@@ -44,7 +44,8 @@ void frmMain::ConnectHandlers() {
     connect(command3_, &QPushButton::clicked, this, &frmMain::ShowFilters);
     connect(command4_, &QPushButton::clicked, this, &frmMain::ExploreTarget);
     connect(list1_, &AddressList::Activated, this, &frmMain::OpenSelectedAddress);
-    connect(other_links_, &QToolButton::toggled, this, &frmMain::ShowOtherLinks);
+    connect(other_links_, &QToolButton::clicked, this,
+            [this] { ShowOtherLinks(list2_->isHidden()); });
 
     // Leaving the box is no choice from its list.
     disconnect(txt_max_->lineEdit(), &QLineEdit::editingFinished, txt_max_, nullptr);

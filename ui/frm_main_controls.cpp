@@ -96,8 +96,6 @@ void frmMain::MakeLists() {
     list2_->setToolTip(tr("Links on the site whose file type is not wanted"));
     other_links_ = new QToolButton(client_);
     other_links_->setObjectName("OtherLinks");
-    other_links_->setAutoRaise(true);
-    other_links_->setCheckable(true);
     other_links_->setFocusPolicy(Qt::StrongFocus);
     other_links_->setToolTip(list2_->toolTip());
     ShowOtherLinks(false);

@@ -74,7 +74,6 @@ void frmMain::PlaceFixedControls() {
     Place(text1_, 1140, 210, 6000, kButton);
     Place(picture2_, 7260, 210, kButton, kButton);
     Place(txt_max_, 0, kSecondRow, 930, kButton);
-    Place(label7_, 0, kSecondRow + kButton + 30, 930, 240);
     label9_->adjustSize();
     Place(label9_, 0, kSecondRow, Width(label9_), kButton);
 
@@ -84,6 +83,7 @@ void frmMain::PlaceFixedControls() {
     Place(label4_, kEdge + 2550, kCounterRow, 2100, 270);
     Place(label1_, kEdge + 4650, kCounterRow, 840, 270);
     Place(label5_, kEdge + 5490, kCounterRow, 1800, 270);
+    Place(label7_, 0, kCounterRow, 930, 270);
 
     Place(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
     for (QWidget* heading : {label8_, list2_heading_})
@@ -126,6 +126,8 @@ void frmMain::Form_Resize() {
 
     list2_->setGeometry(list1_->geometry());
     SetWidth(label6_, w - 360);
+    // In a narrow window the counters need the hint's room.
+    label7_->setVisible(label7_->x() > label5_->geometry().right());
     SetLeft(other_links_, Left(list1_) + Width(list1_) - Width(other_links_));
 }
 

@@ -6,7 +6,7 @@ namespace ui {
 
 QFont LabelFont() {
     QFont font;
-    font.setFamilies(QStringList{"Verdana", "DejaVu Sans", "Bitstream Vera Sans"});
+    font.setFamilies({"Verdana", "DejaVu Sans", "Bitstream Vera Sans"});
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(12);
     return font;

@@ -2,6 +2,7 @@
 // native_socket.h comes first because the hosts' socket headers are touchy about their order.
 #include "platform/qt/qt_socket.h"
 
+#include <QCoreApplication>
 #include <QHostAddress>
 #include <QHostInfo>
 #include <QPointer>
@@ -75,10 +76,7 @@ class QtSocket::Connection : public QObject {
         QObject::connect(&patience_, &QTimer::timeout, this, [this] { ConnectToNextAddress(); });
     }
 
-    ~Connection() override {
-        if (lookup_ != kNoLookup) QHostInfo::abortHostLookup(lookup_);
-        CloseHandle();
-    }
+    ~Connection() override { CloseHandle(); }
 
     void LookUp(const std::string& host) {
         if (!CanBeHost(host)) {
@@ -94,10 +92,12 @@ class QtSocket::Connection : public QObject {
                 this, [this] { ConnectToNextAddress(); }, Qt::QueuedConnection);
             return;
         }
-        lookup_ = QHostInfo::lookupHost(name, this, [this](const QHostInfo& found) {
-            lookup_ = kNoLookup;
-            addresses_ = found.addresses();
-            ConnectToNextAddress();
+        // The receiver is the application, and the lookup is not aborted when the connection ends:
+        // for an aborted one and for one whose receiver is gone, the toolkit leaks the handler.
+        QHostInfo::lookupHost(name, qApp, [self = QPointer(this)](const QHostInfo& found) {
+            if (!self) return;
+            self->addresses_ = found.addresses();
+            self->ConnectToNextAddress();
         });
     }
 
@@ -110,8 +110,6 @@ class QtSocket::Connection : public QObject {
     std::string waiting;
 
   private:
-    static constexpr int kNoLookup = -1;
-
     void ConnectToNextAddress() {
         CloseHandle();
         while (!addresses_.isEmpty()) {
@@ -229,7 +227,6 @@ class QtSocket::Connection : public QObject {
 
     QtSocket& socket_;
     std::uint16_t port_;
-    int lookup_ = kNoLookup;
     QList<QHostAddress> addresses_;  // those not tried yet
     native::Handle handle_ = native::kNoHandle;
     std::unique_ptr<QSocketNotifier> readable_;
