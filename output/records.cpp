@@ -8,7 +8,6 @@
 #include "engine/crawl_state.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
-#include "platform/path_text.h"
 #include "platform/services.h"
 #include "text/text.h"
 
@@ -41,11 +40,7 @@ void SweepFolder(std::string_view field) {
 }  // namespace
 
 bool AppendToFile(const std::string& text, std::string& path) {
-    const auto asked = platform::ResolvePathText(path);
     MakeLocalPath(path);
-    // Whoever looks for the file under the asked name must not find it missing and ask again for
-    // ever; that happens when the target folder's own name holds "www.".
-    if (asked && asked != platform::ResolvePathText(path)) RememberUnwritten(*asked);
     return AppendMirrorFile(path, {text, "\r\n"});
 }
 
