@@ -125,15 +125,6 @@ TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
     EXPECT_FALSE(WriteFailedBefore("C:\\mirror\\site.com\\bad"));
 }
 
-TEST_F(Confinement, APathThatMovesOnTheWayCountsAsNotWritten) {
-    crawl::TargetFolder = "C:\\www.mirror\\";
-    std::string path = "C:\\www.mirror\\site.com\\a.html.tmp";
-    EXPECT_TRUE(AppendToFile("queued", path));
-    EXPECT_EQ(host.files.At("c:\\mirror\\site.com\\a.html.tmp"), "queued\r\n");
-    EXPECT_TRUE(WriteFailedBefore("C:\\www.mirror\\site.com\\a.html.tmp"));
-    EXPECT_FALSE(WriteFailedBefore("C:\\mirror\\site.com\\a.html.tmp"));
-}
-
 TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
     host.files.Have("c:\\mirror\\SITE.com\\kept.tmp", "x");
     host.files.Have("c:\\mirror\\site.com\\kept.tmp", "x");
