@@ -110,14 +110,7 @@ void frmMain::OpenSelectedAddress() {
 }
 
 void frmMain::ShowFilters() {
-    if (retired_) return;
-    if (!filters_) {
-        filters_ = new zFilter(this);
-        filters_->setAttribute(Qt::WA_DeleteOnClose);
-        filters_->show();
-    }
-    filters_->raise();
-    filters_->activateWindow();
+    if (!retired_) filters_ = zFilter::ShowOver(this);
 }
 
 void frmMain::ShowOtherLinks(bool other_links) {

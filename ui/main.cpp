@@ -25,7 +25,7 @@ std::unique_ptr<platform::Socket> MakeSocket() {
 }
 
 void ShowWizard(QWidget& window) {
-    frmNew wizard(&window);
+    ui::frmNew wizard(&window);
     wizard.exec();
 }
 
