@@ -105,7 +105,7 @@ bool WriteMirrorFile(std::string_view path, std::initializer_list<std::string_vi
         platform::Host().files.WriteFile(*resolved, parts)) {
         return true;
     }
-    RememberUnwritten(path);
+    g_unwritten.insert(KeyOf(path));
     return false;
 }
 
@@ -115,7 +115,7 @@ bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_v
         platform::Host().files.AppendFile(*resolved, parts)) {
         return true;
     }
-    RememberUnwritten(path);
+    g_unwritten.insert(KeyOf(path));
     return false;
 }
 
@@ -130,10 +130,6 @@ void DeleteMirrorFile(std::string_view path) {
     if (resolved && FolderLiesInside(platform::ParentOfResolved(*resolved))) {
         platform::Host().files.DeleteFile(*resolved);
     }
-}
-
-void RememberUnwritten(std::string_view path) {
-    g_unwritten.insert(KeyOf(path));
 }
 
 bool WriteFailedBefore(std::string_view path) {

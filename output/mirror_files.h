@@ -34,9 +34,6 @@ std::optional<std::string> ReadMirrorFile(std::string_view path);
 /// Deletes a file inside the target folder.
 void DeleteMirrorFile(std::string_view path);
 
-/// Remembers that what was to be written at this path was not, or not there.
-void RememberUnwritten(std::string_view path);
-
 /// Whether writing this path, however spelled, failed since `BeginMirror`.
 bool WriteFailedBefore(std::string_view path);
 

@@ -8,7 +8,6 @@
 #include "engine/crawl_state.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
-#include "platform/path_text.h"
 #include "platform/services.h"
 #include "text/text.h"
 
@@ -26,6 +25,11 @@ void FoldBlanks(std::string& page_text) {
     text::ReplaceAllIn(page_text, "  ", " ");
 }
 
+platform::PageKind KindOf(const std::string& path) {
+    return text::LowerCase(path).ends_with(".txt") ? platform::PageKind::kPlainText
+                                                   : platform::PageKind::kMarkup;
+}
+
 std::string SearchFolder() {
     return crawl::TargetFolder + "\\_SearchData";
 }
@@ -41,11 +45,7 @@ void SweepFolder(std::string_view field) {
 }  // namespace
 
 bool AppendToFile(const std::string& text, std::string& path) {
-    const auto asked = platform::ResolvePathText(path);
     MakeLocalPath(path);
-    // Whoever looks for the file under the asked name must not find it missing and ask again for
-    // ever; that happens when the target folder's own name holds "www.".
-    if (asked && asked != platform::ResolvePathText(path)) RememberUnwritten(*asked);
     return AppendMirrorFile(path, {text, "\r\n"});
 }
 
@@ -55,7 +55,7 @@ std::string GetPageText(const std::string& path) {
     }
     std::string page_text;
     if (const auto page = ReadMirrorFile(path)) {
-        page_text = platform::Host().page_text.InnerText(*page);
+        page_text = platform::Host().page_text.InnerText(*page, KindOf(path));
     }
     FoldBlanks(page_text);
     return page_text;
