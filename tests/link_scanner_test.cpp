@@ -329,10 +329,10 @@ TEST(LinkScannerTest, TimeGrowsWithThePageOnly) {
     }
     const std::string pages[] = {
         many,
-        repeat("href", 200'000),
-        repeat("href=", 200'000),
-        repeat("<a href='same.html'>\r\n", 200'000),
-        repeat(" src = \"; url=", 200'000),
+        repeat("href", 100'000),
+        repeat("href=", 100'000),
+        repeat("<a href='same.html'>\r\n", 100'000),
+        repeat(" src = \"; url=", 100'000),
         repeat("no link at all. ", 3'000'000) + "<a href='last.html'>",
     };
     const auto start = std::chrono::steady_clock::now();
