@@ -20,7 +20,7 @@ constexpr int kEnterKey = 13;
 /// A crawl from the address box, before a wizard has chosen a folder, goes into the stored one.
 bool FolderIsReady() {
     if (!crawl::TargetFolder.empty()) return true;
-    bas_General::SetTargetFolder(bas_General::StoredFolder());
+    bas_General::SetTargetFolder(bas_General::NormalizeFolder(bas_General::StoredFolder()));
     if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
     crawl::TargetFolder.clear();
     platform::Host().boxes.MsgBox(
@@ -110,14 +110,7 @@ void frmMain::OpenSelectedAddress() {
 }
 
 void frmMain::ShowFilters() {
-    if (retired_) return;
-    if (!filters_) {
-        filters_ = new zFilter(this);
-        filters_->setAttribute(Qt::WA_DeleteOnClose);
-        filters_->show();
-    }
-    filters_->raise();
-    filters_->activateWindow();
+    if (!retired_) filters_ = zFilter::ShowOver(this);
 }
 
 void frmMain::ShowOtherLinks(bool other_links) {
