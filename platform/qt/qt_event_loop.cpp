@@ -5,7 +5,9 @@
 namespace platform {
 
 void QtEventLoop::DoEvents() {
-    QCoreApplication::processEvents();  // one turn, whatever it posts waits for the next
+    ++depth_;
+    QCoreApplication::processEvents();  // one turn; what it posts waits for the next
+    --depth_;
     since_last_turn_.start();
 }
 
