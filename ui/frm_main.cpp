@@ -44,6 +44,8 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::Retire() {
+    // Closing the pause dialog turns the scheduler on once more.
+    if (pause_dialog_) pause_dialog_->reject();
     retired_ = true;
     move_timer_.SetEnabled(false);
     rate_timer_.stop();
@@ -53,7 +55,6 @@ void frmMain::Retire() {
     }
     list1_->Detach();
     list2_->Detach();
-    if (pause_dialog_) pause_dialog_->reject();
     if (filters_) filters_->close();
 }
 

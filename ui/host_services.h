@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/host_files.h"
-#include "platform/html_inner_text.h"
+#include "platform/inner_text/html_inner_text.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_process_starter.h"
 #include "platform/services.h"

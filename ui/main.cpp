@@ -66,7 +66,14 @@ int RunWindow(int argc, char** argv) {
     return QApplication::exec();
 }
 
+/// The toolkit remarks on what an environment without a desktop lacks. That is no news here.
+void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type != QtCriticalMsg && type != QtFatalMsg) return;
+    std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
+}
+
 int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
+    qInstallMessageHandler(PassOnFaultsOnly);
     // The window is never shown, so the run needs no display, nor one that works.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);

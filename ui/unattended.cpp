@@ -22,6 +22,11 @@ namespace {
 constexpr int kLookMilliseconds = 50;
 constexpr int kProgressMilliseconds = 1000;
 
+#ifdef _WIN32
+constexpr int kEndingSignals[] = {SIGINT, SIGTERM};
+#else
+constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+#endif
 volatile std::sig_atomic_t g_signal = 0;
 
 /// The first signal ends the run tidily; a second one, at once.
@@ -49,7 +54,7 @@ bool PrepareFolder(const std::string& folder, Terminal& terminal) {
         terminal.Print("The folder's name has characters that this program does not keep.");
         return false;
     }
-    bas_General::SetTargetFolder(folder);
+    bas_General::SetTargetFolder(cleaned);
     if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
     platform::Host().boxes.MsgBox(
         "That is an invalid directory. Check it has no invalid characters.",
@@ -90,8 +95,8 @@ void Look(WindowHolder& holder, Terminal& terminal, QElapsedTimer& since_progres
 int RunUnattended(const CrawlOrder& order, WindowHolder& holder, Terminal& terminal) {
     if (!PrepareFolder(order.folder, terminal)) return kExitUnusableFolder;
     PrepareFileTypes();
-    std::signal(SIGINT, NoteSignal);
-    std::signal(SIGTERM, NoteSignal);
+    for (const int number : kEndingSignals)
+        std::signal(number, NoteSignal);
     Start(order, holder.Current());
 
     QElapsedTimer since_progress;

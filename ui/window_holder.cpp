@@ -1,5 +1,6 @@
 #include "ui/window_holder.h"
 
+#include <QApplication>
 #include <QThread>
 
 #include "engine/crawl_state.h"
@@ -51,7 +52,8 @@ void WindowHolder::Reload() {
 }
 
 bool WindowHolder::Unwound() const {
-    return events_.Depth() == 0 && QThread::currentThread()->loopLevel() <= 1;
+    return events_.Depth() == 0 && QApplication::activeModalWidget() == nullptr &&
+           QThread::currentThread()->loopLevel() <= 1;
 }
 
 void WindowHolder::WhenUnwound() {
