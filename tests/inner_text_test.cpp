@@ -307,7 +307,6 @@ TEST(InnerText, TakesAnyBytes) {
             page += kParts[random() % std::size(kParts)];
             if (random() % 4 == 0) page += static_cast<char>(random());
         }
-        // Followed by the end of everything that may be open, text is seen again.
         EXPECT_LE(TextOf(page).size(), 4 * page.size()) << page;
     }
 }

@@ -66,9 +66,10 @@ void PageReader::OnText(std::string_view raw) {
 }
 
 void PageReader::AppendTextWithReferences(std::string_view raw) {
-    static constexpr std::string_view kStops("&\0", 2);  // A NUL is nothing.
+    const auto stops = [](char c) { return c == '&' || c == '\0'; };  // A NUL is nothing.
     while (!raw.empty()) {
-        const std::size_t stop = std::min(raw.find_first_of(kStops), raw.size());
+        const auto stop =
+            static_cast<std::size_t>(std::find_if(raw.begin(), raw.end(), stops) - raw.begin());
         AppendText(raw.substr(0, stop));
         raw.remove_prefix(stop);
         if (raw.empty()) return;
