@@ -13,6 +13,10 @@ void tmrMove_Timer();
 /// Does nothing when no crawl runs or no connection is free.
 void ConnectNext(std::string address);
 
+/// Connects the socket of slot `index` to its job's host, always at port 80, and shows that in its
+/// row.
+void OpenConnection(int index);
+
 /// The first slot among the first N whose socket is closed, or 0.
 std::int16_t FindFreeSlot();
 

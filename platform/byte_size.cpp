@@ -1,1 +1,54 @@
 #include "platform/byte_size.h"
+
+#include <array>
+#include <cstddef>
+
+#ifdef _WIN32
+#include <windows.h>
+
+#include <shlwapi.h>
+#endif
+
+namespace platform {
+
+#ifdef _WIN32
+
+std::string StrFormatByteSize(std::int32_t bytes) {
+    std::array<char, 32> buffer{};
+    StrFormatByteSizeA(static_cast<DWORD>(bytes), buffer.data(), buffer.size());
+    return buffer.data();
+}
+
+#else
+
+namespace {
+
+/// `hundredths` of a unit, below 1000 of it, with three significant digits; the rest is cut.
+std::string ThreeDigits(std::uint64_t hundredths) {
+    std::string digits = std::to_string(hundredths / 100);
+    if (digits.size() == 3) return digits;
+    std::string fraction = std::to_string(100 + hundredths % 100).substr(1);
+    fraction.resize(3 - digits.size());
+    return digits + "." + fraction;
+}
+
+}  // namespace
+
+std::string StrFormatByteSize(std::int32_t bytes) {
+    const std::uint64_t count = static_cast<std::uint32_t>(bytes);
+    if (count < 1024) return std::to_string(count) + " bytes";
+
+    static constexpr std::array<const char*, 3> kUnits = {" KB", " MB", " GB"};
+    // A thousand of a unit would take four digits and is given in the next one.
+    std::uint64_t size = 1024;
+    std::size_t unit = 0;
+    while (count >= 1000 * size) {
+        size *= 1024;
+        ++unit;
+    }
+    return ThreeDigits(count * 100 / size) + kUnits.at(unit);
+}
+
+#endif
+
+}  // namespace platform

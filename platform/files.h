@@ -53,6 +53,9 @@ class Files {
     /// Whether `path`, with "." and ".." resolved and symbolic links followed, lies in `folder` or
     /// is it. The parts of both that do not exist yet count as they are written.
     virtual bool IsInside(std::string_view path, std::string_view folder) const = 0;
+
+    /// Whether `path` itself is a symbolic link, whatever it leads to.
+    virtual bool IsLink(std::string_view path) const = 0;
 };
 
 }  // namespace platform

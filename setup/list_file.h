@@ -10,4 +10,7 @@ namespace bas_General {
 /// by hand on another host; blank lines are left out, the others kept untrimmed.
 std::vector<std::string> SplitListFile(std::string_view bytes);
 
+/// The bytes of a list file with these lines, each trimmed and ended by CR LF.
+std::string JoinListFile(const std::vector<std::string>& lines);
+
 }  // namespace bas_General

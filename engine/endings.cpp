@@ -1,0 +1,141 @@
+#include "engine/endings.h"
+
+#include <cstdint>
+#include <string>
+
+#include "engine/crawl_state.h"
+#include "engine/main_window.h"
+#include "engine/rows.h"
+#include "engine/scheduler.h"
+#include "extractor/addresses.h"
+#include "output/records.h"
+#include "output/save_file.h"
+#include "platform/services.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace bas_Connections {
+
+namespace {
+
+bool Confirmed(const std::string& question, const std::string& title) {
+    return platform::Host().boxes.MsgBox(question, platform::BoxStyle::InformationYesNo, title) ==
+           platform::BoxAnswer::Yes;
+}
+
+std::string Counted(std::int64_t count, const std::string& unit) {
+    std::string digits = std::to_string(count);
+    return std::string(text::Trim(bas_Extractor::FormatThousands(digits))) + unit;
+}
+
+}  // namespace
+
+void tmrOut_Timer(int index) {
+    // The blanks around the backslash keep this from replacing a good file: no folder of that name
+    // is ever made, so nothing is written. Slots that idle after a success come through here as
+    // well.
+    const unsigned job = crawl::Slots[index].Response.Generation();
+    std::string address = " \\ " + crawl::Slots[index].Host + crawl::Slots[index].Path;
+    bas_Output::SaveFile("Unable to download this file. (Timeout)", address,
+                         static_cast<std::int16_t>(index));
+    platform::Host().events.DoEvents();
+    crawl::ConnectionSlot& slot = crawl::Slots[index];
+    if (slot.Response.Generation() != job)
+        return;  // stopped, or idle and given a new job meanwhile
+
+    engine::MainWindow& window = engine::Window();
+    window.Sock(index).Close();
+    ResetSlotRow(index);
+    if (slot.Attempts == 1 || slot.Attempts == 2) {
+        ++slot.Attempts;
+        OpenConnection(index);
+    } else if (crawl::List1.Empty() && AllSocketsClosed()) {
+        SiteComplete();
+    }
+}
+
+bool AllSocketsClosed() {
+    for (int i = 1; i <= crawl::kSlotCount; ++i) {
+        if (engine::Window().Sock(i).State() != platform::SocketState::Closed) return false;
+    }
+    return true;
+}
+
+void SiteComplete() {
+    if (engine::Window().Command1Enabled()) return;
+    StopNOW();
+    engine::Window().SetLabel6("Website Downloaded!");
+    bas_Output::RemoveTempFiles();
+    platform::Host().events.DoEvents();
+    UpdateStats();
+    if (Confirmed("The website has been downloaded.\r\n\r\n"
+                  "Would you like to browse the download directory?",
+                  "Done.")) {
+        platform::Host().processes.ExploreFolder(crawl::TargetFolder);
+    }
+}
+
+void StopNOW() {
+    engine::MainWindow& window = engine::Window();
+    window.tmrMove().SetEnabled(false);
+    bas_Output::RemoveTempFiles();
+    crawl::List1.Clear();
+    CloseAllSockets();
+    for (int i = 1; i <= crawl::kSlotCount; ++i) {
+        crawl::ConnectionSlot& slot = crawl::Slots[i];
+        SetSlotStatus(i, "Not Connected.");
+        slot.Path.clear();
+        slot.Url.clear();
+        slot.Host.clear();
+        slot.Response.Clear();
+        window.Sock(i).Close();
+        window.tmrOut(i).SetEnabled(false);
+    }
+    window.SetCommand2Enabled(false);
+    window.SetCommand1Enabled(true);
+    window.SetText1Enabled(true);
+    window.FocusText1();
+}
+
+void AskStop() {
+    if (!Confirmed("Are you sure you want to cancel downloading the current website?",
+                   "Stop Download")) {
+        return;
+    }
+    StopNOW();
+    crawl::Stopping = true;
+    engine::Window().Reload();
+    platform::Host().events.DoEvents();
+    engine::Window().SetLabel6("Operation Cancelled.");
+    engine::Window().SetPauseEnabled(false);
+}
+
+void mnupause_Click() {
+    engine::Window().tmrMove().SetEnabled(false);
+    engine::Window().ShowPauseDialog();
+}
+
+void Resume() {
+    engine::Window().tmrMove().SetEnabled(true);
+}
+
+bool Form_Unload() {
+    if (crawl::Stopping) return true;
+    if (!Confirmed("Are you sure you want to exit?", "Exit Vantorin")) return false;
+    if (!engine::Window().Command1Enabled()) StopNOW();
+    bas_Output::RemoveTempFiles();
+    platform::Host().events.DoEvents();
+    engine::Window().tmrMove().SetEnabled(false);
+    CloseAllSockets();
+    engine::Window().ShowList1();
+    return true;
+}
+
+void UpdateStats() {
+    engine::MainWindow& window = engine::Window();
+    window.SetLabel5(std::to_string(crawl::List1.Count()) + " Files");
+    window.SetLabel3(Counted(crawl::FilesDone, " Files"));
+    window.SetLabel4(Counted(crawl::TotalBytes, " Bytes"));
+}
+
+}  // namespace bas_Connections

@@ -1,0 +1,166 @@
+#include "engine/http_exchange.h"
+
+#include <optional>
+
+#include "engine/crawl_state.h"
+#include "engine/endings.h"
+#include "engine/main_window.h"
+#include "engine/rows.h"
+#include "engine/scheduler.h"
+#include "extractor/addresses.h"
+#include "extractor/link_scanner.h"
+#include "output/save_file.h"
+#include "platform/byte_size.h"
+#include "platform/services.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace bas_Connections {
+
+namespace {
+
+/// A longer answer is cut here: what would pass it is not appended.
+constexpr std::size_t kResponseLimit = std::size_t{1} << 30;
+
+constexpr std::string_view kContentLength = "Content-Length:";
+
+std::string RequestText(const crawl::ConnectionSlot& slot) {
+    const std::string host{text::Trim(text::ReplaceAll(slot.Host, "/", ""))};
+    const std::string path = text::ReplaceAll(slot.Path, "//", "/");
+    return "GET " + path + " HTTP/1.0\r\n" +  //
+           "Host: " + host + "\r\n" +         //
+           "Referrer: " + host + "\r\n" +     //
+           "User-Agent: Internet Explorer 6.01\r\n\r\n";
+}
+
+/// The announced length in a chunk that holds the header line whole; nothing when the number does
+/// not fit. Only a window of 12 characters behind the colon and one more is looked at.
+std::optional<std::int32_t> AnnouncedLength(std::string_view data) {
+    const std::size_t start = text::InStr(data, kContentLength) + kContentLength.size() + 1;
+    const std::string_view window = text::Trim(text::Mid(data, start, 12));
+    const std::size_t line_end = text::InStr(window, "\r\n");
+    std::string value{line_end > 0 ? text::Left(window, line_end - 1) : std::string_view()};
+    text::ReplaceAllIn(value, "\r", "");
+    text::ReplaceAllIn(value, "\n", "");
+    return text::RoundHalfEven(text::WholeNumber(value).value_or(0));
+}
+
+void ShowExpectedSize(std::string_view data, int index) {
+    if (!text::Contains(data, kContentLength)) return;
+    crawl::ConnectionSlot& slot = crawl::Slots[index];
+    slot.ContentLength = AnnouncedLength(data).value_or(slot.ContentLength);
+    engine::Window().SetRowSize(index, FormatByteSize(slot.ContentLength));
+}
+
+void ShowReceivedSize(int index) {
+    if (ConnectionsCount() >= index) {
+        const std::string size = FormatByteSize(crawl::Slots[index].BytesReceived);
+        engine::Window().SetRowReceived(index, std::string(text::Trim(size)));
+    } else {
+        ResetSlotRow(index);
+    }
+}
+
+/// `url` cut just after its last "/".
+std::string PageFolder(const std::string& url) {
+    std::string reversed = bas_Extractor::ReverseText(url);
+    if (text::Left(reversed, 1) != "/") reversed.erase(0, text::InStr(reversed, "/") - 1);
+    return bas_Extractor::ReverseText(reversed);
+}
+
+/// Whether slot `index` still works on the job that it had when its response was of `generation`.
+/// Wherever events run, the crawl may be stopped and the slot be given another job, whose response
+/// and connection are not to be touched.
+bool HasSameJob(int index, unsigned generation) {
+    return crawl::Slots[index].Response.Generation() == generation;
+}
+
+/// The server has closed its side: saves the response, queues its links and frees the slot.
+void FinishResponse(int index) {
+    platform::EventLoop& events = platform::Host().events;
+    const unsigned job = crawl::Slots[index].Response.Generation();
+    std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
+    bas_Output::SaveFile(crawl::Slots[index].Response.View(), address,
+                         static_cast<std::int16_t>(index));
+    events.DoEvents();
+    if (!HasSameJob(index, job)) return;
+
+    std::string base = crawl::Slots[index].Url;
+    if (text::Contains(base, "/")) {
+        base = PageFolder(base);
+        ResetSlotRow(index);
+    }
+    SetSlotStatus(index, "");
+    events.DoEvents();
+    if (!HasSameJob(index, job)) return;
+
+    bas_Extractor::ExtractLinks(crawl::Slots[index].Response, crawl::List1, base);
+    if (!HasSameJob(index, job)) return;
+    engine::Window().Sock(index).Close();
+    events.DoEvents();
+    if (crawl::List1.Empty() && AllSocketsClosed()) SiteComplete();
+}
+
+}  // namespace
+
+void Sock_Connect(int index) {
+    engine::MainWindow& window = engine::Window();
+    crawl::ConnectionSlot& slot = crawl::Slots[index];
+    if (slot.Url.empty()) {
+        window.Sock(index).Close();
+        SetSlotStatus(index, "Not Connected.");
+        return;
+    }
+    text::ReplaceAllIn(slot.Path, "/index.html", "/");
+    const std::string request = RequestText(slot);
+    if (text::Contains(request, "GET /..") || text::Contains(request, "GET \\..")) {
+        // Nothing is asked above the site's root. The marker is a response that is never saved.
+        slot.Response.Assign("CANCEL");
+        window.Sock(index).Close();
+        return;
+    }
+    window.Sock(index).SendData(request);
+}
+
+void Sock_DataArrival(int index) {
+    engine::MainWindow& window = engine::Window();
+    window.tmrOut(index).SetEnabled(false);
+    window.tmrOut(index).SetEnabled(true);
+    const std::string data = window.Sock(index).GetData();
+    const auto length = static_cast<std::int64_t>(data.size());
+    text::AddWithinWidth(crawl::TotalBytes, length);
+    text::AddWithinWidth(crawl::Slots[index].BytesReceived, length);
+    ShowMatrixSizes();
+    ProcessResponse(data, index);
+
+    const std::string& url = crawl::Slots[index].Url;
+    if (text::Trim(url).empty()) {
+        engine::Window().Sock(index).Close();
+        SetSlotStatus(index, "Not Connected.");
+    } else if (ConnectionsCount() >= index) {
+        SetSlotStatus(index, "Downloading " + url);
+    } else {
+        ResetSlotRow(index);
+    }
+}
+
+void ProcessResponse(std::string_view data, int index) {
+    text::ConsumableText& response = crawl::Slots[index].Response;
+    if (data.size() < kResponseLimit - response.Size()) response.Append(data);
+    const unsigned job = response.Generation();
+    platform::Host().events.DoEvents();
+    if (!HasSameJob(index, job)) return;
+    ShowExpectedSize(data, index);
+    ShowReceivedSize(index);
+    if (engine::Window().Sock(index).State() == platform::SocketState::Closing) {
+        FinishResponse(index);
+    }
+}
+
+std::string FormatByteSize(std::int32_t value) {
+    return platform::StrFormatByteSize(value);
+}
+
+void ShowMatrixSizes() {}
+
+}  // namespace bas_Connections

@@ -1,0 +1,18 @@
+#include "engine/rows.h"
+
+#include "engine/main_window.h"
+
+namespace bas_Connections {
+
+void SetSlotStatus(int slot, const std::string& text) {
+    engine::Window().SetRowStatus(slot, text);
+}
+
+void ResetSlotRow(int slot) {
+    engine::MainWindow& window = engine::Window();
+    window.SetRowStatus(slot, "Not Connected.");
+    window.SetRowSize(slot, "0 KB");
+    window.SetRowReceived(slot, "-");
+}
+
+}  // namespace bas_Connections

@@ -1,0 +1,107 @@
+#include "engine/scheduler.h"
+
+#include <algorithm>
+
+#include "engine/crawl_state.h"
+#include "engine/endings.h"
+#include "engine/main_window.h"
+#include "engine/rows.h"
+#include "extractor/addresses.h"
+#include "platform/services.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace bas_Connections {
+
+namespace {
+
+constexpr std::size_t kLongestPath = 999;
+constexpr std::uint16_t kHttpPort = 80;
+constexpr int kHighestTypedCount = 23;
+
+void SplitAddress(crawl::ConnectionSlot& slot) {
+    const std::size_t slash = text::InStr(slot.Url, "/");
+    if (slash > 0) {
+        slot.Path = text::Mid(slot.Url, slash, kLongestPath);
+        slot.Host = text::Left(slot.Url, slash - 1);
+    } else {
+        slot.Host = slot.Url;
+        slot.Path = "/";
+    }
+    if (!text::Contains(slot.Path, ".")) slot.Path += "/";
+}
+
+void RefuseTypedCount() {
+    engine::Window().SetTxtMax("4");
+    platform::Host().boxes.MsgBox("Must be a number of connections from 1 to 24",
+                                  platform::BoxStyle::Stop, "Try Again");
+}
+
+}  // namespace
+
+void tmrMove_Timer() {
+    if (!crawl::List1.Empty()) ConnectNext(crawl::List1.Item(crawl::List1.Count() - 1));
+    UpdateStats();
+}
+
+void ConnectNext(std::string address) {
+    engine::MainWindow& window = engine::Window();
+    if (window.Command1Enabled()) return;
+    bas_Extractor::StripHttp(address);
+    text::ReplaceAllIn(address, ".jpeg", ".jpg");
+
+    const std::int16_t index = FindFreeSlot();
+    if (index == 0) return;
+    // The address came from the end of the queue, or the queue is empty.
+    crawl::List1.RemoveLast();
+
+    crawl::ConnectionSlot& slot = crawl::Slots[index];
+    slot.Url = std::move(address);
+    SplitAddress(slot);
+    slot.Response.Clear();
+    slot.BytesReceived = 0;
+    slot.ContentLength = 0;
+    slot.Attempts = 1;
+
+    window.Sock(index).Close();
+    window.tmrOut(index).SetEnabled(false);
+    window.tmrOut(index).SetEnabled(true);
+    OpenConnection(index);
+}
+
+void OpenConnection(int index) {
+    const std::string& host = crawl::Slots[index].Host;
+    SetSlotStatus(index, "Connecting to " + host);
+    engine::Window().Sock(index).Connect(host, kHttpPort);
+}
+
+std::int16_t FindFreeSlot() {
+    const int count = std::min<std::int32_t>(ConnectionsCount(), crawl::kSlotCount);
+    for (std::int16_t i = 1; i <= count; ++i) {
+        if (engine::Window().Sock(i).State() <= platform::SocketState::Closed) return i;
+    }
+    return 0;
+}
+
+void CloseAllSockets() {
+    for (int i = 1; i <= crawl::kSlotCount; ++i)
+        engine::Window().Sock(i).Close();
+}
+
+std::int32_t ConnectionsCount() {
+    return text::RoundHalfEven(text::LeadingNumber(engine::Window().TxtMax())).value_or(0);
+}
+
+void txtMax_Change() {
+    const std::optional<double> count = text::WholeNumber(engine::Window().TxtMax());
+    if (!count || *count > kHighestTypedCount) RefuseTypedCount();
+}
+
+void txtMax_Click() {
+    const std::optional<double> count = text::WholeNumber(engine::Window().TxtMax());
+    if (!count || *count > kHighestTypedCount) return;
+    for (int i = std::max(1, ConnectionsCount() + 1); i <= crawl::kSlotCount; ++i)
+        ResetSlotRow(i);
+}
+
+}  // namespace bas_Connections

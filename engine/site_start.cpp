@@ -1,0 +1,67 @@
+#include "engine/site_start.h"
+
+#include <string>
+
+#include "engine/crawl_state.h"
+#include "engine/main_window.h"
+#include "engine/scheduler.h"
+#include "extractor/addresses.h"
+#include "output/mirror_files.h"
+#include "setup/file_types.h"
+#include "text/text.h"
+
+namespace bas_Connections {
+
+namespace {
+
+constexpr int kEnterKey = 13;
+
+/// What the user typed, without blanks and scheme and with "www." in front unless it has one
+/// somewhere.
+std::string CleanTypedAddress(const std::string& typed) {
+    std::string address{text::Trim(typed)};
+    const std::string lowered = text::LowerCase(address);
+    if (text::Left(lowered, 7) == "http://") address.erase(0, 7);
+    if (!text::Contains(lowered, "www.")) address.insert(0, "www.");
+    return address;
+}
+
+void ResetCrawl() {
+    CloseAllSockets();
+    crawl::List1.Clear();
+    crawl::TotalBytes = 0;
+    crawl::FilesDone = 0;
+    crawl::MadeFolders.clear();
+    bas_Output::BeginMirror();
+}
+
+}  // namespace
+
+void ConnectNowNow() {
+    ResetCrawl();
+    engine::MainWindow& window = engine::Window();
+    const std::string address = CleanTypedAddress(window.Text1());
+    window.SetText1(address);
+    window.SetPauseEnabled(true);
+
+    const std::string host = bas_Extractor::CutHostAtDelimiter(address);
+    crawl::SiteHost = text::Trim(text::ReplaceAll(host, "www.", ""));
+    crawl::FileTypeSet = bas_General::LoadFileTypes();
+
+    window.SetCommand1Enabled(false);
+    window.SetCommand2Enabled(true);
+    crawl::LastSearchPage.clear();
+
+    // The start page never passes through the queue, which is empty now.
+    ConnectNext(address);
+
+    window.tmrMove().SetEnabled(true);
+    window.SetText1Enabled(false);
+    window.SetLabel6("Downloading Site [" + address + "]");
+}
+
+void Text1_KeyDown(int key_code) {
+    if (key_code == kEnterKey) ConnectNowNow();
+}
+
+}  // namespace bas_Connections

@@ -1,0 +1,142 @@
+#include "extractor/admission.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "engine/crawl_state.h"
+#include "extractor/addresses.h"
+#include "output/mirror_files.h"
+#include "output/paths.h"
+#include "output/records.h"
+#include "platform/services.h"
+#include "setup/keyword_filters.h"
+#include "text/text.h"
+
+namespace bas_Extractor {
+
+namespace {
+
+constexpr const char* kPlaceholderText =
+    "This file is queued to be downloaded, or did not download correctly.";
+
+/// Behind these a ".." would climb out of the site.
+constexpr std::string_view kClimbsAboveHost[] = {
+    ".info/..", ".tk/..",  ".uk/..",  ".au/..",  ".mil/..",
+    ".gov/..",  ".edu/..", ".org/..", ".net/..", ".com/..",
+};
+
+void CutScheme(std::string& link) {
+    constexpr std::string_view kScheme = "http://";
+    if (text::Left(LowerTrim(link), kScheme.size()) == kScheme) link.erase(0, kScheme.size());
+}
+
+void TrimIn(std::string& s) {
+    s = std::string(text::Trim(s));
+}
+
+/// "site.com/dir/page.html" from whatever spelling of slashes and scheme the page had.
+void Normalize(std::string& link) {
+    text::ReplaceAllIn(link, "http:\\", "http://");
+    TrimIn(link);
+    text::ReplaceAllIn(link, "\\", "/");
+    TrimIn(link);
+    if (LastChar(link) == "/") link += "index.html";
+}
+
+/// Where the mirror keeps the link's file.
+std::string LocalPath(const std::string& link) {
+    return bas_Output::CleanLinkName(crawl::TargetFolder + UrlToPathPart(link));
+}
+
+bool IsKnown(const std::string& local_path) {
+    return FileExists(local_path + ".html") || FileExists(local_path) ||
+           FileExists(local_path + ".tmp");
+}
+
+bool ClimbsAboveHost(const std::string& link) {
+    return std::any_of(std::begin(kClimbsAboveHost), std::end(kClimbsAboveHost),
+                       [&](std::string_view climb) { return text::Contains(link, climb); });
+}
+
+/// Appends one line to a file of the mirror. A line that cannot be written is done without.
+void Record(const std::string& line, std::string path) {
+    bas_Output::AppendToFile(line, path);
+}
+
+void ResolveAndRecord(std::string& link) {
+    const std::string records = crawl::TargetFolder + "transdd.txt";
+    Record(link, records);
+    ResolveDotDot(link);
+    Record(link + "\r\n", records);
+}
+
+void Enqueue(const std::string& link, const std::string& placeholder,
+             platform::ListItems& queue_list) {
+    queue_list.AddItem(link);
+    Record(kPlaceholderText, placeholder);
+    Record(link, crawl::TargetFolder + "log.txt");
+    platform::Host().events.DoEventsOften();
+}
+
+/// What a write to `path` really writes to: records and placeholders lose every "www.", in the
+/// target folder's name too.
+std::string WrittenForm(const std::string& path) {
+    return text::ReplaceAll(path, "www.", "");
+}
+
+bool HasFile(const std::string& path) {
+    // A first failure is not believed; the host may have been busy with the file.
+    const platform::Files& files = platform::Host().files;
+    return files.FileLength(path) || files.FileLength(path) || bas_Output::WriteFailedBefore(path);
+}
+
+}  // namespace
+
+void AdmitLink(std::string link, platform::ListItems& queue_list) {
+    CutScheme(link);
+    if (!text::Contains(text::LowerCase(link), text::LowerCase(crawl::SiteHost))) return;
+    CutScheme(link);
+    Normalize(link);
+
+    // The placeholder keeps the name made here, although the link may change below.
+    const std::string local_path = LocalPath(link);
+    if (IsKnown(local_path)) return;
+    if (!IsQueryPage(link) && !EndsWithSlash(link) && !IsListedFileType(link)) {
+        crawl::List2.AddItem(link);
+        return;
+    }
+
+    if (LastChar(link) == "?") link.pop_back();
+    if (ClimbsAboveHost(link)) return;
+    if (text::Contains(link, "/../")) ResolveAndRecord(link);
+    text::ReplaceAllIn(link, "/./", "/");
+    // Together these two give a lone "http:/" its second slash.
+    text::ReplaceAllIn(link, "http://", "http:/");
+    text::ReplaceAllIn(link, "http:/", "http://");
+    if (!IsFiltered(link)) Enqueue(link, local_path + ".tmp", queue_list);
+}
+
+bool IsFiltered(const std::string& link) {
+    const std::string lowered = LowerTrim(link);
+    return std::any_of(
+        bas_General::KeywordFilters.begin(), bas_General::KeywordFilters.end(),
+        [&](const std::string& filter) { return text::Contains(lowered, LowerTrim(filter)); });
+}
+
+bool IsQueryPage(const std::string& link) {
+    return text::Contains(LowerTrim(link), ".php?");
+}
+
+bool IsListedFileType(const std::string& link) {
+    const std::string extension(text::Trim(GetExtension(text::LowerCase(link))));
+    return text::Contains(crawl::FileTypeSet, ":" + extension + ":");
+}
+
+bool FileExists(const std::string& path) {
+    // Both forms, or a name in which "www." appears only after cleaning, and every name below a
+    // target folder that has one, would never be found again and be queued for ever.
+    const std::string written = WrittenForm(path);
+    return HasFile(path) || (written != path && HasFile(written));
+}
+
+}  // namespace bas_Extractor

@@ -1,0 +1,125 @@
+#include "extractor/link_scanner.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "extractor/addresses.h"
+#include "extractor/admission.h"
+#include "platform/services.h"
+#include "text/text.h"
+
+namespace bas_Extractor {
+
+namespace {
+
+constexpr std::string_view kLink = "href";
+/// From the "h" of one link to where the next is looked for: "href=" and five characters.
+constexpr std::size_t kStep = 10;
+constexpr std::size_t kLongestLink = 300;
+
+/// Spellings of a link attribute that share a keyword.
+struct Spellings {
+    std::string_view keyword;
+    std::array<std::string_view, 8> patterns;  ///< those not needed are empty and match nothing
+};
+
+/// The order decides what blanks around the "=" leave behind: the first pattern makes "href= x" of
+/// "href = x", so that the second finds nothing there.
+constexpr Spellings kLinkAttributes[] = {
+    {"href", {"href =", "href = ", "href="}},
+    {"HREF", {"HREF=", "HREF = ", "HREF =", "HREF= "}},
+    {"hRef", {"hRef=", "hRef = ", "hRef =", "hRef= "}},
+    {"Href", {"Href=", "Href = ", "Href =", "Href= ", "Href= "}},
+    {"hREF", {"hREF=", "hREF = ", "hREF =", "hREF= "}},
+    {"background", {"background =", "background=", "background = ", "background= "}},
+    {"BACKGROUND", {"BACKGROUND =", "BACKGROUND=", "BACKGROUND = ", "BACKGROUND= "}},
+    {"BackGround", {"BackGround =", "BackGround=", "BackGround = ", "BackGround= "}},
+    {"=", {" SRC=", " src=", " SRC =", " src =", " SRC = ", " src = ", " SRC= ", " src= "}},
+};
+
+constexpr std::string_view kMetaRefresh[] = {"; url=", ";url=", "; URL=", ";URL="};
+
+constexpr std::string_view kSkippedSchemes[] = {"https", "irc:", "ftp:", "@"};
+
+/// Brings every kind of link that is known to the one form "href='...".
+void RewritePage(std::string& page) {
+    for (const Spellings& spellings : kLinkAttributes) {
+        // Few responses hold all keywords; one that is missing saves a pass for each spelling.
+        if (!text::Contains(page, spellings.keyword)) continue;
+        for (const std::string_view pattern : spellings.patterns) {
+            text::ReplaceAllIn(page, pattern, "href=");
+        }
+    }
+    text::ReplaceAllIn(page, "\"", "'");
+    text::ReplaceAllIn(page, "\n", "");
+    text::ReplaceAllIn(page, "\r", "");
+    for (const std::string_view refresh : kMetaRefresh) {
+        text::ReplaceAllIn(page, refresh, "a href='http://");
+    }
+}
+
+/// `link` as seen from the page's directory `base`. A doubled slash behind a host name that ends in
+/// ".com", ".net" or ".org" is mended before the others, and a doubled scheme after them.
+std::string MakeAbsolute(std::string link, const std::string& base) {
+    text::ReplaceAllIn(link, "\\", "/");
+    if (!link.starts_with("http://")) link.insert(0, base);
+    text::ReplaceAllIn(link, "m//", "m/");
+    text::ReplaceAllIn(link, "t//", "t/");
+    text::ReplaceAllIn(link, "g//", "g/");
+    link = CollapseSlashes(link);
+    text::ReplaceAllIn(link, "http://http://", "http://");
+    return link;
+}
+
+/// The target of the first link in `page`, made absolute; nothing when it is not one to follow.
+std::optional<std::string> FirstTarget(std::string_view page, const std::string& base) {
+    const std::size_t at = text::InStr(page, kLink);
+    if (at == 0) return std::nullopt;
+
+    const std::string_view window = text::Mid(page, at + kLink.size() + 1, kLongestLink);
+    std::string link(text::Trim(window));
+    if (link.starts_with('\'')) link.erase(0, 1);
+    if (link.starts_with('#')) return std::nullopt;
+    link = text::Trim(CutLinkAtDelimiter(link));
+    text::ReplaceAllIn(link, "\r\n", "");
+    for (const std::string_view scheme : kSkippedSchemes) {
+        if (text::Contains(link, scheme)) return std::nullopt;
+    }
+    return MakeAbsolute(std::move(link), base);
+}
+
+void StepOverFirstLink(text::ConsumableText& page) {
+    const std::size_t at = text::InStr(page.View(), kLink);
+    if (at != 0) page.Consume(at - 1 + kStep);
+}
+
+void Yield(int times) {
+    for (int i = 0; i < times; ++i) {
+        platform::Host().events.DoEventsOften();
+    }
+}
+
+}  // namespace
+
+void ExtractLinks(text::ConsumableText& page, platform::ListItems& queue_list,
+                  std::string& base_url) {
+    if (!base_url.ends_with('/')) base_url += '/';
+    RewritePage(page.Edit());
+    // Wherever events run, and they do in admission too, the page may have been appended to or
+    // eaten by a scan inside this one, so each step looks for the first link of whatever is left.
+    // Once it was replaced, the text belongs to another download, which is still receiving it.
+    const unsigned generation = page.Generation();
+    while (page.Generation() == generation && text::Contains(page.View(), kLink)) {
+        Yield(3);
+        if (page.Generation() != generation) return;
+        const std::optional<std::string> target = FirstTarget(page.View(), base_url);
+        if (target) AdmitLink(*target, queue_list);
+        if (page.Generation() != generation) return;
+        StepOverFirstLink(page);
+        Yield(2);
+    }
+}
+
+}  // namespace bas_Extractor

@@ -1,0 +1,87 @@
+#include "output/paths.h"
+
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+#include "engine/crawl_state.h"
+#include "output/mirror_files.h"
+#include "platform/services.h"
+#include "text/text.h"
+
+namespace bas_Output {
+
+namespace {
+
+void MakeFoldersOnTheWayTo(std::string_view path) {
+    std::string prefix;
+    std::string_view rest = path;
+    for (std::size_t end; (end = text::InStr(rest, "\\")) != 0;) {
+        const std::string_view part = text::Left(rest, end);
+        const std::string folder = std::string(text::Trim(prefix)).append(text::Trim(part));
+        if (MayMakeFolder(folder)) MakeFolder(folder);
+        prefix.append(part);
+        rest = text::Trim(text::Mid(rest, end + 1));
+    }
+}
+
+}  // namespace
+
+std::string MakeLocalPath(std::string& path) {
+    std::string local{text::Trim(path)};
+    text::ReplaceAllIn(local, "www.", "");
+    if (text::Left(local, 7) == "http://") local = std::string(text::Trim(text::Mid(local, 8)));
+    text::ReplaceAllIn(local, "/", "\\");
+    text::ReplaceAllIn(local, "\\\\", "\\");
+    crawl::SavePath = local;
+    path = std::move(local);
+    MakeFoldersOnTheWayTo(path);
+    return "";
+}
+
+void MakeFolder(const std::string& folder) {
+    if (!platform::Host().files.CreateFolder(folder)) return;
+    RememberMadeFolder(folder);
+    crawl::MadeFolders += text::LowerCase(folder) + "*";
+}
+
+std::string CleanFileName(const std::string& name) {
+    std::string clean = CleanLinkName(name);
+    if (!text::Contains(clean, ".")) clean += ".html";
+    return clean;
+}
+
+std::string CleanLinkName(const std::string& name) {
+    static constexpr std::pair<std::string_view, std::string_view> kReplacements[] = {
+        {"*", ""},  {">", "_"}, {"<", "_"}, {"{", ""},   {"}", ""},   {"?", "_"},
+        {"!", "_"}, {"&", "_"}, {"|", ""},  {"__", "_"}, {"__", "_"}, {"__", "_"},
+    };
+    std::string clean = name;
+    for (const auto& [find, replacement] : kReplacements) {
+        text::ReplaceAllIn(clean, find, replacement);
+    }
+    return clean;
+}
+
+bool IsTopLevelFile(const std::string& path) {
+    const std::string lowered = text::LowerCase(text::ReplaceAll(path, "/", "\\"));
+    const std::string_view subject = text::Trim(lowered);
+    const std::string key = text::LowerCase(crawl::SiteHost) + "\\";
+    const std::size_t found = text::InStr(subject, key);
+    // One character after the key is skipped, so that the "\" of a folder with an empty name does
+    // not count.
+    return !text::Contains(text::Mid(subject, found + key.size() + 1), "\\");
+}
+
+std::string GetToken(const std::string& text, std::int16_t index, const std::string& separator) {
+    std::string_view rest = text::Trim(text);
+    const bool splits = separator.size() == 1;
+    for (std::int16_t field = 1;; ++field) {
+        const std::size_t end = splits ? text::InStr(rest, separator) : 0;
+        if (field == index) return std::string(end == 0 ? rest : text::Left(rest, end - 1));
+        if (end == 0 || index < 1) return "";
+        rest = text::Mid(rest, end + 1);
+    }
+}
+
+}  // namespace bas_Output

@@ -1,0 +1,91 @@
+#include "output/records.h"
+
+#include <cstddef>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+#include "engine/crawl_state.h"
+#include "output/mirror_files.h"
+#include "output/paths.h"
+#include "platform/services.h"
+#include "text/text.h"
+
+namespace bas_Output {
+
+namespace {
+
+constexpr std::size_t kShortestSweptFolder = 5;
+
+void FoldBlanks(std::string& page_text) {
+    for (const std::string_view line_end : {"\r\n", "\n", "\r"}) {
+        text::ReplaceAllIn(page_text, line_end, " ");
+    }
+    text::ReplaceAllIn(page_text, "  ", " ");
+    text::ReplaceAllIn(page_text, "  ", " ");
+}
+
+platform::PageKind KindOf(const std::string& path) {
+    return text::LowerCase(path).ends_with(".txt") ? platform::PageKind::kPlainText
+                                                   : platform::PageKind::kMarkup;
+}
+
+std::string SearchFolder() {
+    return crawl::TargetFolder + "\\_SearchData";
+}
+
+void SweepFolder(std::string_view field) {
+    std::string folder(field);
+    text::ReplaceAllIn(folder, "/", "\\");
+    if (folder.size() < kShortestSweptFolder) return;
+    if (!folder.ends_with('\\')) folder += '\\';
+    SweepMadeFolder(folder);
+}
+
+}  // namespace
+
+bool AppendToFile(const std::string& text, std::string& path) {
+    MakeLocalPath(path);
+    return AppendMirrorFile(path, {text, "\r\n"});
+}
+
+std::string GetPageText(const std::string& path) {
+    for (int turn = 0; turn < 4; ++turn) {
+        platform::Host().events.DoEvents();
+    }
+    std::string page_text;
+    if (const auto page = ReadMirrorFile(path)) {
+        page_text = platform::Host().page_text.InnerText(*page, KindOf(path));
+    }
+    FoldBlanks(page_text);
+    return page_text;
+}
+
+void RecordSearchText(const std::string& text, std::int16_t slot, const std::string& path) {
+    const std::string folder = SearchFolder();
+    if (MayMakeFolder(folder)) MakeFolder(folder);
+
+    const std::string lowered = text::LowerCase(text::Mid(path, crawl::TargetFolder.size() + 1));
+    const std::string page_path{text::Trim(lowered)};
+    std::string key = ":" + page_path + ":";
+    if (text::Contains(crawl::LastSearchPage, key)) return;
+    crawl::LastSearchPage = std::move(key);
+
+    if (!crawl::Slots.Has(slot)) return;
+    const std::string host = text::ReplaceAll(crawl::Slots[slot].Host, "www.", "");
+    AppendMirrorFile(folder + "\\" + host + ".txt", {"! ", page_path, "\r\n", text, "\r\n"});
+}
+
+void RemoveTempFiles() {
+    std::unordered_set<std::string_view> swept;
+    std::string_view rest = text::Trim(crawl::MadeFolders);
+    while (!rest.empty()) {
+        const std::string_view field = rest.substr(0, rest.find('*'));
+        if (field.empty()) return;
+        // Folders whose names differ in case alone are noted under one text and swept together.
+        if (swept.insert(field).second) SweepFolder(field);
+        rest = text::Mid(rest, field.size() + 2);
+    }
+}
+
+}  // namespace bas_Output

@@ -1,0 +1,110 @@
+#include "output/save_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "engine/crawl_state.h"
+#include "output/mirror_files.h"
+#include "output/paths.h"
+#include "output/records.h"
+#include "output/rewrite_links.h"
+#include "platform/services.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace bas_Output {
+
+namespace {
+
+bool IsRefused(std::string_view received) {
+    const std::string_view word = text::Trim(received);
+    return word.size() == 6 && text::LowerCase(word) == "cancel";
+}
+
+/// What follows the blank line after the header. A text without one loses its first three
+/// characters.
+std::string_view WithoutHeader(std::string_view received) {
+    return text::Mid(received, text::InStr(received, "\r\n\r\n") + 4);
+}
+
+/// Makes `SavePath` the file of `address`, with its folders, under the name that links to it use.
+void ChooseSavePath(const std::string& address) {
+    std::string path = crawl::TargetFolder;
+    path.append(text::Trim(address));
+    MakeLocalPath(path);
+    if (crawl::SavePath.ends_with('\\')) crawl::SavePath += "index.html";
+    text::ReplaceAllIn(crawl::SavePath, "\\.html", "\\index.html");
+}
+
+/// Dynamic pages get a name that opens in a browser without a server.
+void RenameDynamicPage(std::string& path) {
+    for (const std::string_view type : {".php", ".asp"}) {
+        if (text::Contains(path, type) && !text::Contains(path, ".html")) path += ".html";
+    }
+}
+
+bool HasTextLines(const std::string& path) {
+    static constexpr std::array<std::string_view, 5> kTypes = {".htm", ".php", ".shtm", ".asp",
+                                                               ".txt"};
+    return std::any_of(kTypes.begin(), kTypes.end(),
+                       [&path](std::string_view type) { return text::Contains(path, type); });
+}
+
+/// A copy of `body` to work on, with room for what the rewriting usually adds: downloads may be
+/// large, and growing the copy later would hold two of them.
+std::string WorkingCopy(std::string_view body, std::size_t growth) {
+    std::string page;
+    page.reserve(body.size() + growth + body.size() / 16 + 64);
+    page.append(body);
+    return page;
+}
+
+void RewritePage(std::string& page, const std::string& save_path, std::int16_t slot) {
+    RewriteDynamicLinks(page);
+    if (IsTopLevelFile(save_path)) FlattenClimbingLinks(page);
+    MakeOwnLinksRelative(page, crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string());
+    DisableScripts(page);
+}
+
+/// Writes the file of `address` and leaves its name in `SavePath`, that of its placeholder without
+/// ".tmp" in `SavePathBeforeRename`. No event runs in here; the page's text is gone on return.
+void WritePage(std::string_view received, std::string& address, std::int16_t slot) {
+    address = CleanFileName(address);
+    ChooseSavePath(address);
+
+    const std::string_view body = WithoutHeader(received);
+    const bool has_lines = HasTextLines(crawl::SavePath);
+    std::string page = WorkingCopy(body, has_lines ? LineEndGrowth(body) : 0);
+    if (has_lines) DoubleLineEnds(page);
+
+    crawl::SavePathBeforeRename = crawl::SavePath;
+    RenameDynamicPage(crawl::SavePath);
+    text::ReplaceAllIn(crawl::SavePath, "\\\\", "\\");
+    text::ReplaceAllIn(address, "\\\\", "\\");
+
+    RewritePage(page, crawl::SavePath, slot);
+    WriteMirrorFile(crawl::SavePath, {page, "\r\n"});
+}
+
+bool HasSearchText(const std::string& path) {
+    const std::string lowered = text::LowerCase(path);
+    return text::Contains(lowered, ".htm") || text::Contains(lowered, ".tx");
+}
+
+}  // namespace
+
+void SaveFile(std::string_view received, std::string& address, std::int16_t slot) {
+    if (IsRefused(received)) return;
+    WritePage(received, address, slot);
+
+    // Events run from here on, and another save in them makes the shared strings its own.
+    const std::string save_path = crawl::SavePath;
+    const std::string placeholder = crawl::SavePathBeforeRename + ".tmp";
+    if (HasSearchText(save_path)) RecordSearchText(GetPageText(save_path), slot, save_path);
+    platform::Host().events.DoEvents();
+    DeleteMirrorFile(placeholder);
+    text::AddWithinWidth(crawl::FilesDone, 1);
+}
+
+}  // namespace bas_Output

@@ -1,0 +1,68 @@
+#include "platform/qt/qt_process_starter.h"
+
+#include <QProcess>
+#include <QUrl>
+#include <QtGlobal>
+
+#include "platform/path_text.h"
+#include "platform/qt/local_text.h"
+
+namespace platform {
+
+namespace {
+
+/// Starts `program` on its own, with `argument` as its one argument.
+bool Start(const QString& program, const QString& argument) {
+    QProcess process;
+    process.setProgram(program);
+#ifdef Q_OS_WIN
+    // The explorer takes its command line literally; a path holds no quote there.
+    process.setNativeArguments(QLatin1Char('"') + argument + QLatin1Char('"'));
+#else
+    process.setArguments({argument});
+#endif
+    // A file manager's chatter has no business in our terminal.
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
+}
+
+#if defined(Q_OS_WIN)
+QString FolderOpener() {
+    return qEnvironmentVariable("windir") + QStringLiteral("\\explorer.exe");
+}
+QString AddressOpener() {
+    // Not by "windir": the two commands have always differed in this.
+    return QStringLiteral("c:\\windows\\explorer.exe");
+}
+#else
+QString FolderOpener() {
+#ifdef Q_OS_MACOS
+    return QStringLiteral("open");
+#else
+    return QStringLiteral("xdg-open");
+#endif
+}
+QString AddressOpener() {
+    return FolderOpener();
+}
+#endif
+
+}  // namespace
+
+bool QtProcessStarter::ExploreFolder(const std::string& folder) {
+    // A host path starts at the root (or with a drive), so it is never taken for an option.
+    const auto path = HostPathOf(folder);
+    return path && Start(FolderOpener(), FromBytes(*path));
+}
+
+bool QtProcessStarter::OpenAddress(const std::string& address) {
+    // Encoded, it holds no blank, quote or control character, and it starts with its scheme.
+    const QUrl url(FromBytes(address), QUrl::TolerantMode);
+    if (!url.isValid() || url.scheme() != QLatin1String("http") || url.host().isEmpty()) {
+        return false;
+    }
+    return Start(AddressOpener(), QString::fromLatin1(url.toEncoded()));
+}
+
+}  // namespace platform

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/process.h"
+
+namespace platform {
+
+/// Starts the host's file manager and browser: the explorer on Windows, elsewhere the desktop's
+/// own opener, which is looked for on the PATH.
+class QtProcessStarter final : public ProcessStarter {
+  public:
+    bool ExploreFolder(const std::string& folder) override;
+    bool OpenAddress(const std::string& address) override;
+};
+
+}  // namespace platform

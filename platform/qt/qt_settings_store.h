@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/settings_store.h"
+
+namespace platform {
+
+/// The user's settings where the host keeps such things: the registry on Windows, elsewhere a file
+/// below the user's configuration folder.
+class QtSettingsStore final : public SettingsStore {
+  public:
+    std::string Get(const std::string& application, const std::string& section,
+                    const std::string& key, const std::string& fallback) const override;
+    void Put(const std::string& application, const std::string& section, const std::string& key,
+             const std::string& value) override;
+};
+
+}  // namespace platform

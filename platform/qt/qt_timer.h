@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "platform/timer.h"
+
+namespace platform {
+
+/// The real timer.
+class QtTimer final : public Timer {
+  public:
+    QtTimer();
+
+    bool SetInterval(std::int64_t milliseconds) override;
+    std::int64_t Interval() const override { return interval_; }
+    void SetEnabled(bool enabled) override;
+    bool Enabled() const override { return enabled_; }
+
+  private:
+    void Restart();
+    void Tick();
+
+    std::int64_t interval_ = 0;
+    bool enabled_ = false;
+    std::shared_ptr<bool> in_handler_ = std::make_shared<bool>(false);
+    QTimer timer_;
+};
+
+}  // namespace platform

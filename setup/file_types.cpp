@@ -1,0 +1,50 @@
+#include "setup/file_types.h"
+
+#include "platform/services.h"
+#include "setup/list_file.h"
+#include "text/text.h"
+
+namespace bas_General {
+
+namespace {
+
+std::string ListFolder() {
+    return platform::Host().files.ProgramFolder() + "\\temp";
+}
+
+std::string ListFile() {
+    return ListFolder() + "\\filetypes.txt";
+}
+
+}  // namespace
+
+std::vector<std::string> DefaultFileTypes() {
+    return {".htm", ".html", ".php", ".asp", ".txt", ".gif",
+            ".jpg", ".jpeg", ".png", ".pdf", ".zip", ".css"};
+}
+
+void WriteFileTypes(const std::vector<std::string>& types) {
+    platform::Host().files.WriteFile(ListFile(), {JoinListFile(types)});
+}
+
+std::vector<std::string> ReadFileTypes() {
+    return SplitListFile(platform::Host().files.ReadFile(ListFile()).value_or(""));
+}
+
+bool FileTypesFileExists() {
+    return platform::Host().files.FileLength(ListFile()).has_value();
+}
+
+void MakeFileTypesFolder() {
+    platform::Host().files.CreateFolder(ListFolder());
+}
+
+std::string LoadFileTypes() {
+    std::string set;
+    for (const std::string& type : ReadFileTypes()) {
+        set.append(":").append(text::LowerCase(text::Trim(type))).append(":");
+    }
+    return set;
+}
+
+}  // namespace bas_General

@@ -1,0 +1,53 @@
+#include "setup/settings.h"
+
+#include "engine/crawl_state.h"
+#include "output/paths.h"
+#include "platform/services.h"
+#include "text/text.h"
+
+namespace bas_General {
+
+namespace {
+
+constexpr char kApplication[] = "Vantorin";
+constexpr char kSection[] = "Settings";
+
+void MakeFolderText(std::string& folder) {
+    text::ReplaceAllIn(folder, "/", "\\");
+    if (!folder.ends_with('\\')) folder += '\\';
+}
+
+}  // namespace
+
+std::string ReadSetting(const std::string& key, const std::string& fallback) {
+    return platform::Host().settings.Get(kApplication, kSection, key, fallback);
+}
+
+void PutSetting(const std::string& key, const std::string& value) {
+    platform::Host().settings.Put(kApplication, kSection, key, value);
+}
+
+std::string StoredFolder() {
+    return ReadSetting("InDir", "C:\\Websites\\");
+}
+
+std::string NormalizeFolder(const std::string& typed) {
+    std::string folder = bas_Output::CleanLinkName(typed);
+    MakeFolderText(folder);
+    return folder;
+}
+
+void SetTargetFolder(const std::string& folder) {
+    crawl::TargetFolder = folder;
+    std::string path = crawl::TargetFolder;
+    bas_Output::MakeLocalPath(path);
+}
+
+bool TestFolderWritable(std::string& path) {
+    MakeFolderText(path);
+    const std::string probe = path + "test23893.txt";
+    platform::Files& files = platform::Host().files;
+    return files.WriteFile(probe, {"sdkjlf\r\n"}) && files.DeleteFile(probe);
+}
+
+}  // namespace bas_General

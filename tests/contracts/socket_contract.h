@@ -1,0 +1,284 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/event_loop.h"
+#include "platform/socket.h"
+
+/// What every socket keeps to, run on the real one and on its twin. A bench brings a socket, its
+/// loop and the peer's side:
+///   socket, loop         the socket under test (a unique_ptr) and the loop that raises its events
+///   Connect(), Accept()  starts a connection to the peer; the peer takes it
+///   ConnectRefused()     starts a connection to where nobody listens
+///   PeerSends(), PeerCloses(), PeerResets(), PeerReads(n)
+///   PeerSendsAndCloses() the same for bytes that no buffer holds; does not wait
+///   RunUntil(condition)  lets events run until it holds; false when it never does
+///   Wait(ms), Settle()   lets time pass; lets everything arrive that is on its way
+namespace contracts {
+
+using platform::SocketState;
+
+template <typename Bench>
+class SocketContract : public testing::Test {
+  protected:
+    SocketContract() { Record(); }
+
+    /// Notes every event of the socket, and reads what came unless `act` did something else.
+    void Record() {
+        bench_.socket->on_connect = [this] {
+            ++connects;
+            EXPECT_EQ(bench_.socket->State(), SocketState::Connected);
+            if (in_connect) in_connect();
+        };
+        bench_.socket->on_data = [this] {
+            states.push_back(bench_.socket->State());
+            const std::string data = bench_.socket->GetData();
+            most_in_one_event = std::max(most_in_one_event, data.size());
+            received += data;
+            if (in_data) in_data();
+        };
+    }
+
+    bool Is(SocketState state) {
+        return bench_.RunUntil([&] { return bench_.socket->State() == state; });
+    }
+    void ConnectAndAccept() {
+        bench_.Connect();
+        bench_.Accept();
+        ASSERT_TRUE(Is(SocketState::Connected));
+    }
+    bool Receives(const std::string& all) {
+        return bench_.RunUntil([&] { return received == all; });
+    }
+    auto EventsIn(SocketState state) const {
+        return std::count(states.begin(), states.end(), state);
+    }
+    void Forget() {
+        connects = 0;
+        states.clear();
+        received.clear();
+    }
+
+    Bench bench_;
+    std::function<void()> in_connect;  // what else the handlers do
+    std::function<void()> in_data;
+    int connects = 0;
+    std::vector<SocketState> states;  // at each on_data
+    std::string received;
+    std::size_t most_in_one_event = 0;
+};
+
+TYPED_TEST_SUITE_P(SocketContract);
+
+TYPED_TEST_P(SocketContract, AnAnswerEndsWithExactlyOneEventInClosing) {
+    auto& bench = this->bench_;
+    for (const std::size_t size : {1, 3, 100'000}) {
+        for (const int close_after : {-1, 0, 1, 100}) {  // -1: bytes and close at once
+            SCOPED_TRACE(testing::Message() << size << " bytes, close after " << close_after);
+            this->Forget();
+            const std::string answer(size, 'x');
+            EXPECT_FALSE(bench.socket->SendData("too early"));
+            this->ConnectAndAccept();
+            EXPECT_TRUE(bench.socket->SendData("question"));
+            EXPECT_EQ(bench.PeerReads(8), "question");
+            bench.PeerSends(answer);
+            if (close_after >= 0) {
+                EXPECT_TRUE(this->Receives(answer));
+                bench.Wait(close_after);
+            }
+            bench.PeerCloses();
+            EXPECT_TRUE(this->Is(SocketState::Closing));
+            bench.Settle();
+            EXPECT_EQ(this->received, answer);
+            EXPECT_EQ(this->connects, 1);
+            EXPECT_EQ(this->EventsIn(SocketState::Closing), 1);
+            EXPECT_EQ(this->states.back(), SocketState::Closing);
+            bench.socket->Close();
+            EXPECT_EQ(bench.socket->State(), SocketState::Closed);
+            EXPECT_FALSE(bench.socket->SendData("too late"));
+        }
+    }
+}
+
+TYPED_TEST_P(SocketContract, APeerThatSendsNothingRaisesNothing) {
+    this->ConnectAndAccept();
+    this->bench_.Wait(30);
+    EXPECT_EQ(this->bench_.socket->State(), SocketState::Connected);
+    this->bench_.PeerCloses();
+    EXPECT_TRUE(this->Is(SocketState::Closing));
+    this->bench_.Settle();
+    EXPECT_TRUE(this->states.empty());
+    EXPECT_TRUE(this->bench_.socket->SendData("a half-closed connection still takes this"));
+}
+
+TYPED_TEST_P(SocketContract, ARefusedConnectionRaisesNothing) {
+    this->bench_.ConnectRefused();
+    EXPECT_TRUE(this->Is(SocketState::Error));
+    this->bench_.Settle();
+    EXPECT_EQ(this->connects, 0);
+    EXPECT_TRUE(this->states.empty());
+    this->bench_.socket->Close();
+    EXPECT_EQ(this->bench_.socket->State(), SocketState::Closed);
+}
+
+TYPED_TEST_P(SocketContract, AResetIsNoClose) {
+    for (const bool bytes_read_before : {true, false}) {
+        SCOPED_TRACE(bytes_read_before);
+        this->Forget();
+        this->ConnectAndAccept();
+        this->bench_.PeerSends("half an ans");
+        if (bytes_read_before) {
+            EXPECT_TRUE(this->Receives("half an ans"));
+        }
+        this->bench_.PeerResets();
+        EXPECT_TRUE(this->Is(SocketState::Error));
+        this->bench_.Settle();
+        EXPECT_EQ(this->EventsIn(SocketState::Closing), 0);
+        EXPECT_FALSE(this->bench_.socket->SendData("nobody listens"));
+    }
+}
+
+TYPED_TEST_P(SocketContract, WhatComesDuringAHandlerIsNoticedAfterIt) {
+    auto& bench = this->bench_;
+    bool once = false;
+    this->in_data = [&] {
+        if (std::exchange(once, true)) return;
+        bench.PeerSends("second");
+        bench.PeerCloses();
+        bench.Settle();
+        bench.loop.DoEvents();
+        EXPECT_EQ(this->states.size(), 1U) << "raised inside itself";
+        EXPECT_EQ(bench.socket->State(), SocketState::Connected);
+        EXPECT_EQ(bench.socket->GetData(), "");
+    };
+    this->ConnectAndAccept();
+    bench.PeerSends("first ");
+    EXPECT_TRUE(this->Is(SocketState::Closing));
+    bench.Settle();
+    EXPECT_EQ(this->received, "first second");
+    EXPECT_EQ(this->EventsIn(SocketState::Closing), 1);
+}
+
+TYPED_TEST_P(SocketContract, BytesLeftUnreadRaiseAgain) {
+    auto& bench = this->bench_;
+    int calls = 0;
+    bench.socket->on_data = [&] {
+        if (++calls == 3) this->received = bench.socket->GetData();
+    };
+    this->ConnectAndAccept();
+    bench.PeerSends("wait");
+    EXPECT_TRUE(this->Receives("wait"));
+    bench.Settle();
+    EXPECT_EQ(calls, 3);
+}
+
+TYPED_TEST_P(SocketContract, NothingComesAfterClose) {
+    auto& bench = this->bench_;
+    const auto close = [&] {
+        bench.socket->Close();
+        EXPECT_EQ(bench.socket->State(), SocketState::Closed);
+        EXPECT_EQ(bench.socket->GetData(), "");
+    };
+    bench.Connect();  // while connecting
+    close();
+    bench.Settle();
+    EXPECT_EQ(this->connects, 0);
+
+    this->ConnectAndAccept();  // with bytes and the peer's close on their way
+    bench.PeerSends("late");
+    bench.PeerCloses();
+    close();
+    bench.Settle();
+    EXPECT_TRUE(this->states.empty());
+
+    this->in_connect = close;  // in its handlers
+    bench.Connect();
+    bench.Accept();
+    EXPECT_TRUE(bench.RunUntil([&] { return this->connects == 2; }));
+    bench.PeerSends("late");
+    bench.Settle();
+    EXPECT_TRUE(this->states.empty());
+
+    this->in_connect = nullptr;
+    this->in_data = close;
+    this->ConnectAndAccept();
+    bench.PeerSends("one");
+    EXPECT_TRUE(this->Is(SocketState::Closed));
+    bench.PeerSends("late");
+    bench.PeerCloses();
+    bench.Settle();
+    EXPECT_EQ(this->states.size(), 1U);
+}
+
+TYPED_TEST_P(SocketContract, ANewConnectionLivesInsideTheOldHandler) {
+    auto& bench = this->bench_;
+    bool once = false;
+    this->in_data = [&] {
+        if (std::exchange(once, true)) return;
+        bench.PeerSends("never seen");
+        bench.socket->Close();
+        this->ConnectAndAccept();
+        bench.PeerSends("new");
+        EXPECT_TRUE(this->Receives("old new")) << "with the old handler still on the stack";
+        EXPECT_EQ(this->connects, 2);
+    };
+    this->ConnectAndAccept();
+    bench.PeerSends("old ");
+    EXPECT_TRUE(this->Receives("old new"));
+    bench.PeerCloses();
+    EXPECT_TRUE(this->Is(SocketState::Closing));
+    bench.Settle();
+    EXPECT_EQ(this->received, "old new");
+    EXPECT_EQ(this->EventsIn(SocketState::Closing), 1);
+}
+
+TYPED_TEST_P(SocketContract, ItMayBeDestroyedInItsOwnHandlers) {
+    auto& bench = this->bench_;
+    for (const bool while_connecting : {true, false}) {
+        SCOPED_TRACE(while_connecting);
+        bench.NewSocket();
+        bool destroyed = false;
+        const auto destroy = [&] {
+            bench.socket.reset();
+            destroyed = true;
+        };
+        (while_connecting ? bench.socket->on_connect : bench.socket->on_data) = destroy;
+        bench.Connect();
+        bench.Accept();
+        if (!while_connecting) {
+            ASSERT_TRUE(this->Is(SocketState::Connected));
+            bench.PeerSends("bytes");
+        }
+        EXPECT_TRUE(bench.RunUntil([&] { return destroyed; }));
+        bench.Settle();
+    }
+}
+
+TYPED_TEST_P(SocketContract, ABigAnswerComesWholeInBoundedPieces) {
+    std::string answer(20'000'000, '\0');
+    for (std::size_t i = 0; i < answer.size(); ++i)
+        answer[i] = static_cast<char>(i * i >> 8);
+    this->ConnectAndAccept();
+    this->bench_.PeerSendsAndCloses(answer);
+    EXPECT_TRUE(this->Is(SocketState::Closing));
+    this->bench_.Settle();
+    EXPECT_TRUE(this->received == answer);
+    EXPECT_LE(this->most_in_one_event, 256U * 1024U);
+    EXPECT_EQ(this->EventsIn(SocketState::Closing), 1);
+}
+
+REGISTER_TYPED_TEST_SUITE_P(SocketContract, AnAnswerEndsWithExactlyOneEventInClosing,
+                            APeerThatSendsNothingRaisesNothing, ARefusedConnectionRaisesNothing,
+                            AResetIsNoClose, WhatComesDuringAHandlerIsNoticedAfterIt,
+                            BytesLeftUnreadRaiseAgain, NothingComesAfterClose,
+                            ANewConnectionLivesInsideTheOldHandler,
+                            ItMayBeDestroyedInItsOwnHandlers, ABigAnswerComesWholeInBoundedPieces);
+
+}  // namespace contracts

@@ -1,0 +1,222 @@
+#include "engine/endings.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/scheduler.h"
+#include "tests/fakes/crawl_fixture.h"
+
+namespace {
+
+using fakes::CrawlTest;
+using platform::BoxAnswer;
+using platform::BoxStyle;
+using platform::SocketState;
+
+constexpr int kTimeout = 20000;
+
+class Endings : public CrawlTest {
+  protected:
+    void Answer(int slot, const std::string& body) {
+        window.Sock(slot).PeerAccepts();
+        loop.RunUntilIdle();
+        window.Sock(slot).PeerSends("HTTP/1.0 200 OK\r\n\r\n" + body);
+        window.Sock(slot).PeerCloses();
+        loop.RunUntilIdle();
+    }
+};
+
+TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
+    Start("www.site.com/a.html");
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        SCOPED_TRACE(attempt);
+        EXPECT_EQ(crawl::Slots[1].Attempts, attempt);
+        EXPECT_EQ(window.rows[1].status, "Connecting to www.site.com");
+        window.Sock(1).PeerAccepts();
+        loop.Advance(kTimeout - 1);
+        EXPECT_EQ(crawl::FilesDone, attempt - 1);
+        loop.Advance(1);
+        EXPECT_EQ(crawl::FilesDone, attempt);
+    }
+    EXPECT_EQ(window.rows[1].status, "Not Connected.");
+    EXPECT_EQ(window.rows[1].size, "0 KB");
+    EXPECT_EQ(window.rows[1].received, "-");
+    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), "(none)")
+        << "the timeout text is given a name that no folder ever has";
+    ASSERT_EQ(host.boxes.asked.size(), 1U);
+    EXPECT_EQ(host.boxes.asked[0].title, "Done.");
+    loop.Advance(10 * kTimeout);
+    EXPECT_EQ(crawl::FilesDone, 3) << "no timer runs on after the crawl";
+}
+
+TEST_F(Endings, EveryChunkRestartsTheTimeout) {
+    Start("www.site.com/a.html");
+    window.Sock(1).PeerAccepts();
+    for (int i = 0; i < 5; ++i) {
+        loop.Advance(kTimeout - 1);
+        window.Sock(1).PeerSends("drip");
+        loop.RunUntilIdle();
+    }
+    EXPECT_EQ(crawl::Slots[1].Attempts, 1);
+    EXPECT_EQ(crawl::Slots[1].Response.View(), "dripdripdripdripdrip");
+}
+
+TEST_F(Endings, ARetryKeepsThePartInFront) {
+    Start("www.site.com/a.css");
+    window.Sock(1).PeerAccepts();
+    loop.RunUntilIdle();
+    window.Sock(1).PeerSends("HTTP/1.0 200 OK\r\n\r\npart ");
+    loop.RunUntilIdle();
+    window.Sock(1).PeerResets();
+    loop.Advance(kTimeout);
+    Answer(1, "whole");
+    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.css"),
+              "part HTTP/1.0 200 OK\r\n\r\nwhole\r\n");
+}
+
+TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
+    Start("www.site.com/a.html");
+    window.txt_max = "2";
+    Queue({"www.site.com/b.html"});
+    loop.Advance(20);
+    Answer(1, "good");
+    EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
+    const auto saved = host.files.At("C:\\Websites\\site.com\\a.html");
+    EXPECT_EQ(saved, "good\r\n");
+
+    window.Sock(2).PeerAccepts();
+    loop.Advance(kTimeout);
+    EXPECT_EQ(crawl::Slots[1].Attempts, 2);
+    EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting) << "its last address is tried again";
+    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), saved);
+    Answer(1, "again");
+    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), "again\r\n");
+}
+
+TEST_F(Endings, CompletesOnlyWhenQueueAndAllSocketsAreDone) {
+    Start("www.site.com/a.html");
+    window.Sock(20).Connect("late.com", 80);
+    Answer(1, "x");
+    EXPECT_TRUE(host.boxes.asked.empty());
+    window.Sock(20).Close();
+    crawl::List1.AddItem("www.site.com/b.html");
+    loop.Advance(20);
+    Answer(1, "y");
+    ASSERT_EQ(host.boxes.asked.size(), 1U);
+}
+
+TEST_F(Endings, TheCompletionBoxOffersTheMirror) {
+    for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
+        host.boxes.asked.clear();
+        host.processes.folders.clear();
+        host.boxes.answers.push_back(answer);
+        Start("www.site.com/a.html");
+        Answer(1, "<a href='b.html'>");
+        loop.Advance(20);
+        Answer(1, "");
+        ASSERT_EQ(host.boxes.asked.size(), 1U);
+        EXPECT_EQ(host.boxes.asked[0].message,
+                  "The website has been downloaded.\r\n\r\n"
+                  "Would you like to browse the download directory?");
+        EXPECT_EQ(host.boxes.asked[0].title, "Done.");
+        EXPECT_EQ(host.boxes.asked[0].style, BoxStyle::InformationYesNo);
+        EXPECT_EQ(window.label6, "Website Downloaded!");
+        EXPECT_EQ(window.label3, "2 Files") << "the counters are true when the box appears";
+        EXPECT_EQ(window.label5, "0 Files");
+        EXPECT_TRUE(window.start_enabled);
+        EXPECT_EQ(host.processes.folders, answer == BoxAnswer::Yes
+                                              ? std::vector<std::string>{"C:\\Websites\\"}
+                                              : std::vector<std::string>{});
+        BlankDisk();
+    }
+}
+
+TEST_F(Endings, SiteCompleteWithoutACrawlDoesNothing) {
+    bas_Connections::SiteComplete();
+    EXPECT_TRUE(host.boxes.asked.empty());
+    EXPECT_EQ(window.label6, "Not Connected.");
+}
+
+TEST_F(Endings, StopNOWMakesEverythingIdle) {
+    Start("www.site.com/a.html");
+    window.txt_max = "3";
+    Queue({"www.site.com/b.html", "www.site.com/c.html", "www.site.com/d.html"});
+    loop.Advance(60);
+    bas_Connections::StopNOW();
+    EXPECT_TRUE(crawl::List1.Empty());
+    EXPECT_TRUE(bas_Connections::AllSocketsClosed());
+    EXPECT_FALSE(window.tmrMove().Enabled());
+    for (int i = 1; i <= 24; ++i) {
+        EXPECT_EQ(crawl::Slots[i].Url + crawl::Slots[i].Host + crawl::Slots[i].Path, "");
+        EXPECT_FALSE(window.tmrOut(i).Enabled());
+        EXPECT_EQ(window.rows[i].status, "Not Connected.");
+    }
+    EXPECT_EQ(crawl::Slots[2].Attempts, 1) << "the numbers are left as they are";
+    EXPECT_TRUE(window.start_enabled && window.text1_enabled && window.text1_focused);
+    EXPECT_FALSE(window.stop_enabled);
+}
+
+TEST_F(Endings, TheStopIsAskedFirst) {
+    Start("www.site.com/a.html");
+    host.boxes.answers.push_back(BoxAnswer::No);
+    bas_Connections::AskStop();
+    EXPECT_EQ(host.boxes.asked[0].message,
+              "Are you sure you want to cancel downloading the current website?");
+    EXPECT_EQ(host.boxes.asked[0].title, "Stop Download");
+    EXPECT_EQ(host.boxes.asked[0].style, BoxStyle::InformationYesNo);
+    EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting);
+    EXPECT_EQ(window.reloads, 0);
+
+    host.boxes.answers.push_back(BoxAnswer::Yes);
+    bas_Connections::AskStop();
+    EXPECT_EQ(window.reloads, 1);
+    EXPECT_TRUE(crawl::Stopping);
+    EXPECT_EQ(window.label6, "Operation Cancelled.");
+    EXPECT_FALSE(window.pause_enabled);
+    EXPECT_TRUE(bas_Connections::Form_Unload()) << "a reload asks nothing";
+    EXPECT_EQ(host.boxes.asked.size(), 2U);
+}
+
+TEST_F(Endings, PauseOnlyKeepsNewFilesFromStarting) {
+    Start("www.site.com/a.html");
+    Queue({"www.site.com/b.html"});
+    bas_Connections::mnupause_Click();
+    EXPECT_EQ(window.pause_dialogs, 1);
+    loop.Advance(200);
+    EXPECT_EQ(crawl::List1.Count(), 1U);
+    Answer(1, "saved meanwhile");
+    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), "saved meanwhile\r\n");
+    bas_Connections::Resume();
+    loop.Advance(20);
+    EXPECT_TRUE(crawl::List1.Empty());
+}
+
+TEST_F(Endings, LeavingIsAskedAndStopsTheCrawl) {
+    Start("www.site.com/a.html");
+    Answer(1, "<a href='b.html'>");
+    const std::string placeholder = "C:\\Websites\\site.com\\b.html.tmp";
+    ASSERT_NE(host.files.At(placeholder), "(none)");
+    host.boxes.answers.push_back(BoxAnswer::No);
+    EXPECT_FALSE(bas_Connections::Form_Unload());
+    EXPECT_EQ(host.boxes.asked[0].message, "Are you sure you want to exit?");
+    EXPECT_EQ(host.boxes.asked[0].title, "Exit Vantorin");
+    EXPECT_FALSE(window.start_enabled);
+    EXPECT_NE(host.files.At(placeholder), "(none)");
+
+    host.boxes.answers.push_back(BoxAnswer::Yes);
+    EXPECT_TRUE(bas_Connections::Form_Unload());
+    EXPECT_EQ(host.files.At(placeholder), "(none)");
+    EXPECT_TRUE(window.start_enabled && window.list1_shown);
+    EXPECT_FALSE(window.tmrMove().Enabled());
+}
+
+TEST_F(Endings, CountersHaveThousands) {
+    crawl::FilesDone = 1234567;
+    crawl::TotalBytes = 999;
+    Queue({"a", "b"});
+    bas_Connections::UpdateStats();
+    EXPECT_EQ(window.label3, "1,234,567 Files");
+    EXPECT_EQ(window.label4, "999 Bytes");
+    EXPECT_EQ(window.label5, "2 Files");
+}
+
+}  // namespace

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "engine/crawl_state.h"
+#include "engine/site_start.h"
+#include "tests/fakes/fake_host.h"
+#include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_main_window.h"
+#include "tests/fakes/fake_network.h"
+
+namespace fakes {
+
+/// The engine with everything around it in memory: host, window, virtual time and, where wanted,
+/// servers.
+class CrawlTest : public testing::Test {
+  protected:
+    CrawlTest() { BlankDisk(); }
+
+    /// Types an address and starts its crawl.
+    void Start(const std::string& address) {
+        crawl::TargetFolder = "C:\\Websites\\";
+        window.text1 = address;
+        bas_Connections::ConnectNowNow();
+    }
+
+    void Queue(const std::vector<std::string>& addresses) {
+        for (const std::string& address : addresses)
+            crawl::List1.AddItem(address);
+    }
+
+    /// An empty disk with the list of wanted file types.
+    void BlankDisk() {
+        host.files.files.clear();
+        host.files.folders = {"c:", "z:"};
+        host.files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.php\r\n.gif\r\n");
+    }
+
+    FakeLoop loop;
+    FakeHost host{loop};
+    FakeNetwork network;
+    FakeMainWindow window{loop};
+};
+
+}  // namespace fakes

@@ -1,0 +1,151 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include "platform/socket.h"
+#include "tests/fakes/fake_loop.h"
+
+namespace fakes {
+
+/// A socket whose peer is the test. What the peer does reaches the socket through the loop, as it
+/// does on a network.
+class FakeSocket : public platform::Socket {
+  public:
+    /// What one `on_data` reads at most.
+    static constexpr std::size_t kMostPerEvent = 256 * 1024;
+
+    explicit FakeSocket(FakeLoop& loop) : loop_(loop) {}
+
+    void Connect(const std::string& host, std::uint16_t port) override {
+        Close();
+        host_ = host;
+        port_ = port;
+        sent_.clear();
+        ++connects_;
+        connection_ = std::make_shared<Connection>();
+        state_ = platform::SocketState::Connecting;
+        if (peer_on_connect) peer_on_connect(*this);
+    }
+
+    bool SendData(std::string_view bytes) override {
+        if (state_ != platform::SocketState::Connected &&
+            state_ != platform::SocketState::Closing) {
+            return false;
+        }
+        sent_ += bytes;
+        if (peer_on_data) peer_on_data(*this);
+        return true;
+    }
+
+    std::string GetData() override {
+        return connection_ ? std::exchange(connection_->waiting, {}) : std::string();
+    }
+
+    void Close() override {
+        connection_.reset();
+        state_ = platform::SocketState::Closed;
+    }
+
+    platform::SocketState State() const override { return state_; }
+
+    /// Where the last `Connect` went, what was sent since, and how many there were.
+    const std::string& host() const { return host_; }
+    std::uint16_t port() const { return port_; }
+    const std::string& sent() const { return sent_; }
+    int connects() const { return connects_; }
+
+    /// The peer's side of the present connection. Without one, nothing happens.
+    void PeerAccepts() {
+        Post([this] {
+            state_ = platform::SocketState::Connected;
+            Raise(on_connect);
+        });
+    }
+    void PeerRefuses() {
+        Post([this] { state_ = platform::SocketState::Error; });
+    }
+    void PeerSends(std::string_view bytes) {
+        if (connection_) connection_->on_the_way += bytes;
+        PostCheck();
+    }
+    void PeerCloses() {
+        if (connection_) connection_->peer_closed = true;
+        PostCheck();
+    }
+    void PeerResets() {
+        if (connection_) connection_->peer_reset = true;
+        PostCheck();
+    }
+
+    /// For a peer that acts by itself: told of each `Connect` and of each `SendData`.
+    std::function<void(FakeSocket&)> peer_on_connect;
+    std::function<void(FakeSocket&)> peer_on_data;
+
+  private:
+    /// One connection. The socket alone owns it, so an event that finds it alive knows that the
+    /// socket is alive and still in that connection.
+    struct Connection {
+        std::string on_the_way;
+        std::string waiting;
+        bool peer_closed = false;
+        bool peer_reset = false;
+        bool any_byte_came = false;
+        bool in_handler = false;
+    };
+
+    template <typename Event>
+    void Post(Event event) {
+        loop_.Post([event, connection = std::weak_ptr(connection_)] {
+            if (!connection.expired()) event();
+        });
+    }
+
+    void PostCheck() {
+        Post([this] { Check(); });
+    }
+
+    void Check() {
+        Connection& now = *connection_;
+        if (state_ != platform::SocketState::Connected || now.in_handler) return;
+        if (now.on_the_way.empty() && now.peer_reset) {
+            state_ = platform::SocketState::Error;
+            return;
+        }
+        if (now.on_the_way.empty() && now.peer_closed) {
+            state_ = platform::SocketState::Closing;
+            if (now.any_byte_came) Raise(on_data);
+            return;
+        }
+        const std::size_t count =
+            std::min(kMostPerEvent - now.waiting.size(), now.on_the_way.size());
+        now.waiting.append(now.on_the_way, 0, count);
+        now.on_the_way.erase(0, count);
+        if (now.waiting.empty()) return;
+        now.any_byte_came = true;
+        Raise(on_data);
+    }
+
+    /// Calls a handler, then looks for what came meanwhile.
+    void Raise(std::function<void()> handler) {
+        const std::weak_ptr<Connection> raised_in = connection_;
+        connection_->in_handler = true;
+        if (handler) handler();
+        if (const auto connection = raised_in.lock()) {
+            connection->in_handler = false;
+            PostCheck();
+        }
+    }
+
+    FakeLoop& loop_;
+    platform::SocketState state_ = platform::SocketState::Closed;
+    std::string host_;
+    std::uint16_t port_ = 0;
+    std::string sent_;
+    int connects_ = 0;
+    std::shared_ptr<Connection> connection_;
+};
+
+}  // namespace fakes

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/path_text.h"
+
+namespace fakes {
+
+/// A case-sensitive file system in memory. Files and folders are kept under their resolved texts,
+/// as in "c:\mirror\site.com" ("z:" is the root of a path that begins with "\").
+class MemoryFiles : public platform::Files {
+  public:
+    std::map<std::string, std::string> files;
+    std::set<std::string> folders{"c:", "z:", "c:\\program"};
+
+    // Faults to order.
+    bool disk_full = false;                     ///< nothing can be written or made
+    std::set<std::string> refused;              ///< resolved texts that cannot be written or made
+    std::set<std::string> read_only;            ///< folders in which nothing is written or made
+    std::function<void(std::string)> on_write;  ///< told the resolved text before every write
+
+    /// Sets the scene: makes a folder with all its parents, or a file in such a folder.
+    void Have(std::string_view folder) {
+        for (std::string f = Key(folder); folders.insert(f).second;)
+            f = Parent(f);
+    }
+    void Have(std::string_view path, std::string_view contents) {
+        Have(Parent(Key(path)));
+        files[Key(path)] = contents;
+    }
+    /// The contents of a file; "(none)" when it is not there.
+    std::string At(std::string_view path) const { return ReadFile(path).value_or("(none)"); }
+
+    std::string ProgramFolder() const override { return "c:\\program"; }
+
+    bool CreateFolder(std::string_view path) override {
+        return !files.contains(Key(path)) && MayWrite(path) && folders.insert(Key(path)).second;
+    }
+    std::optional<std::uint64_t> FileLength(std::string_view path) const override {
+        if (FolderExists(path)) return 0;
+        const auto file = files.find(Key(path));
+        return file == files.end() ? std::nullopt : std::optional(file->second.size());
+    }
+    bool FolderExists(std::string_view path) const override { return folders.contains(Key(path)); }
+
+    std::optional<std::string> ReadFile(std::string_view path) const override {
+        const auto file = files.find(Key(path));
+        return file == files.end() ? std::nullopt : std::optional(file->second);
+    }
+    bool WriteFile(std::string_view path, std::initializer_list<std::string_view> parts) override {
+        return Write(path, parts, /*append=*/false);
+    }
+    bool AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) override {
+        return Write(path, parts, /*append=*/true);
+    }
+    bool DeleteFile(std::string_view path) override {
+        return !read_only.contains(Parent(Key(path))) && files.erase(Key(path)) > 0;
+    }
+    void DeleteBySuffix(std::string_view folder, std::string_view suffix) override {
+        std::erase_if(files, [&](const auto& file) {
+            return Parent(file.first) == Key(folder) && file.first.ends_with(suffix);
+        });
+    }
+    std::vector<std::string> Subfolders(std::string_view folder) const override {
+        std::vector<std::string> names;
+        for (const std::string& path : folders) {
+            if (path != Key(folder) && Parent(path) == Key(folder)) {
+                names.push_back(path.substr(Key(folder).size() + 1));
+            }
+        }
+        return names;
+    }
+    bool IsInside(std::string_view path, std::string_view folder) const override {
+        return !Key(folder).empty() && (Key(path) + "\\").starts_with(Key(folder) + "\\");
+    }
+    bool IsLink(std::string_view) const override { return false; }
+
+  private:
+    /// "" for what is no path, which is never there.
+    static std::string Key(std::string_view path) {
+        return platform::ResolvePathText(path).value_or("");
+    }
+    static std::string Parent(const std::string& key) {
+        return std::string(platform::ParentOfResolved(key));
+    }
+    bool MayWrite(std::string_view path) const {
+        const std::string key = Key(path);
+        const std::string folder = Parent(key);
+        return !disk_full && folders.contains(folder) && !refused.contains(key) &&
+               !read_only.contains(folder) && key.size() - folder.size() <= 256;
+    }
+    bool Write(std::string_view path, std::initializer_list<std::string_view> parts, bool append) {
+        if (on_write) on_write(Key(path));
+        if (!MayWrite(path) || FolderExists(path)) return false;
+        std::string& contents = files[Key(path)];
+        if (!append) contents.clear();
+        for (const std::string_view part : parts)
+            contents += part;
+        return true;
+    }
+};
+
+}  // namespace fakes

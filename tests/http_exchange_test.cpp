@@ -1,0 +1,217 @@
+#include "engine/http_exchange.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/crawl_fixture.h"
+
+namespace {
+
+using fakes::CrawlTest;
+using platform::SocketState;
+
+const std::string kHeader = "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n";
+
+class HttpExchange : public CrawlTest {
+  protected:
+    void SetUp() override {
+        Start("www.site.com");
+        window.Sock(1).Close();
+    }
+    /// A job on slot 1 whose connection stands and whose request is sent.
+    void Request(const std::string& address) {
+        bas_Connections::ConnectNext(address);
+        window.Sock(1).PeerAccepts();
+        loop.RunUntilIdle();
+    }
+    void Receive(int slot, const std::string& bytes) {
+        window.Sock(slot).PeerSends(bytes);
+        loop.RunUntilIdle();
+    }
+};
+
+TEST_F(HttpExchange, SendsOneRequestByteForByte) {
+    struct Case {
+        const char* address;
+        const char* line;
+        const char* host;
+    };
+    const Case cases[] = {
+        {"www.example.com/docs/index.html", "GET /docs/ HTTP/1.0", "www.example.com"},
+        {"www.example.com/index.html?a=/index.html", "GET /?a=/ HTTP/1.0", "www.example.com"},
+        {"www.example.com//a.html", "GET /a.html HTTP/1.0", "www.example.com"},
+        {"www.example.com///a.html", "GET //a.html HTTP/1.0", "www.example.com"},
+        {"www.example.com", "GET / HTTP/1.0", "www.example.com"},
+        {"www.example.com/docs", "GET /docs/ HTTP/1.0", "www.example.com"},
+        {"example.com:8080/a.html", "GET /a.html HTTP/1.0", "example.com:8080"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.address);
+        Request(c.address);
+        EXPECT_EQ(window.Sock(1).sent(), std::string(c.line) + "\r\nHost: " + c.host +
+                                             "\r\nReferrer: " + c.host +
+                                             "\r\nUser-Agent: Internet Explorer 6.01\r\n\r\n");
+        window.Sock(1).Close();
+    }
+}
+
+TEST_F(HttpExchange, NeverAsksAboveTheRoot) {
+    for (const char* address : {"a.com/../x.html", "a.com//../x.html", "a.com/..", "a.com/..hidden",
+                                "a.com/index.html/../x"}) {
+        SCOPED_TRACE(address);
+        Request(address);
+        EXPECT_EQ(window.Sock(1).sent(), "");
+        EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
+        EXPECT_EQ(crawl::Slots[1].Response.View(), "CANCEL");
+        EXPECT_TRUE(window.tmrOut(1).Enabled()) << "such a job ends through its timeout";
+    }
+}
+
+TEST_F(HttpExchange, ASlotWithoutAJobHangsUp) {
+    bas_Connections::ConnectNext("a.com/x.html");
+    crawl::Slots[1].Url.clear();
+    window.Sock(1).PeerAccepts();
+    loop.RunUntilIdle();
+    EXPECT_EQ(window.Sock(1).sent(), "");
+    EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
+    EXPECT_EQ(window.rows[1].status, "Not Connected.");
+}
+
+TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
+    struct Case {
+        std::string chunk;
+        int length;
+    };
+    const Case cases[] = {
+        {"Content-Length: 2048\r\n", 2048},
+        {"Content-Length:2048\r\n", 48},  // one character after the colon is always passed over
+        {"Content-Length:   42  \r\nX", 42},
+        {"Content-Length:    123456789012\r\n", 0},  // no line end within the window
+        {"Content-Length: 77", 0},
+        {"Content-Length: 12 pages\r\n", 0},
+        {"Content-Length: 1\r2\r\n", 12},
+        {"Content-Length: 9999999999\r\n", 5},  // does not fit: the old value stays
+        {"Content-Length: -3\r\n", -3},
+        {"content-length: 8\r\n", 5},
+        {"Content-Length:", 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.chunk);
+        Request("a.com/x.html");
+        crawl::Slots[1].ContentLength = 5;
+        Receive(1, c.chunk);
+        EXPECT_EQ(crawl::Slots[1].ContentLength, c.length);
+        window.Sock(1).Close();
+    }
+}
+
+TEST_F(HttpExchange, ShowsWhatComes) {
+    Request("a.com/x.html");
+    Receive(1, "Content-Length: 2000\r\n" + std::string(1978, 'x'));
+    EXPECT_EQ(window.rows[1].status, "Downloading a.com/x.html");
+    EXPECT_EQ(window.rows[1].size, "1.95 KB");
+    EXPECT_EQ(window.rows[1].received, "1.95 KB");
+    EXPECT_EQ(crawl::TotalBytes, 2000);
+    EXPECT_EQ(crawl::Slots[1].BytesReceived, 2000);
+
+    crawl::TotalBytes = crawl::Slots[1].BytesReceived = 2147483640;
+    Receive(1, "more than fits");
+    EXPECT_EQ(crawl::TotalBytes, 2147483640) << "a sum that overflows is passed over";
+    EXPECT_EQ(window.rows[1].received, "1.99 GB");
+}
+
+TEST_F(HttpExchange, ALateChunkBeyondTheCountStillCompletesItsJob) {
+    window.txt_max = "6";
+    for (int i = 1; i <= 6; ++i)
+        bas_Connections::ConnectNext("www.site.com/f" + std::to_string(i) + ".gif");
+    window.txt_max = "4";
+    window.Sock(6).PeerAccepts();
+    loop.RunUntilIdle();
+    Receive(6, kHeader + "GIF");
+    EXPECT_EQ(crawl::Slots[6].BytesReceived, 44 + 3);
+    EXPECT_EQ(window.rows[6].status, "Not Connected.");
+    window.Sock(6).PeerCloses();
+    loop.RunUntilIdle();
+    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\f6.gif"), "GIF\r\n");
+    EXPECT_EQ(window.Sock(6).State(), SocketState::Closed);
+}
+
+TEST_F(HttpExchange, SavesOnceAndWholeHoweverLateTheCloseComes) {
+    for (const int delay : {0, 1, 100, 5000}) {
+        SCOPED_TRACE(delay);
+        Start("www.site.com/page.html");
+        window.Sock(1).PeerAccepts();
+        loop.RunUntilIdle();
+        Receive(1, kHeader + "first ");
+        window.Sock(1).PeerSends("last");
+        if (delay > 0) loop.Advance(delay);
+        EXPECT_EQ(crawl::FilesDone, 0);
+        window.Sock(1).PeerCloses();
+        loop.Advance(1);
+        EXPECT_EQ(crawl::FilesDone, 1);
+        EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\page.html"), "first last\r\n");
+        EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
+    }
+}
+
+TEST_F(HttpExchange, BytesThatComeWhileAChunkIsHandledAreNotLost) {
+    Request("www.site.com/a.css");
+    loop.AtYield(1, [&] {
+        window.Sock(1).PeerSends("two ");
+        window.Sock(1).PeerSends("three");
+        window.Sock(1).PeerCloses();
+    });
+    Receive(1, kHeader + "one ");
+    loop.Advance(1);
+    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.css"), "one two three\r\n");
+    EXPECT_EQ(crawl::FilesDone, 1);
+}
+
+TEST_F(HttpExchange, ResolvesLinksAgainstThePagesFolder) {
+    struct Case {
+        const char* page;
+        const char* queued;
+    };
+    const Case cases[] = {
+        {"www.site.com/x/y.html", "www.site.com/x/b.html"},
+        {"www.site.com/x/", "www.site.com/x/b.html"},
+        {"www.site.com", "www.site.com/b.html"},
+        {"www.site.com/x.php?q=/1", "www.site.com/x.php?q=/b.html"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.page);
+        BlankDisk();
+        Request(c.page);
+        window.Sock(1).PeerSends(kHeader + "<a href=\"b.html\">");
+        window.Sock(1).PeerCloses();
+        loop.RunUntilIdle();
+        ASSERT_EQ(crawl::List1.Count(), 1U);
+        EXPECT_EQ(crawl::List1.Item(0), c.queued);
+        crawl::List1.Clear();
+    }
+}
+
+TEST_F(HttpExchange, AnAnswerOfNoByteIsNoAnswer) {
+    Request("www.site.com/a.html");
+    window.Sock(1).PeerCloses();
+    loop.Advance(19000);
+    EXPECT_EQ(crawl::FilesDone, 0);
+    EXPECT_EQ(crawl::Slots[1].Attempts, 1);
+    loop.Advance(1000);
+    EXPECT_EQ(crawl::Slots[1].Attempts, 2);
+}
+
+TEST_F(HttpExchange, HoldsAResponseBelowItsLimit) {
+    Request("www.site.com/a.bin");
+    constexpr std::size_t kLimit = std::size_t{1} << 30;
+    std::string large;
+    large.reserve(kLimit);  // or growing it would take twice as much
+    large.resize(kLimit - 10, 'x');
+    crawl::Slots[1].Response.Assign(std::move(large));
+    bas_Connections::ProcessResponse("123456789", 1);
+    EXPECT_EQ(crawl::Slots[1].Response.Size(), kLimit - 1);
+    bas_Connections::ProcessResponse("1", 1);
+    EXPECT_EQ(crawl::Slots[1].Response.Size(), kLimit - 1)
+        << "what would pass the limit is skipped";
+}
+
+}  // namespace

@@ -1,0 +1,180 @@
+#include "output/mirror_files.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "output/paths.h"
+#include "output/records.h"
+#include "output/save_file.h"
+#include "platform/host_files.h"
+#include "tests/fakes/fake_host.h"
+#include "tests/fakes/temp_folder.h"
+
+using namespace bas_Output;
+
+namespace {
+
+/// What a site may say to climb out of its folder. All lead to c:\outside\ when they are believed.
+const std::string kAttacks[] = {
+    "../../outside/a.html",
+    "site.com/../../outside/a.html",
+    "site.com/a/../../../outside/a.html",
+    "site.com\\..\\..\\outside\\a.html",
+    "site.com/.*./.*./outside/a.html",
+    "site.com/.{./.}./outside/a.html",
+    "site.com/.|./.|./outside/a.html",
+    "site.com/.www../.www../outside/a.html",
+    "site.com/.wwwww.w../.wwwww.w../.{./outside/a.html",
+    "site.com/./.././../outside/a.html",
+    "site.com/..//../outside/a.html",
+    "/../outside/a.html",
+    "www.../.www../outside/a.html",
+    "../../../../../../../outside/a.html",
+    "../mirror-too/a.html",
+};
+
+class Confinement : public testing::Test {
+  protected:
+    Confinement() {
+        host.files.Have("c:\\mirror");
+        host.files.Have("c:\\mirror-too\\old.txt", "old");
+        host.files.Have("c:\\outside\\old.txt", "old");
+        host.files.Have("c:\\outside\\a.html.tmp", "old");
+        crawl::TargetFolder = "C:\\mirror\\";
+        BeginMirror();
+    }
+
+    /// Everything that is not in the target folder.
+    std::map<std::string, std::string> Outside() const {
+        std::map<std::string, std::string> outside;
+        for (const auto& [path, contents] : host.files.files) {
+            if (!path.starts_with("c:\\mirror\\")) outside[path] = contents;
+        }
+        for (const std::string& folder : host.files.folders) {
+            if (!folder.starts_with("c:\\mirror\\")) outside[folder] = "(folder)";
+        }
+        return outside;
+    }
+
+    fakes::FakeHost host;
+};
+
+TEST_F(Confinement, NothingThatASiteSaysWritesOutside) {
+    const auto before = Outside();
+    for (const std::string& attack : kAttacks) {
+        std::string placeholder = crawl::TargetFolder + CleanLinkName(attack) + ".tmp";
+        AppendToFile("placeholder", placeholder);
+        std::string address = "\\" + attack;
+        SaveFile("HTTP/1.0 200 OK\r\n\r\npage", address, 1);
+        EXPECT_EQ(Outside(), before) << attack;
+    }
+    EXPECT_TRUE(host.page_text.pages.empty() || host.page_text.pages[0] != "old");
+}
+
+TEST_F(Confinement, HostsAndPathsOfRecordsStayInside) {
+    const auto before = Outside();
+    for (const char* name : {"..\\..\\outside\\x", "../../outside/x", "..", "c:\\outside\\x"}) {
+        crawl::Slots[1].Host = name;
+        RecordSearchText("text", 1, std::string("C:\\mirror\\") + name);
+    }
+    for (const char* path : {"c:\\outside\\x", "\\outside\\x", "http://c:\\outside\\x", "x", ""}) {
+        std::string record = path;
+        EXPECT_FALSE(AppendToFile("text", record)) << path;
+    }
+    EXPECT_EQ(Outside(), before);
+}
+
+TEST_F(Confinement, ClimbingInsideTheTargetFolderIsFine) {
+    std::string path = "C:\\mirror\\site.com\\a\\b\\..\\c.html.tmp";
+    EXPECT_TRUE(AppendToFile("queued", path));
+    EXPECT_EQ(host.files.At("c:\\mirror\\site.com\\a\\c.html.tmp"), "queued\r\n");
+}
+
+TEST_F(Confinement, NothingIsInsideNoFolder) {
+    crawl::TargetFolder = "";
+    EXPECT_FALSE(WriteMirrorFile("c:\\mirror\\a", {"x"}));
+    EXPECT_FALSE(MayMakeFolder("c:\\mirror\\a"));
+}
+
+TEST_F(Confinement, ParentsOfTheTargetFolderMayBeMade) {
+    crawl::TargetFolder = "C:\\new\\www.sites\\";
+    for (const char* folder : {"C:\\", "C:\\new\\", "c:\\new\\www.sites", "c:\\new\\sites\\a"}) {
+        EXPECT_TRUE(MayMakeFolder(folder)) << folder;
+    }
+    for (const char* folder : {"C:\\other\\", "c:\\new\\site", "c:\\mirror\\a", "z:\\new"}) {
+        EXPECT_FALSE(MayMakeFolder(folder)) << folder;
+    }
+}
+
+TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
+    host.files.refused = {"c:\\mirror\\site.com\\bad"};
+    host.files.Have("c:\\mirror\\site.com");
+    EXPECT_FALSE(AppendMirrorFile("C:\\mirror\\site.com\\bad", {"x"}));
+    EXPECT_FALSE(WriteMirrorFile("C:\\mirror\\..\\x", {"x"}));
+    EXPECT_FALSE(WriteMirrorFile(std::string("C:\\mirror\\a\0b", 13), {"x"}));
+    for (const std::string& path :
+         {std::string("c:\\mirror\\site.com\\bad"), std::string("C:\\mirror\\\\site.com\\.\\bad"),
+          std::string("C:\\mirror\\site.com\\dir\\..\\bad"), std::string("c:\\x"),
+          std::string("C:\\mirror\\a\0b", 13)}) {
+        EXPECT_TRUE(WriteFailedBefore(path)) << path;
+    }
+    EXPECT_FALSE(WriteFailedBefore("C:\\mirror\\site.com\\Bad"));
+    BeginMirror();
+    EXPECT_FALSE(WriteFailedBefore("C:\\mirror\\site.com\\bad"));
+}
+
+TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
+    host.files.Have("c:\\mirror\\SITE.com\\kept.tmp", "x");
+    host.files.Have("c:\\mirror\\site.com\\kept.tmp", "x");
+    for (const char* file : {"Site.com\\gone.tmp", "siTe.com\\gone.tmp", "Site.com\\a.html"}) {
+        std::string path = std::string("C:\\mirror\\") + file;
+        ASSERT_TRUE(AppendToFile("x", path));
+    }
+    SweepMadeFolder("c:\\mirror\\site.com\\");
+    SweepMadeFolder("c:\\outside\\");
+    EXPECT_EQ(host.files.At("c:\\mirror\\SITE.com\\kept.tmp"), "x");
+    EXPECT_EQ(host.files.At("c:\\mirror\\site.com\\kept.tmp"), "x");
+    EXPECT_EQ(host.files.At("c:\\mirror\\Site.com\\gone.tmp"), "(none)");
+    EXPECT_EQ(host.files.At("c:\\mirror\\siTe.com\\gone.tmp"), "(none)");
+    EXPECT_EQ(host.files.At("c:\\mirror\\Site.com\\a.html"), "x\r\n");
+    // Without a memory of it, the text itself is the folder.
+    EXPECT_EQ(host.files.At("c:\\outside\\a.html.tmp"), "(none)");
+}
+
+TEST(ConfinementOnTheHost, WritesThroughNoLinkThatLeadsOutside) {
+    const fakes::TempFolder folder;
+    const auto root = folder.HostPath();
+    std::filesystem::create_directories(root / "mirror/site.com/real");
+    std::filesystem::create_directories(root / "outside");
+    std::ofstream(root / "outside/log.txt") << "old";
+    std::filesystem::create_directory_symlink(root / "outside", root / "mirror/site.com/out");
+    std::filesystem::create_directory_symlink("real", root / "mirror/site.com/in");
+    std::filesystem::create_symlink(root / "outside/log.txt", root / "mirror/log.txt");
+    std::filesystem::create_symlink(root / "outside/none", root / "mirror/site.com/dangling");
+
+    fakes::FakeHost fake;
+    platform::HostFiles files(root.string());
+    const platform::Services services{platform::Host().events, files,          fake.settings,
+                                      fake.page_text,          fake.processes, fake.boxes};
+    platform::InstallHost(&services);
+    crawl::TargetFolder = folder.Text() + "\\mirror\\";
+    for (const char* name : {"site.com\\out\\a.tmp", "site.com\\out\\new\\a.tmp", "log.txt",
+                             "site.com\\dangling\\a", "site.com\\dangling"}) {
+        std::string path = crawl::TargetFolder + name;
+        EXPECT_FALSE(AppendToFile("x", path)) << name;
+        EXPECT_FALSE(WriteMirrorFile(path, {"x"})) << name;
+        EXPECT_EQ(ReadMirrorFile(path), std::nullopt) << name;
+        EXPECT_TRUE(WriteFailedBefore(path)) << name;
+        DeleteMirrorFile(path);
+    }
+    std::string path = crawl::TargetFolder + "site.com\\in\\a.txt";
+    EXPECT_TRUE(AppendToFile("x", path));
+    EXPECT_EQ(files.ReadFile(folder.Text() + "\\mirror\\site.com\\real\\a.txt"), "x\r\n");
+
+    EXPECT_EQ(files.ReadFile(folder.Text() + "\\outside\\log.txt"), "old");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root / "outside"), {}), 1);
+}
+
+}  // namespace

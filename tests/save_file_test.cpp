@@ -1,0 +1,231 @@
+#include "output/save_file.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "output/records.h"
+#include "tests/fakes/fake_host.h"
+#include "tests/fakes/fake_loop.h"
+
+using namespace bas_Output;
+
+namespace {
+
+class SaveFileTest : public testing::Test {
+  protected:
+    SaveFileTest() {
+        host.files.Have("c:\\w");
+        crawl::TargetFolder = "C:\\w\\";
+        crawl::SiteHost = "site.com";
+        crawl::Slots[1].Host = "www.site.com";
+    }
+    void Save(const std::string& body, std::string address, std::int16_t slot = 1) {
+        SaveFile("HTTP/1.0 200 OK\r\nServer: x\r\n\r\n" + body, address, slot);
+    }
+    /// What `body` is saved as, without the line end that every file gets.
+    std::string Rewritten(const std::string& body, const std::string& address = "site.com/d/e.bin",
+                          std::int16_t slot = 1) {
+        Save(body, "\\" + address, slot);
+        std::string saved = host.files.At(crawl::SavePath);
+        EXPECT_TRUE(saved.ends_with("\r\n"));
+        return saved.substr(0, saved.size() - 2);
+    }
+
+    fakes::FakeLoop loop;
+    fakes::FakeHost host{loop};
+};
+
+TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
+    const struct {
+        std::string address, path, placeholder;
+    } cases[] = {
+        {"\\www.site.com/dir/page.html", "site.com\\dir\\page.html", ""},
+        {"\\www.site.com/", "site.com\\index.html", ""},
+        {"\\site.com/a/", "site.com\\a\\index.html", ""},
+        {"\\site.com/a/.html", "site.com\\a\\index.html", ""},
+        {"\\site.com/shop/cart.asp", "site.com\\shop\\cart.asp.html",
+         "site.com\\shop\\cart.asp.tmp"},
+        {"\\site.com/page.php?x=1", "site.com\\page.php_x=1.html", "site.com\\page.php_x=1.tmp"},
+        {"\\site.com/a.PHP", "site.com\\a.PHP", ""},
+        {"\\site.com/x.html/a.php", "site.com\\x.html\\a.php", ""},
+        {"\\site.com/a.php.asp", "site.com\\a.php.asp.html", "site.com\\a.php.asp.tmp"},
+        {"\\site.com/a.*x|y", "site.com\\a.xy", ""},
+        {"\\localhost/page", "localhost\\page.html", ""},
+    };
+    for (const auto& c : cases) {
+        const std::string placeholder =
+            "C:\\w\\" + (c.placeholder.empty() ? c.path + ".tmp" : c.placeholder);
+        host.files.Have(placeholder, "queued");
+        Save("body", c.address);
+        EXPECT_EQ(crawl::SavePath, "C:\\w\\" + c.path);
+        EXPECT_EQ(host.files.At("C:\\w\\" + c.path), "body\r\n") << c.address;
+        EXPECT_EQ(host.files.At(placeholder), "(none)") << c.address;
+        EXPECT_EQ(crawl::SavePathBeforeRename + ".tmp", placeholder);
+    }
+    EXPECT_EQ(crawl::FilesDone, static_cast<std::int32_t>(std::size(cases)));
+}
+
+TEST_F(SaveFileTest, CleansTheCallersAddress) {
+    std::string address = "\\site.com//a?b\\\\c.html";
+    SaveFile("\r\n\r\n", address, 1);
+    EXPECT_EQ(address, "\\site.com//a_b\\c.html");
+}
+
+TEST_F(SaveFileTest, TakesTheHeaderOff) {
+    const struct {
+        std::string received, saved;
+    } cases[] = {
+        {"HTTP/1.0 200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
+        {"\r\n\r\n", ""},
+        {"no blank line", "blank line"},
+        {"ab", ""},
+        {"", ""},
+        {"abc\n\nd", "\n\nd"},
+        {std::string("\r\n\r\n\0\xff\0", 7), std::string("\0\xff\0", 3)},
+    };
+    for (const auto& c : cases) {
+        std::string address = "\\site.com/a.gif";
+        SaveFile(c.received, address, 1);
+        EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.gif"), c.saved + "\r\n") << c.received;
+    }
+}
+
+TEST_F(SaveFileTest, ARefusedDownloadLeavesNoTrace) {
+    for (const char* refused : {"CANCEL", " cancel  "}) {
+        std::string address = "\\site.com/a*.html";
+        SaveFile(refused, address, 1);
+        EXPECT_EQ(address, "\\site.com/a*.html");
+    }
+    EXPECT_EQ(crawl::FilesDone, 0);
+    EXPECT_TRUE(host.files.files.empty());
+    std::string address = "\\site.com/a.gif";
+    SaveFile("cancelled", address, 1);
+    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.gif"), "celled\r\n");
+}
+
+TEST_F(SaveFileTest, DoublesLineEndsInPagesOnly) {
+    const std::string body = "a\nb\rc\r\nd";
+    const std::string doubled = "a\r\n\nb\r\nc\r\n\r\n\nd";
+    for (const char* page : {"a.htm", "a.php", "a.shtml", "a.asp", "a.txt", "a.html/b.gif"}) {
+        EXPECT_EQ(Rewritten(body, std::string("site.com/d/") + page), doubled) << page;
+    }
+    for (const char* other : {"a.gif", "a.HTM", "a.css", "a"}) {
+        EXPECT_EQ(Rewritten(body, std::string("site.com/d/") + other), body) << other;
+    }
+}
+
+TEST_F(SaveFileTest, RewritesLinks) {
+    const struct {
+        std::string page, rewritten;
+    } cases[] = {
+        {"'a.php' \"a.php\" <a href=a.php>", "'a.php.html' \"a.php.html\" <a href=a.php.html>"},
+        {"'a.asp' \"a.asp\" <a href=a.asp>", "'a.asp.html' \"a.asp.html\" <a href=a.asp.html>"},
+        {"\"a.php?id=2\" a.PHP?x a.Php?x a.asp?x", "\"a.php_id=2\" a.PHP_x a.Php?x a.asp?x"},
+        {"http://site.com/a http://www.site.com/b http://other.net/c", "a b http://other.net/c"},
+        {"hhttp://site.com/ttp://site.com/", "http://site.com/"},
+        {"HTTP://site.com/a http://site.com", "HTTP://site.com/a http://site.com"},
+        {"<applet x></applet>appappletlet", "< x></>applet"},
+        {"<script src=x></script >", "< !-- script src=x></ !-- script >"},
+        {"href=\"../a.html\"", "href=\"../a.html\""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Rewritten(c.page), c.rewritten);
+    }
+}
+
+TEST_F(SaveFileTest, FlattensClimbingLinksOfTopLevelPages) {
+    const struct {
+        std::string page, rewritten;
+    } cases[] = {
+        {"href=\"../a\"", "href=\"a\""},       {"href =\"../a\"", "href =\"a\""},
+        {"href = \"../a\"", "href = \"a\""},   {"href= \"../a\"", "href= \"a\""},
+        {"href='../a'", "href=\"a'"},          {"href ='../a'", "href =\"a'"},
+        {"href = '../a'", "href = \"a'"},      {"href= '../a'", "href =\"a'"},
+        {"href=\"../../a\"", "href=\"../a\""}, {"src=\"../a\" href=../a", "src=\"../a\" href=../a"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Rewritten(c.page, "site.com/a.bin"), c.rewritten);
+        EXPECT_EQ(Rewritten(c.page, "site.com/d/a.bin"), c.page);
+    }
+}
+
+TEST_F(SaveFileTest, OwnLinksAreThoseToTheSlotsHost) {
+    const struct {
+        std::string host;
+        std::int16_t slot;
+        std::string rewritten;  // of the page below
+    } cases[] = {
+        {" HTTP://www.site.com/ ", 2,
+         "http://a.site.com/x http://www.a.site.com/y http://site.com/z"},
+        {"a.site.com", 2, "x y http://site.com/z"},
+        {"www.a.site.com\\", 24, "x y http://site.com/z"},
+        {"ignored", 0, "a.site.com/x www.a.site.com/y site.com/z"},
+        {"ignored", 25, "a.site.com/x www.a.site.com/y site.com/z"},
+    };
+    const std::string page = "http://a.site.com/x http://www.a.site.com/y http://site.com/z";
+    for (const auto& c : cases) {
+        if (crawl::Slots.Has(c.slot)) crawl::Slots[c.slot].Host = c.host;
+        EXPECT_EQ(Rewritten(page, "site.com/d/e.bin", c.slot), c.rewritten) << c.host;
+    }
+}
+
+TEST_F(SaveFileTest, ATimedOutNameIsTakenLiterally) {
+    host.files.Have("c:\\w\\site.com\\a.html.tmp", "queued");
+    std::string address = " \\ www.site.com/a.html";
+    SaveFile("Unable to download this file. (Timeout)", address, 1);
+    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.html.tmp"), "queued");
+    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.html"), "(none)");
+    EXPECT_EQ(host.files.At("c:\\w\\ site.com\\a.html"), "(none)");
+    EXPECT_EQ(crawl::FilesDone, 1);
+}
+
+TEST_F(SaveFileTest, AFaultCostsTheFileOnly) {
+    host.files.Have("c:\\w\\site.com\\a.gif.tmp", "queued");
+    host.files.refused = {"c:\\w\\site.com\\a.gif"};
+    Save("body", "\\site.com/a.gif");
+    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.gif"), "(none)");
+    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.gif.tmp"), "(none)");
+    EXPECT_EQ(crawl::FilesDone, 1);
+    crawl::FilesDone = std::numeric_limits<std::int32_t>::max();
+    Save("body", "\\site.com/b.gif");
+    EXPECT_EQ(crawl::FilesDone, std::numeric_limits<std::int32_t>::max());
+}
+
+TEST_F(SaveFileTest, RecordsTheTextOfPagesOnly) {
+    for (const char* name : {"a.gif", "a.HTM", "b.TXT", "a.css", "a.php", "x.tx/b.css"}) {
+        Save("body", std::string("\\site.com/") + name);
+    }
+    EXPECT_EQ(host.files.At("c:\\w\\_SearchData\\site.com.txt"),
+              "! site.com\\a.htm\r\npage text\r\n! site.com\\b.txt\r\npage text\r\n"
+              "! site.com\\a.php.html\r\npage text\r\n! site.com\\x.tx\\b.css\r\npage text\r\n");
+    EXPECT_EQ(host.page_text.pages.at(0), "body\r\n");
+}
+
+TEST_F(SaveFileTest, ASaveInsideASaveMixesNothingUp) {
+    // At each of the yields in turn: four while the page is read, one before the placeholder goes.
+    for (int yield = 1; yield <= 5; ++yield) {
+        const std::string outer = "c:\\w\\site.com\\outer" + std::to_string(yield) + ".html";
+        const std::string inner = "c:\\w\\other.net\\inner" + std::to_string(yield) + ".php";
+        host.files.Have(outer + ".tmp", "queued");
+        host.files.Have(inner + ".tmp", "queued");
+        host.files.files.erase("c:\\w\\_SearchData\\site.com.txt");
+        crawl::Slots[2].Host = "other.net";
+        loop.AtYield(yield, [&] {
+            crawl::Slots[1].Response.Assign("gone");
+            Save("inner", "\\other.net/inner" + std::to_string(yield) + ".php", 2);
+            std::string log = "c:\\w\\log.txt";
+            AppendToFile("link", log);
+        });
+        Save("outer", "\\site.com/outer" + std::to_string(yield) + ".html");
+        EXPECT_EQ(host.files.At(outer), "outer\r\n");
+        EXPECT_EQ(host.files.At(inner + ".html"), "inner\r\n");
+        EXPECT_EQ(host.files.At(outer + ".tmp"), "(none)") << yield;
+        EXPECT_EQ(host.files.At(inner + ".tmp"), "(none)") << yield;
+        EXPECT_EQ(host.files.At("c:\\w\\_SearchData\\site.com.txt"),
+                  "! site.com\\outer" + std::to_string(yield) + ".html\r\npage text\r\n");
+        EXPECT_EQ(crawl::FilesDone, 2 * yield);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,151 @@
+#include "engine/scheduler.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/crawl_fixture.h"
+
+namespace {
+
+using fakes::CrawlTest;
+using platform::SocketState;
+
+class Scheduler : public CrawlTest {
+  protected:
+    /// A crawl is running, no connection is busy and nothing is queued.
+    void SetUp() override {
+        Start("www.site.com");
+        window.Sock(1).Close();
+    }
+};
+
+TEST_F(Scheduler, SplitsAnAddressIntoHostAndPath) {
+    const std::string long_path = "/" + std::string(1200, 'a') + ".html";
+    struct Case {
+        std::string address, url, host, path;
+    };
+    const Case cases[] = {
+        {"www.site.com", "www.site.com", "www.site.com", "//"},
+        {"www.site.com/about", "www.site.com/about", "www.site.com", "/about/"},
+        {"www.site.com/about/", "www.site.com/about/", "www.site.com", "/about//"},
+        {"www.site.com/a.html", "www.site.com/a.html", "www.site.com", "/a.html"},
+        {"www.site.com/cat.jpeg", "www.site.com/cat.jpg", "www.site.com", "/cat.jpg"},
+        {"www.site.com/cat.JPEG", "www.site.com/cat.JPEG", "www.site.com", "/cat.JPEG"},
+        {" HTTP://site.com\\a\\b.html", "site.com/a/b.html", "site.com", "/a/b.html"},
+        {"/rooted.html", "/rooted.html", "", "/rooted.html"},
+        {"site.com" + long_path, "site.com" + long_path, "site.com",
+         long_path.substr(0, 999) + "/"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.address);
+        bas_Connections::ConnectNext(c.address);
+        const crawl::ConnectionSlot& slot = crawl::Slots[1];
+        EXPECT_EQ(slot.Url, c.url);
+        EXPECT_EQ(slot.Host, c.host);
+        EXPECT_EQ(slot.Path, c.path);
+        EXPECT_EQ(window.rows[1].status, "Connecting to " + c.host);
+        EXPECT_EQ(window.Sock(1).port(), 80);
+        window.Sock(1).Close();
+    }
+}
+
+TEST_F(Scheduler, WorksTheQueueFromItsEndOneConnectionATick) {
+    Queue({"a.com/1.", "a.com/2.", "a.com/3."});
+    loop.Advance(20);
+    EXPECT_EQ(crawl::Slots[1].Url, "a.com/3.");
+    EXPECT_EQ(crawl::List1.Count(), 2U);
+    EXPECT_EQ(window.label5, "2 Files");
+    loop.Advance(20);
+    EXPECT_EQ(crawl::Slots[2].Url, "a.com/2.");
+}
+
+TEST_F(Scheduler, LeavesTheQueueAloneWhileNoConnectionIsFree) {
+    window.txt_max = "2";
+    Queue({"a.com/1.", "a.com/2.", "a.com/3."});
+    loop.Advance(200);
+    EXPECT_EQ(crawl::List1.Count(), 1U);
+    window.Sock(2).PeerRefuses();
+    loop.Advance(20);
+    EXPECT_EQ(crawl::List1.Count(), 1U) << "a failed connection is not a free one";
+    window.Sock(1).Close();
+    loop.Advance(20);
+    EXPECT_TRUE(crawl::List1.Empty());
+    EXPECT_EQ(crawl::Slots[1].Url, "a.com/1.");
+}
+
+TEST_F(Scheduler, ReadsTheConnectionCountAnewEachTime) {
+    struct Case {
+        const char* text;
+        int count;
+    };
+    const Case cases[] = {{"4", 4}, {"0", 0},   {"-3", -3},   {"2.5", 2},   {"3.5", 4},
+                          {"", 0},  {"abc", 0}, {"5 abc", 5}, {"1e300", 0}, {"24", 24}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        window.txt_max = c.text;
+        EXPECT_EQ(bas_Connections::ConnectionsCount(), c.count);
+        EXPECT_EQ(bas_Connections::FindFreeSlot(), c.count >= 1 ? 1 : 0);
+    }
+}
+
+TEST_F(Scheduler, StartsNothingWithoutACrawl) {
+    window.start_enabled = true;
+    Queue({"a.com/1."});
+    loop.Advance(20);
+    EXPECT_EQ(crawl::List1.Count(), 1U);
+    EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
+}
+
+TEST_F(Scheduler, ANewJobStartsFresh) {
+    crawl::ConnectionSlot& slot = crawl::Slots[1];
+    slot.Response.Assign("old");
+    slot.ContentLength = slot.BytesReceived = 9;
+    slot.Attempts = 3;
+    window.tmrOut(1).SetEnabled(false);
+    loop.Advance(5000);
+    bas_Connections::ConnectNext("a.com/x.html");
+    EXPECT_TRUE(slot.Response.Empty());
+    EXPECT_EQ(slot.ContentLength + slot.BytesReceived, 0);
+    EXPECT_EQ(slot.Attempts, 1);
+    loop.Advance(19999);
+    EXPECT_EQ(slot.Attempts, 1);
+    loop.Advance(1);
+    EXPECT_EQ(slot.Attempts, 2) << "the timeout runs from the start of the connection";
+}
+
+TEST_F(Scheduler, RefusesTypedCountsThatAreNoneOrTooHigh) {
+    struct Case {
+        const char* typed;
+        const char* kept;
+    };
+    const Case cases[] = {{"24", "4"},  {"23.5", "4"}, {"x", "4"},   {"", "4"},     {"5x", "4"},
+                          {"23", "23"}, {"0", "0"},    {"-1", "-1"}, {" 7 ", " 7 "}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
+        host.boxes.asked.clear();
+        window.txt_max = c.typed;
+        bas_Connections::txtMax_Change();
+        EXPECT_EQ(window.txt_max, c.kept);
+        const bool refused = std::string(c.typed) != c.kept;
+        ASSERT_EQ(host.boxes.asked.size(), refused ? 1U : 0U);
+        if (!refused) continue;
+        EXPECT_EQ(host.boxes.asked[0].message, "Must be a number of connections from 1 to 24");
+        EXPECT_EQ(host.boxes.asked[0].title, "Try Again");
+        EXPECT_EQ(host.boxes.asked[0].style, platform::BoxStyle::Stop);
+    }
+}
+
+TEST_F(Scheduler, ChoosingFewerConnectionsResetsTheRowsBeyond) {
+    for (int i = 1; i <= 24; ++i)
+        window.SetRowStatus(i, "busy");
+    window.txt_max = "24";
+    bas_Connections::txtMax_Click();
+    EXPECT_EQ(window.rows[24].status, "busy");
+    window.txt_max = "23";
+    bas_Connections::txtMax_Click();
+    EXPECT_EQ(window.rows[23].status, "busy");
+    EXPECT_EQ(window.rows[24].status, "Not Connected.");
+    EXPECT_EQ(window.rows[24].size, "0 KB");
+    EXPECT_EQ(window.rows[24].received, "-");
+}
+
+}  // namespace

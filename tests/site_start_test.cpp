@@ -1,0 +1,81 @@
+#include "engine/site_start.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/crawl_fixture.h"
+
+namespace {
+
+using fakes::CrawlTest;
+
+class SiteStart : public CrawlTest {};
+
+TEST_F(SiteStart, CleansTheTypedAddress) {
+    struct Case {
+        const char* typed;
+        const char* address;
+        const char* host;
+    };
+    const Case cases[] = {
+        {"  HTTP://Example.com/a  ", "www.Example.com/a", "Example.com"},
+        {"http://www.example.com", "www.example.com", "example.com"},
+        {"example.com/www.x", "example.com/www.x", "example.com"},
+        {"WWW.example.com", "WWW.example.com", "WWW.example.com"},
+        {"example.com:8080/x", "www.example.com:8080/x", "example.com:8080"},
+        {"example.com?q=1", "www.example.com?q=1", "example.com"},
+        {"https://example.com/", "www.https://example.com/", "https:"},
+        {"\thttp://a.com", "www.\thttp://a.com", "\thttp:"},
+        {"", "www.", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
+        Start(c.typed);
+        EXPECT_EQ(window.text1, c.address);
+        EXPECT_EQ(crawl::SiteHost, c.host);
+        EXPECT_EQ(window.label6, std::string("Downloading Site [") + c.address + "]");
+    }
+}
+
+TEST_F(SiteStart, BeginsWithNothingLeftOfTheCrawlBefore) {
+    Start("www.site.com/a.html");
+    crawl::List1.AddItem("www.site.com/left");
+    crawl::TotalBytes = 7;
+    crawl::FilesDone = 3;
+    crawl::MadeFolders = "c:\\old\\*";
+    crawl::LastSearchPage = ":old:";
+    window.Sock(9).Connect("stale.com", 80);
+
+    Start("www.other.com");
+    EXPECT_TRUE(crawl::List1.Empty());
+    EXPECT_EQ(crawl::TotalBytes + crawl::FilesDone, 0);
+    EXPECT_EQ(crawl::MadeFolders + crawl::LastSearchPage, "");
+    EXPECT_EQ(window.Sock(9).State(), platform::SocketState::Closed);
+    EXPECT_EQ(window.Sock(1).host(), "www.other.com");
+}
+
+TEST_F(SiteStart, FetchesTheStartPageAtOnceAndShowsACrawl) {
+    host.files.Have("C:\\program\\temp\\filetypes.txt", ".GIF \r\n\r\n.htm\n");
+    Start("www.site.com/dir/a.html");
+    EXPECT_EQ(crawl::FileTypeSet, ":.gif::.htm:");
+    EXPECT_EQ(window.Sock(1).host(), "www.site.com");
+    EXPECT_EQ(window.Sock(1).port(), 80);
+    EXPECT_EQ(crawl::Slots[1].Path, "/dir/a.html");
+    EXPECT_EQ(window.rows[1].status, "Connecting to www.site.com");
+    EXPECT_FALSE(window.start_enabled);
+    EXPECT_TRUE(window.stop_enabled);
+    EXPECT_FALSE(window.text1_enabled);
+    EXPECT_TRUE(window.pause_enabled);
+    EXPECT_TRUE(window.tmrMove().Enabled());
+    EXPECT_TRUE(window.tmrOut(1).Enabled());
+}
+
+TEST_F(SiteStart, OnlyEnterStarts) {
+    window.text1 = "site.com";
+    for (const int key : {0, 10, 27, 32, 65, 112})
+        bas_Connections::Text1_KeyDown(key);
+    EXPECT_TRUE(window.start_enabled);
+    bas_Connections::Text1_KeyDown(13);
+    EXPECT_FALSE(window.start_enabled);
+}
+
+}  // namespace

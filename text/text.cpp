@@ -1,0 +1,169 @@
+#include "text/text.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace text {
+
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+/// Whether any of `kBlock` neighbouring places has `head` there and `tail` at `distance` behind it.
+/// The plain loop of fixed length is what compilers turn into vector instructions.
+constexpr std::size_t kBlock = 64;
+bool AnyCandidate(const char* place, char head, std::size_t distance, char tail) {
+    unsigned char any = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) {
+        any |= static_cast<unsigned char>((place[i] == head) & (place[i + distance] == tail));
+    }
+    return any != 0;
+}
+
+/// Offset of the first `pattern` at or after offset `from`, or kNone. The pattern is not empty.
+///
+/// Responses of any size and content go through dozens of passes while the window waits, so this
+/// must not have bad texts. Looking for the first character alone, as the standard library does, is
+/// a hundred times slower on a run of blanks than on ordinary text; looking for the first and the
+/// last together costs about the same on everything.
+std::size_t Find(std::string_view subject, std::string_view pattern, std::size_t from) {
+    if (pattern.size() == 1) return subject.find(pattern[0], from);
+    if (subject.size() < pattern.size()) return kNone;
+    const std::size_t places = subject.size() - pattern.size() + 1;
+    const std::size_t distance = pattern.size() - 1;
+    const char* const begin = subject.data();
+    for (std::size_t at = from; at < places; at += kBlock) {
+        const std::size_t end = std::min(at + kBlock, places);
+        if (end - at == kBlock &&
+            !AnyCandidate(begin + at, pattern.front(), distance, pattern.back())) {
+            continue;
+        }
+        for (std::size_t place = at; place < end; ++place) {
+            if (begin[place] == pattern.front() && begin[place + distance] == pattern.back() &&
+                std::memcmp(begin + place, pattern.data(), pattern.size()) == 0) {
+                return place;
+            }
+        }
+    }
+    return kNone;
+}
+
+std::size_t Count(std::string_view subject, std::string_view pattern, std::size_t first) {
+    std::size_t count = 0;
+    for (std::size_t at = first; at != kNone; at = Find(subject, pattern, at + pattern.size())) {
+        ++count;
+    }
+    return count;
+}
+
+/// Writes `subject`, with every `pattern` replaced, from `out` on and returns the end of what it
+/// wrote. `out` may lie in the same buffer as `subject`, as long as it never overtakes what is
+/// still to be read.
+char* WriteReplaced(std::string_view subject, std::string_view pattern,
+                    std::string_view replacement, std::size_t first, char* out) {
+    const auto put = [&out](std::string_view piece) {
+        if (piece.data() != out) std::memmove(out, piece.data(), piece.size());
+        out += piece.size();
+    };
+    std::size_t done = 0;
+    for (std::size_t at = first; at != kNone; at = Find(subject, pattern, done)) {
+        put(subject.substr(done, at - done));
+        put(replacement);
+        done = at + pattern.size();
+    }
+    put(subject.substr(done));
+    return out;
+}
+
+/// The replacement is longer than the pattern. There is never more than one other copy of the text,
+/// of exactly the size needed, and none where the buffer has room: then the text moves to the
+/// buffer's end first, so that the writing runs behind the reading all the way.
+void ReplaceGrowing(std::string& subject, std::string_view pattern, std::string_view replacement,
+                    std::size_t first) {
+    const std::size_t old_size = subject.size();
+    const std::size_t growth =
+        Count(subject, pattern, first) * (replacement.size() - pattern.size());
+    if (old_size + growth > subject.capacity()) {
+        std::string grown(old_size + growth, '\0');
+        WriteReplaced(subject, pattern, replacement, first, grown.data());
+        subject.swap(grown);
+        return;
+    }
+    subject.resize(old_size + growth);
+    char* const moved = subject.data() + growth;
+    std::memmove(moved, subject.data(), old_size);
+    WriteReplaced(std::string_view(moved, old_size), pattern, replacement, first, subject.data());
+}
+
+template <typename Change>
+std::string Mapped(std::string_view subject, Change change) {
+    std::string result(subject);
+    for (char& c : result) {
+        c = change(c);
+    }
+    return result;
+}
+
+}  // namespace
+
+std::size_t InStr(std::string_view subject, std::string_view pattern, std::size_t from) {
+    if (pattern.empty()) return 0;
+    const std::size_t at = Find(subject, pattern, from > 0 ? from - 1 : 0);
+    return at == kNone ? 0 : at + 1;
+}
+
+bool Contains(std::string_view subject, std::string_view pattern) {
+    return InStr(subject, pattern) != 0;
+}
+
+std::string_view Mid(std::string_view subject, std::size_t start, std::size_t length) {
+    const std::size_t offset = start > 0 ? start - 1 : 0;
+    return offset < subject.size() ? subject.substr(offset, length) : std::string_view();
+}
+
+std::string_view Left(std::string_view subject, std::size_t length) {
+    return subject.substr(0, length);
+}
+
+std::string_view Trim(std::string_view subject) {
+    const std::size_t begin = subject.find_first_not_of(' ');
+    if (begin == kNone) return {};
+    return subject.substr(begin, subject.find_last_not_of(' ') - begin + 1);
+}
+
+std::string LowerCase(std::string_view subject) {
+    return Mapped(subject, [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+}
+
+std::string UpperCase(std::string_view subject) {
+    return Mapped(subject, [](char c) {
+        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
+}
+
+void ReplaceAllIn(std::string& subject, std::string_view pattern, std::string_view replacement) {
+    if (pattern.empty()) return;
+    const std::size_t first = Find(subject, pattern, 0);
+    if (first == kNone) return;
+    if (replacement.size() > pattern.size()) {
+        ReplaceGrowing(subject, pattern, replacement, first);
+    } else if (pattern.size() == 1 && replacement.size() == 1) {
+        // Single characters can be dense, so they are not searched for one by one.
+        std::replace(subject.begin(), subject.end(), pattern[0], replacement[0]);
+    } else if (pattern.size() == 1) {
+        std::erase(subject, pattern[0]);
+    } else {
+        const char* const end = WriteReplaced(subject, pattern, replacement, first, subject.data());
+        subject.resize(static_cast<std::size_t>(end - subject.data()));
+    }
+}
+
+std::string ReplaceAll(std::string subject, std::string_view pattern,
+                       std::string_view replacement) {
+    ReplaceAllIn(subject, pattern, replacement);
+    return subject;
+}
+
+}  // namespace text
