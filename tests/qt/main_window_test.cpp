@@ -266,7 +266,8 @@ TEST_F(MainWindow, AsksBeforeItCloses) {
     Click("OtherLinks");
 
     host.boxes.while_open = [this] { Window().close(); };  // asks no second time
-    Window().close();
+    QTimer::singleShot(0, [this] { Window().close(); });
+    EXPECT_EQ(QCoreApplication::exec(), 0) << "the program ends";
     EXPECT_FALSE(Window().isVisible());
     EXPECT_TRUE(Window().Command1Enabled());
     ASSERT_EQ(host.boxes.asked.size(), 2U);
