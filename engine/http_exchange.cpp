@@ -68,15 +68,22 @@ std::string PageFolder(const std::string& url) {
     return bas_Extractor::ReverseText(reversed);
 }
 
-/// The server has closed its side: saves the response, queues its links and frees the slot. Every
-/// place where events run may have ended the crawl or given the slot another job, so each
-/// statement asks for slot and window anew.
+/// Whether slot `index` still works on the job that it had when its response was of `generation`.
+/// Wherever events run, the crawl may be stopped and the slot be given another job, whose response
+/// and connection are not to be touched.
+bool HasSameJob(int index, unsigned generation) {
+    return crawl::Slots[index].Response.Generation() == generation;
+}
+
+/// The server has closed its side: saves the response, queues its links and frees the slot.
 void FinishResponse(int index) {
-    const platform::Services& host = platform::Host();
+    platform::EventLoop& events = platform::Host().events;
+    const unsigned job = crawl::Slots[index].Response.Generation();
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile(crawl::Slots[index].Response.View(), address,
                          static_cast<std::int16_t>(index));
-    host.events.DoEvents();
+    events.DoEvents();
+    if (!HasSameJob(index, job)) return;
 
     std::string base = crawl::Slots[index].Url;
     if (text::Contains(base, "/")) {
@@ -84,11 +91,13 @@ void FinishResponse(int index) {
         ResetSlotRow(index);
     }
     SetSlotStatus(index, "");
-    host.events.DoEvents();
+    events.DoEvents();
+    if (!HasSameJob(index, job)) return;
 
     bas_Extractor::ExtractLinks(crawl::Slots[index].Response, crawl::List1, base);
+    if (!HasSameJob(index, job)) return;
     engine::Window().Sock(index).Close();
-    host.events.DoEvents();
+    events.DoEvents();
     if (crawl::List1.Empty() && AllSocketsClosed()) SiteComplete();
 }
 
@@ -138,7 +147,9 @@ void Sock_DataArrival(int index) {
 void ProcessResponse(std::string_view data, int index) {
     text::ConsumableText& response = crawl::Slots[index].Response;
     if (data.size() < kResponseLimit - response.Size()) response.Append(data);
+    const unsigned job = response.Generation();
     platform::Host().events.DoEvents();
+    if (!HasSameJob(index, job)) return;
     ShowExpectedSize(data, index);
     ShowReceivedSize(index);
     if (engine::Window().Sock(index).State() == platform::SocketState::Closing) {

@@ -107,12 +107,16 @@ void ExtractLinks(text::ConsumableText& page, platform::ListItems& queue_list,
                   std::string& base_url) {
     if (!base_url.ends_with('/')) base_url += '/';
     RewritePage(page.Edit());
-    while (text::Contains(page.View(), kLink)) {
-        // Wherever events run, and they do in admission too, the page may have become another or
-        // have been emptied. So each step looks for the first link of whatever is there.
+    // Wherever events run, and they do in admission too, the page may have been appended to or
+    // eaten by a scan inside this one, so each step looks for the first link of whatever is left.
+    // Once it was replaced, the text belongs to another download, which is still receiving it.
+    const unsigned generation = page.Generation();
+    while (page.Generation() == generation && text::Contains(page.View(), kLink)) {
         Yield(3);
+        if (page.Generation() != generation) return;
         const std::optional<std::string> target = FirstTarget(page.View(), base_url);
         if (target) AdmitLink(*target, queue_list);
+        if (page.Generation() != generation) return;
         StepOverFirstLink(page);
         Yield(2);
     }

@@ -25,6 +25,11 @@ void FoldBlanks(std::string& page_text) {
     text::ReplaceAllIn(page_text, "  ", " ");
 }
 
+platform::PageKind KindOf(const std::string& path) {
+    return text::LowerCase(path).ends_with(".txt") ? platform::PageKind::kPlainText
+                                                   : platform::PageKind::kMarkup;
+}
+
 std::string SearchFolder() {
     return crawl::TargetFolder + "\\_SearchData";
 }
@@ -50,7 +55,7 @@ std::string GetPageText(const std::string& path) {
     }
     std::string page_text;
     if (const auto page = ReadMirrorFile(path)) {
-        page_text = platform::Host().page_text.InnerText(*page);
+        page_text = platform::Host().page_text.InnerText(*page, KindOf(path));
     }
     FoldBlanks(page_text);
     return page_text;

@@ -5,6 +5,10 @@
 
 namespace platform {
 
+/// What a file is shown as. A browser goes by the file's name: "*.txt" is plain text, whatever
+/// stands in it.
+enum class PageKind { kMarkup, kPlainText };
+
 /// Reads a page as a person sees it.
 class PageText {
   public:
@@ -13,7 +17,7 @@ class PageText {
     /// The visible text of the body of the page whose file consists of `file_bytes`, blocks and
     /// breaks on lines of their own (LF), in the local 8-bit encoding. Takes any bytes, in linear
     /// time.
-    virtual std::string InnerText(std::string_view file_bytes) = 0;
+    virtual std::string InnerText(std::string_view file_bytes, PageKind kind) = 0;
 };
 
 }  // namespace platform

@@ -24,12 +24,15 @@ class ConsumableText {
     std::size_t Size() const { return bytes_.size() - eaten_; }
     bool Empty() const { return Size() == 0; }
 
-    /// Replaces the whole text. The old one's memory is given back, which moving a short text in
-    /// would not do.
+    /// Replaces the whole text, and begins a new generation of it.
     void Assign(std::string bytes) {
-        bytes_.swap(bytes);
-        eaten_ = 0;
+        Replace(std::move(bytes));
+        ++generation_;
     }
+
+    /// Tells whoever lets events run in the middle of work on the text whether it is still the same
+    /// text, appended to or further eaten perhaps, or was replaced by another.
+    unsigned Generation() const { return generation_; }
 
     /// Empties the text and gives its memory back.
     void Clear() { Assign(std::string()); }
@@ -41,7 +44,7 @@ class ConsumableText {
         if (count < Size()) {
             eaten_ += count;
         } else {
-            Clear();
+            Replace(std::string());
         }
     }
 
@@ -54,8 +57,15 @@ class ConsumableText {
     }
 
   private:
+    /// The old text's memory is given back, which moving a short text in would not do.
+    void Replace(std::string bytes) {
+        bytes_.swap(bytes);
+        eaten_ = 0;
+    }
+
     std::string bytes_;
     std::size_t eaten_ = 0;
+    unsigned generation_ = 0;
 };
 
 }  // namespace text

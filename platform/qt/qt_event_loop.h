@@ -12,7 +12,11 @@ class QtEventLoop final : public EventLoop {
     void DoEvents() override;
     void DoEventsOften() override;
 
+    /// How many calls of `DoEvents` are running, one inside the other.
+    int Depth() const { return depth_; }
+
   private:
+    int depth_ = 0;
     QElapsedTimer since_last_turn_;
 };
 

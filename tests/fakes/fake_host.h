@@ -90,7 +90,7 @@ class CannedPageText : public platform::PageText {
     std::string text = "page text";
     std::vector<std::string> pages;
 
-    std::string InnerText(std::string_view file_bytes) override {
+    std::string InnerText(std::string_view file_bytes, platform::PageKind) override {
         pages.emplace_back(file_bytes);
         return text;
     }

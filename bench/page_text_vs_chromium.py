@@ -1,0 +1,133 @@
+#!/usr/bin/python3
+"""Compares the visible text that a tool reads from pages with headless Chromium's.
+
+    page_text_vs_chromium.py [--saved] [--static] [--sample N] [--show N] TOOL PAGE_OR_FOLDER...
+
+TOOL takes a file name a line and answers with the text's length on a line, the text, and a line
+end (bench/inner_text_tool). Each page is copied to an empty folder first, so that neither side finds
+its style sheets and scripts. --static empties those within the page too, as the tool leaves them
+out on purpose. --saved passes the pages through what saving does to their text.
+
+Prints the share of pages whose texts agree after the search extract's folding of blanks, the share
+of words in the same order, and the pages that differ most.
+"""
+
+import argparse
+import difflib
+import os
+import random
+import re
+import subprocess
+import sys
+import tempfile
+
+from selenium import webdriver
+from selenium.webdriver.chrome.service import Service
+
+FLAGS = ("--headless --no-sandbox --disable-gpu --no-first-run --disable-background-networking "
+         "--disable-component-update --disable-sync").split()
+
+
+def start_browser():
+    options = webdriver.ChromeOptions()
+    for flag in FLAGS:
+        options.add_argument(flag)
+    options.binary_location = "/usr/bin/chromium"
+    return webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
+
+
+def as_saved(page):
+    """What the program makes of a page's text when it saves it, links aside."""
+    page = page.replace(b"\n", b"\r\n").replace(b"\r", b"\r\n")
+    return page.replace(b"applet", b"").replace(b"script ", b" !-- script ") + b"\r\n"
+
+
+def without_style(page):
+    return re.sub(rb"(?is)(<(script|style)\b[^>]*>).*?(</\2)", rb"\1\3", page)
+
+
+def fold(text):
+    for line_end in ("\r\n", "\n", "\r"):
+        text = text.replace(line_end, " ")
+    return text.replace("  ", " ").replace("  ", " ")
+
+
+def find_pages(places):
+    for place in places:
+        if os.path.isfile(place):
+            yield place
+        for folder, _, names in os.walk(place):
+            for name in names:
+                if name.endswith((".html", ".htm", ".txt")):
+                    yield os.path.join(folder, name)
+
+
+class Tool:
+    def __init__(self, path):
+        self.process = subprocess.Popen([path], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+
+    def text_of(self, path):
+        self.process.stdin.write(path.encode() + b"\n")
+        self.process.stdin.flush()
+        length = int(self.process.stdout.readline())
+        return self.process.stdout.read(length + 1)[:-1].decode("utf-8")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--saved", action="store_true")
+    parser.add_argument("--static", action="store_true")
+    parser.add_argument("--sample", type=int, default=0)
+    parser.add_argument("--show", type=int, default=5)
+    parser.add_argument("tool")
+    parser.add_argument("places", nargs="+")
+    arguments = parser.parse_args()
+
+    pages = sorted(set(find_pages(arguments.places)))
+    if arguments.sample and arguments.sample < len(pages):
+        pages = random.Random(1).sample(pages, arguments.sample)
+    tool = Tool(arguments.tool)
+    browser = start_browser()
+    equal = compared = same_words = all_words = 0
+    differing = []
+    with tempfile.TemporaryDirectory() as folder:
+        for page in pages:
+            with open(page, "rb") as file:
+                content = file.read()
+            if arguments.static:
+                content = without_style(content)
+            copy = os.path.join(folder, "page" + os.path.splitext(page)[1])
+            with open(copy, "wb") as file:
+                file.write(as_saved(content) if arguments.saved else content)
+            try:
+                browser.get("file://" + copy)
+                expected = browser.execute_script(
+                    "return document.body ? document.body.innerText : ''")
+            except Exception as fault:  # pylint: disable=broad-except
+                print(f"{page}: the browser failed: {fault}", file=sys.stderr)
+                continue
+            expected, got = fold(expected), fold(tool.text_of(copy))
+            words, got_words = expected.split(), got.split()
+            matcher = difflib.SequenceMatcher(None, words, got_words, autojunk=False)
+            matched = len(words) if words == got_words else sum(
+                block.size for block in matcher.get_matching_blocks())
+            compared += 1
+            equal += expected == got
+            same_words += matched
+            all_words += max(len(words), len(got_words))
+            if expected != got:
+                differing.append((max(len(words), len(got_words)) - matched, page, expected, got))
+    browser.quit()
+
+    print(f"{compared} pages, {equal} equal ({100 * equal / max(compared, 1):.2f}%), "
+          f"{100 * same_words / max(all_words, 1):.4f}% of {all_words} words")
+    for words_off, page, expected, got in sorted(differing, reverse=True)[:arguments.show]:
+        at = next((i for i, (a, b) in enumerate(zip(expected, got)) if a != b),
+                  min(len(expected), len(got)))
+        print(f"{page}: {words_off} words off, first at {at}\n"
+              f"  browser: {expected[max(0, at - 30):at + 50]!r}\n"
+              f"  tool:    {got[max(0, at - 30):at + 50]!r}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,58 @@
+# Shared by ./run and ./test: Debian packages and the build.
+
+BUILD_PACKAGES=(
+    cmake
+    g++
+    ninja-build
+    qt6-base-dev
+)
+
+# The unit tests, and what the end-to-end tests run: servers, real sites, browser and window.
+TEST_PACKAGES=(
+    chromium
+    chromium-driver
+    imagemagick
+    iproute2
+    libgtest-dev
+    nginx-light
+    openbox
+    python-kombu-doc
+    python3
+    python3-selenium
+    xapian-doc
+    xdotool
+    xvfb
+)
+
+is_installed() {
+    [[ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" == installed ]]
+}
+
+# Installs those of the named packages that are missing; asks for rights only when one is.
+install_missing() {
+    local package missing=() as_root=()
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    if ((${#missing[@]} == 0)); then
+        return
+    fi
+    if ((EUID != 0)); then
+        as_root=(sudo)
+    fi
+    echo "Installing Debian packages: ${missing[*]}" >&2
+    "${as_root[@]}" apt-get update -q >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
+}
+
+# build PRESET [TARGET]: configures and builds on all processors; says little unless something fails.
+build() {
+    local preset=$1 target=${2:-all}
+    mkdir -p build
+    if ! cmake --preset "$preset" >build/configure.log 2>&1; then
+        cat build/configure.log >&2
+        return 1
+    fi
+    cmake --build --preset "$preset" --target "$target" --parallel "$(nproc)" >&2
+}

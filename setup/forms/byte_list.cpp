@@ -1,0 +1,63 @@
+#include "setup/forms/byte_list.h"
+
+#include <QByteArray>
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "platform/qt/local_text.h"
+
+namespace ui {
+
+namespace {
+constexpr int kBytesRole = Qt::UserRole;
+}
+
+ByteList::ByteList(const char* name, QWidget* parent) : QListWidget(parent) {
+    setObjectName(QLatin1String(name));
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setUniformItemSizes(true);
+}
+
+void ByteList::AddItem(const std::string& item) {
+    auto* row = new QListWidgetItem(platform::FromBytes(item));
+    row->setData(kBytesRole, QByteArray::fromStdString(item));
+    addItem(row);
+}
+
+std::vector<std::string> ByteList::Items() const {
+    std::vector<std::string> items;
+    for (int i = 0; i < count(); ++i)
+        items.push_back(TextOf(*item(i)));
+    return items;
+}
+
+std::optional<int> ByteList::SelectedIndex() const {
+    const QList<QListWidgetItem*> selected = selectedItems();
+    if (selected.empty()) return std::nullopt;
+    return row(selected.front());
+}
+
+std::string ByteList::SelectedText() const {
+    const std::optional<int> index = SelectedIndex();
+    return index ? TextOf(*item(*index)) : std::string();
+}
+
+void ByteList::RemoveItem(int index) {
+    delete takeItem(index);
+    // The toolkit selects the neighbour of what goes; here only the focus moves there.
+    setCurrentRow(std::min(index, count() - 1), QItemSelectionModel::Clear);
+}
+
+void ByteList::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Delete)) {
+        emit DeletePressed();
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+}
+
+std::string ByteList::TextOf(const QListWidgetItem& item) const {
+    return item.data(kBytesRole).toByteArray().toStdString();
+}
+
+}  // namespace ui

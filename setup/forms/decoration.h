@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+
+class QPainter;
+
+namespace ui {
+
+/// A picture that only decorates a form. Drawn from shapes in middle tones, so that it is sharp at
+/// every scale and stands out on light and dark desktops alike.
+class Decoration : public QWidget {
+    Q_OBJECT
+
+  public:
+    enum class Subject { Globe, Arrow, Folder, Funnel };
+
+    Decoration(const char* name, Subject subject, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Subject subject_;
+};
+
+}  // namespace ui

@@ -1,0 +1,186 @@
+#include "setup/forms/frm_new.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <cstdint>
+#include <optional>
+
+#include "engine/crawl_state.h"
+#include "engine/main_window.h"
+#include "engine/site_start.h"
+#include "extractor/addresses.h"
+#include "output/paths.h"
+#include "platform/path_text.h"
+#include "platform/qt/local_text.h"
+#include "platform/services.h"
+#include "setup/forms/byte_list.h"
+#include "setup/forms/z_dir.h"
+#include "setup/forms/z_filter.h"
+#include "setup/settings.h"
+#include "text/numbers.h"
+#include "text/text.h"
+#include "ui/elided_label.h"
+#include "ui/twips.h"
+
+namespace ui {
+
+namespace {
+
+constexpr int kCollapsedWidth = Twips(6855);
+constexpr int kExpandedWidth = Twips(9720);
+/// Half of the difference of the widths, so that the form grows about its centre.
+constexpr int kSideStep = (Twips(2865) + 1) / 2;
+
+}  // namespace
+
+frmNew::frmNew(QWidget* parent) : QDialog(parent) {
+    MakeControls();
+    ConnectHandlers();
+    Form_Load();
+}
+
+void frmNew::done(int result) {
+    if (!unloaded_) {
+        unloaded_ = true;
+        Form_Unload();
+    }
+    QDialog::done(result);
+}
+
+void frmNew::ConnectHandlers() {
+    connect(txt_url_, &QLineEdit::textChanged, this, &frmNew::txtURL_Change);
+    connect(txt_dir_, &QLineEdit::textChanged, this, &frmNew::txtDir_Change);
+    connect(command1_, &QPushButton::clicked, this, &frmNew::Command1_Click);
+    connect(command2_, &QPushButton::clicked, this, &frmNew::Command2_Click);
+    connect(command3_, &QPushButton::clicked, this, &frmNew::Command3_Click);
+    connect(command4_, &QPushButton::clicked, this, &frmNew::Command4_Click);
+    connect(command5_, &QPushButton::clicked, this, &frmNew::Command5_Click);
+    connect(command6_, &QPushButton::clicked, this, &frmNew::Command6_Click);
+    connect(command7_, &QPushButton::clicked, this, &frmNew::Command7_Click);
+    connect(command8_, &QPushButton::clicked, this, &frmNew::Command8_Click);
+    connect(list1_, &ByteList::DeletePressed, this, &frmNew::Command4_Click);
+}
+
+void frmNew::Form_Load() {
+    LoadFileTypesList();
+    {
+        const QSignalBlocker changed_below(txt_url_);
+        txt_url_->setText(platform::FromBytes(bas_General::ReadSetting("LastURL", "http://")));
+    }
+    txtURL_Change();
+    SetTxtDir(bas_General::StoredFolder());
+    list2_->addItems({"5", "10", "20", "30", "45"});
+    list2_->setEditText(platform::FromBytes(bas_General::ReadSetting("Timeout", "15")));
+    setFixedWidth(kCollapsedWidth);
+    frame1_->hide();
+}
+
+void frmNew::Form_Unload() {
+    // A filters dialog of this wizard cannot outlive it.
+    for (zFilter* filters : findChildren<zFilter*>(Qt::FindDirectChildrenOnly))
+        filters->close();
+
+    const std::string seconds(text::Trim(platform::ToBytes(list2_->currentText())));
+    bas_General::PutSetting("Timeout", seconds);
+    if (!seconds.empty()) ApplyTimeout(seconds);
+}
+
+void frmNew::ApplyTimeout(const std::string& seconds) {
+    const std::optional<std::int32_t> milliseconds =
+        text::RoundHalfEven(text::LeadingNumber(seconds) * 1000);
+    if (!milliseconds) return;
+    for (int slot = 1; slot <= crawl::kSlotCount; ++slot) {
+        if (!engine::Window().tmrOut(slot).SetInterval(*milliseconds)) return;
+    }
+}
+
+void frmNew::txtURL_Change() {
+    bas_General::PutSetting("LastURL", platform::ToBytes(txt_url_->text()));
+}
+
+void frmNew::txtDir_Change() {
+    bas_General::PutSetting("InDir", TxtDir());
+    ShowHostFolder();
+}
+
+std::string frmNew::TxtDir() const {
+    return platform::ToBytes(txt_dir_->text());
+}
+
+void frmNew::SetTxtDir(const std::string& folder) {
+    {
+        // The toolkit is silent about a text that is the same; the handler runs for every write.
+        const QSignalBlocker changed_below(txt_dir_);
+        txt_dir_->setText(platform::FromBytes(folder));
+    }
+    txtDir_Change();
+}
+
+void frmNew::ShowHostFolder() {
+    const std::string folder = bas_General::NormalizeFolder(TxtDir());
+    const std::optional<std::string> resolved = platform::ResolvePathText(folder);
+    const std::optional<std::string> host_path = platform::HostPathOf(folder);
+    if (!resolved || !host_path) {
+        host_folder_->setText("This computer has no such drive");
+    } else if (host_path->starts_with(*resolved)) {
+        host_folder_->clear();
+    } else {
+        host_folder_->setText("On this computer: " + platform::FromBytes(*host_path));
+    }
+}
+
+void frmNew::SetToInDIR() {
+    SetTxtDir(bas_Output::CleanLinkName(TxtDir()));
+    SetTxtDir(text::ReplaceAll(TxtDir(), "/", "\\"));
+    if (bas_Extractor::LastChar(TxtDir()) != "\\") SetTxtDir(TxtDir() + "\\");
+    bas_General::SetTargetFolder(TxtDir());
+}
+
+bool frmNew::TargetFolderAccepted() {
+    if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
+    platform::Host().boxes.MsgBox(
+        "That is an invalid directory. Check it has no invalid characters.",
+        platform::BoxStyle::Stop, "Eror");
+    return false;
+}
+
+void frmNew::Command1_Click() {
+    SetToInDIR();
+    if (!TargetFolderAccepted()) return;
+    SaveFileTypes();
+    engine::Window().SetText1(platform::ToBytes(txt_url_->text()));
+    bas_Connections::ConnectNowNow();
+    accept();
+}
+
+void frmNew::Command2_Click() {
+    SetToInDIR();
+    if (!TargetFolderAccepted()) return;
+    SaveFileTypes();
+    accept();
+}
+
+void frmNew::Command6_Click() {
+    const bool expand = width() == kCollapsedWidth;
+    setFixedWidth(expand ? kExpandedWidth : kCollapsedWidth);
+    move(x() + (expand ? -kSideStep : kSideStep), y());
+    command6_->setText(expand ? "Options <<" : "Options >>");
+    // Out of sight it must be out of the tab order, too.
+    frame1_->setVisible(expand);
+}
+
+void frmNew::Command7_Click() {
+    auto* chooser = new zDir(this, [this](const std::string& folder) { SetTxtDir(folder); });
+    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    chooser->setModal(true);
+    chooser->show();
+}
+
+void frmNew::Command8_Click() {
+    zFilter::ShowOver(this);
+}
+
+}  // namespace ui

@@ -1,0 +1,134 @@
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "setup/forms/byte_list.h"
+#include "setup/forms/decoration.h"
+#include "setup/forms/form_controls.h"
+#include "setup/forms/frm_new.h"
+
+#include "setup/forms/wrapping_button.h"
+#include "ui/address_box.h"
+#include "ui/elided_label.h"
+#include "ui/icons.h"
+#include "ui/label_font.h"
+#include "ui/twips.h"
+
+namespace ui {
+
+namespace {
+
+constexpr int kFormHeight = 4800;
+
+/// From the web into a folder: what the program is for.
+void AddPictures(QWidget* form) {
+    PlaceTwips(new Decoration("Image1", Decoration::Subject::Globe, form), 600, 240, 840, 840);
+    PlaceTwips(new Decoration("Image2", Decoration::Subject::Arrow, form), 1620, 420, 480, 480);
+    PlaceTwips(new Decoration("Image3", Decoration::Subject::Folder, form), 2280, 240, 840, 840);
+}
+
+}  // namespace
+
+void frmNew::MakeControls() {
+    setObjectName("frmNew");
+    setWindowTitle("New Site Wizard");
+    setFont(LabelFont());
+    setFixedHeight(Twips(kFormHeight));
+    AddPictures(this);
+    MakeMainArea();
+    MakeOptionsArea();
+    SetTabOrder({txt_url_, txt_dir_, command7_, command1_, command6_, list1_, command3_, command4_,
+                 command5_, list2_, command8_, command2_});
+    txt_url_->setFocus();
+}
+
+void frmNew::MakeMainArea() {
+    txt_url_ = new AddressBox(this);
+    txt_url_->setObjectName("txtURL");
+    txt_url_->setText("http://");
+    txt_dir_ = new AddressBox(this);
+    txt_dir_->setObjectName("txtDir");
+    txt_dir_->setText("C:\\websites\\");
+    host_folder_ = new ElidedLabel(this);
+    host_folder_->setObjectName("HostFolder");
+    QFont small = font();
+    small.setPixelSize(small.pixelSize() * 5 / 6);
+    host_folder_->setFont(small);
+    QLabel* label1 = MakeCaption("Label1", "Website to Download", this);
+    label1->setBuddy(txt_url_);
+    QLabel* label4 = MakeCaption("Label4", "Save to this Directory", this);
+    label4->setBuddy(txt_dir_);
+    QLabel* label8 = MakeCaption("Label8",
+                                 "If you have previously downloaded this website, make sure the "
+                                 "directory is different to last time, or the website may not be "
+                                 "downloaded correctly.",
+                                 this);
+    label8->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+
+    command1_ = new WrappingButton("Command1", "Download Website Now!", this);
+    command1_->setDefault(true);
+    command2_ = MakeFormButton("Command2", "Close", this);
+    command6_ = MakeFormButton("Command6", "Options >>", this);
+    command8_ = MakeFormButton("Command8", "Filters", this);
+    command7_ = MakeFormButton("Command7", "", this);
+    command7_->setIcon(ButtonIcon(Picture::Explore));
+    command7_->setIconSize(QSize(Twips(300), Twips(300)));
+    command7_->setToolTip("Browse for the directory");
+    command7_->setAccessibleName("Browse for the directory");
+
+    PlaceTwips(label1, 600, 1380, 4500, 270);
+    PlaceTwips(txt_url_, 600, 1680, 5775, 345);
+    PlaceTwips(label4, 600, 2220, 4500, 270);
+    PlaceTwips(txt_dir_, 1200, 2520, 5175, 345);
+    PlaceTwips(host_folder_, 1200, 2880, 5175, 240);
+    PlaceTwips(label8, 600, 3240, 4050, 1335);
+    PlaceTwips(command1_, 4800, 3600, 1695, 975);
+    PlaceTwips(command2_, 5160, 120, 1455, 375);
+    PlaceTwips(command6_, 5160, 600, 1455, 375);
+    PlaceTwips(command7_, 600, 2520, 495, 375);
+    PlaceTwips(command8_, 5160, 1080, 1455, 375);
+}
+
+void frmNew::MakeOptionsArea() {
+    frame1_ = new QFrame(this);
+    frame1_->setObjectName("Frame1");
+    frame1_->setFrameShape(QFrame::StyledPanel);
+    PlaceTwips(frame1_, 6840, 120, 2655, 4455);
+
+    list1_ = new ByteList("List1", frame1_);
+    list1_->setAccessibleName("Get These File Types");
+    command3_ = MakeFormButton("Command3", "Add", frame1_);
+    command4_ = MakeFormButton("Command4", "Delete", frame1_);
+    command5_ = MakeFormButton("Command5", "Set Default", frame1_);
+    list2_ = new QComboBox(frame1_);
+    list2_->setObjectName("List2");
+    list2_->setAccessibleName("Timeout in seconds");
+    list2_->setEditable(true);
+    list2_->setInsertPolicy(QComboBox::NoInsert);
+    list2_->setCompleter(nullptr);  // would turn a typed 1 into 10
+    QLabel* label3 = MakeCaption("Label3", "Get These File Types", frame1_);
+    label3->setBuddy(list1_);
+    QLabel* label5 = MakeCaption("Label5", "Timeout", frame1_);
+    label5->setBuddy(list2_);
+    QLabel* label6 = MakeCaption("Label6", "Seconds", frame1_);
+
+    auto* grid = new QGridLayout(frame1_);
+    grid->setContentsMargins(Twips(90), Twips(90), Twips(90), Twips(90));
+    grid->setSpacing(Twips(90));
+    grid->addWidget(label3, 0, 0, 1, 2);
+    grid->addWidget(list1_, 1, 0, 1, 2);
+    grid->addWidget(command3_, 2, 0);
+    grid->addWidget(command4_, 2, 1);
+    grid->addWidget(command5_, 3, 0, 1, 2);
+    auto* timeout = new QHBoxLayout;
+    timeout->setSpacing(Twips(60));
+    timeout->addWidget(label5);
+    timeout->addWidget(list2_, 1);
+    timeout->addWidget(label6);
+    grid->addLayout(timeout, 4, 0, 1, 2);
+}
+
+}  // namespace ui

@@ -1,0 +1,29 @@
+#include "setup/forms/wrapping_button.h"
+
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+namespace ui {
+
+WrappingButton::WrappingButton(const char* name, const QString& caption, QWidget* parent)
+    : QPushButton(caption, parent) {
+    setObjectName(QLatin1String(name));
+}
+
+void WrappingButton::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    painter.drawControl(QStyle::CE_PushButton, option);
+
+    QRect area = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    if (isDown()) {
+        area.translate(style()->pixelMetric(QStyle::PM_ButtonShiftHorizontal, &option, this),
+                       style()->pixelMetric(QStyle::PM_ButtonShiftVertical, &option, this));
+    }
+    constexpr int kFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
+    painter.drawItemText(area, kFlags, option.palette, isEnabled(), text(), QPalette::ButtonText);
+}
+
+}  // namespace ui

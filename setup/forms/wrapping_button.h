@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QPushButton>
+
+namespace ui {
+
+/// A large button whose caption may take several lines.
+class WrappingButton : public QPushButton {
+    Q_OBJECT
+
+  public:
+    WrappingButton(const char* name, const QString& caption, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace ui

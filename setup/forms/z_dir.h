@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <string>
+
+class QComboBox;
+class QPushButton;
+
+namespace ui {
+
+class ElidedLabel;
+class FolderList;
+
+/// The directory chooser: browsing drives and folders instead of typing one.
+class zDir : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// Takes the chosen folder as path text.
+    using SetFolder = std::function<void(const std::string&)>;
+
+    /// Opens on the stored folder, or the nearest one that is there. Ok gives what is chosen to
+    /// `set_folder` before the dialog closes; any other way of closing changes nothing.
+    zDir(QWidget* parent, SetFolder set_folder);
+
+  private:
+    void MakeControls();
+    void Form_Load();
+    void Drive1_Change();
+    void Dir1_Change();
+    void Command1_Click();
+    void SetLabel1(const std::string& caption);
+
+    SetFolder set_folder_;
+    std::string label1_caption_;
+    QComboBox* drive1_;
+    FolderList* dir1_;
+    ElidedLabel* label1_;
+    QPushButton* command1_;
+    QPushButton* command2_;
+};
+
+}  // namespace ui

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDialog>
+#include <string>
+
+class QLineEdit;
+class QPushButton;
+
+namespace ui {
+
+class ByteList;
+
+/// The keyword filters. Modeless; it deletes itself when it closes, and however it closes, its list
+/// becomes the filters.
+class zFilter : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit zFilter(QWidget* parent);
+    ~zFilter() override;
+
+    /// Shows the dialog over `parent`. There is one at most: a dialog that is open already moves
+    /// there, which makes it usable while `parent` is modal.
+    static zFilter* ShowOver(QWidget* parent);
+
+    void done(int result) override;
+
+  private:
+    void MakeControls();
+    void PlaceControls();
+    void Form_Load();
+    void Form_Unload();
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
+
+    bool unloaded_ = false;
+    QLineEdit* text1_;
+    ByteList* list1_;
+    QPushButton* command1_;
+    QPushButton* command2_;
+    QPushButton* command3_;
+    QPushButton* command4_;
+};
+
+}  // namespace ui

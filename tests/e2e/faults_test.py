@@ -1,0 +1,287 @@
+"""Servers, pages, disks and list files at their worst: the crawl goes on, and ends."""
+
+import hashlib
+import os
+import shutil
+import socket
+import struct
+import subprocess
+import time
+import unittest
+
+import private_network
+from program import Crawl, copy_program, read, tree
+from site_model import SiteModel
+from web import NOT_FOUND, ScriptedServer, page
+
+START = "www.example.test"
+HOME = b"example.test/index.html"
+
+
+def links_to(*targets):
+    return b"<html>" + b"".join(b"<a href='%s'>x</a>\n" % target for target in targets) + b"</html>"
+
+
+class FaultTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = private_network.scratch(self.id().rpartition(".")[2])
+        self.mirror = self.folder / "mirror"
+        self.program = copy_program(self.folder / "program")
+        (self.folder / "home").mkdir()
+
+    def start(self, *words, folder=None):
+        return Crawl(self.program, START, folder or self.mirror, *words)
+
+    def crawl(self, answers, *words, seconds=90, folder=None):
+        """Crawls what `answers` serves to the end, which must be a good one."""
+        with ScriptedServer(answers) as server:
+            crawl = self.start(*words, folder=folder)
+            self.assertEqual(crawl.wait(seconds), 0, crawl.output())
+        return server
+
+    def saved(self):
+        return {path: data for path, data in tree(self.mirror).items() if path.startswith(b"example.test/")}
+
+
+ODD_ANSWERS = {
+    b"garbage.html": bytes(range(256)) * 40,
+    b"header_only.html": b"HTTP/1.0 200 OK\r\nContent-Length: 0\r\n\r\n",
+    b"unfinished_header.html": b"HTTP/1.0 200 OK\r\nContent-Type: text/ht",
+    b"no_header.html": b"<html><body>Nothing before this.</body></html>",
+    b"two_bytes.html": b"ab",
+    b"wrong_length.html": b"HTTP/1.0 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\nshort",
+    b"bare_lines.html": b"HTTP/1.0 200 OK\n\n<html>\n<a href='a.html'>\r</html>",
+    b"nul.html": page(b"<html>\0\0<a href='a\0b.html'>\0</a>\0</html>"),
+    b"nul.gif": page(bytes(1000), "image/gif"),
+    b"long_line.html": page(b"<p>" + b"word " * 2_000_000 + b"</p>"),
+    b"long_link.html": page(links_to(b"y" * 100_000)),
+    b"deep.html": page(b"<div>" * 200_000 + b"deep"),
+    b"open.html": page(b"<a href='" + b"<b title=\"" * 1000 + b"<!--"),
+}
+
+
+class OddAnswers(FaultTest):
+    def test_each_is_saved_as_the_rules_say(self):
+        answers = {b"/": page(links_to(*ODD_ANSWERS, b"a.html"))}
+        answers |= {b"/" + name: answer for name, answer in ODD_ANSWERS.items()}
+        model = SiteModel(START.encode(), lambda _, path: answers.get(path, NOT_FOUND))
+        self.crawl(answers, "--connections", 24)
+        files = self.saved()
+        expected = {path: data for path, data in model.files.items() if b"\0" not in path}
+        self.assertEqual(sorted(files), sorted(expected))
+        for path, data in expected.items():
+            self.assertTrue(files[path] == data, path)
+
+    def test_an_answer_of_300_mb(self):
+        part, parts = bytes(range(256)) * 4096, 300
+        size = len(part) * parts
+
+        def send_it(connection, _):
+            connection.sendall(b"HTTP/1.0 200 OK\r\nContent-Length: %d\r\n\r\n" % size)
+            for _ in range(parts):
+                connection.sendall(part)
+
+        with ScriptedServer({b"/": page(links_to(b"big.zip")), b"/big.zip": send_it}):
+            crawl = self.start()
+            memory, started = 0, time.monotonic()
+            while crawl.process.poll() is None and time.monotonic() < started + 120:
+                memory = max(memory, crawl.peak_memory())
+                time.sleep(0.02)
+            self.assertEqual(crawl.wait(0), 0, crawl.output())
+        print(f"300 MB: {time.monotonic() - started:.1f} s, {memory / size:.2f} times its size in memory")
+        self.assertLess(memory, 3 * size)
+        expected = hashlib.sha256()
+        for _ in range(parts):
+            expected.update(part)
+        expected.update(b"\r\n")
+        with open(self.mirror / "example.test/big.zip", "rb") as file:
+            self.assertEqual(hashlib.file_digest(file, "sha256").digest(), expected.digest())
+
+
+def silent(_, ending):
+    ending.wait()
+
+
+def never_closing(connection, ending):
+    connection.sendall(page(b"whole, but nobody says so"))
+    ending.wait()
+
+
+def hangs_up(connection, _):
+    connection.close()
+
+
+def resets(connection, _):
+    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+    connection.close()
+
+
+def resets_within(connection, ending):
+    connection.sendall(page(b"x" * 5000)[:3000])
+    time.sleep(0.2)  # the first part is to arrive before the reset
+    resets(connection, ending)
+
+
+def drips(connection, _):
+    connection.sendall(b"\r\n\r\n")
+    for byte in b"drop":
+        time.sleep(1)  # the fault itself
+        connection.sendall(bytes([byte]))
+
+
+NEVER_ENDING = {b"silent.html": silent, b"never_closing.html": never_closing, b"hangs_up.html": hangs_up,
+                b"resets.html": resets, b"resets_within.html": resets_within}
+UNREACHABLE = [b"http://refused.example.test/x.html", b"http://nowhere.example.test/x.html"]
+
+
+class BadConnections(FaultTest):
+    def test_the_rest_is_downloaded(self):
+        good = [b"good%d.html" % i for i in range(20)]
+        answers = {b"/": page(links_to(*good[:10], *NEVER_ENDING, *UNREACHABLE, b"drips.html", *good[10:])),
+                   b"/drips.html": drips}
+        answers |= {b"/" + name: page(name) for name in good}
+        answers |= {b"/" + name: fault for name, fault in NEVER_ENDING.items()}
+        server = self.crawl(answers, "--connections", 24, "--timeout", 2)
+        files = tree(self.mirror)
+        for name in good:
+            self.assertEqual(files.pop(b"example.test/" + name), name + b"\r\n")
+        self.assertEqual(files.pop(b"example.test/drips.html"), b"drop\r\n")
+        rest = {path for path in files if not path.startswith(b"_SearchData/")}
+        self.assertEqual(rest, {HOME, b"log.txt"})
+        for name in NEVER_ENDING:
+            self.assertEqual(server.paths().count(b"/" + name), 3, name)
+
+
+# Names are cleaned late, so ".*./" and its like become "../" after every test for that.
+CLIMBS = [b"../../", b"..\\..\\", b"a/../../../", b"/../../", b"%2e%2e/%2e%2e/",
+          b"/tmp/", b"c:\\", b"c:/.*./", b"z:\\tmp\\", b"file:///tmp/", b"http://.www../.www../example.test/"]
+LATE_CLIMBS = [b".*./.*./.*./", b".{./.{./", b".|./.|./", b".www../.www../.www../", b"a/.*./.*./.*./.*./",
+               b".*./.*./canary/", b".*./.*./new/folder/", b".www../.*./program/", b"link/"]
+ESCAPES = [folder + b"escape%d.html" % i for i, folder in enumerate(CLIMBS + LATE_CLIMBS)]
+
+
+class Escapes(FaultTest):
+    def test_nothing_is_written_outside_the_folder(self):
+        canary = self.folder / "canary"
+        canary.mkdir()
+        (canary / "kept.txt").write_text("as it was")
+        (self.program.parent / "filters.txt").write_text("nothing\r\n")
+        (self.mirror / "example.test").mkdir(parents=True)
+        (self.mirror / "example.test/link").symlink_to(canary)
+        before = self.outside()
+        links = [*ESCAPES, b".*./.*./canary/kept.txt", b".*./.*./program/filters.txt"]
+        answers = {path: page(links_to(*links, b"/a/b/c/deep.html")) for path in (b"/", b"/a/b/c/deep.html")}
+        server = self.crawl(answers, "--connections", 24, "--timeout", 1)
+        self.assertEqual(self.outside(), before)
+        late = {b"/" + link for link in ESCAPES[len(CLIMBS):]}
+        self.assertEqual(late - set(server.paths()), set(), "each was tried")
+
+    def outside(self):
+        """Everything of the test's folder but the mirror and the program's own lists; and the roots."""
+        near = {path: data for path, data in tree(self.folder).items()
+                if not path.startswith((b"mirror/", b"program/output-", b"program/temp/"))}
+        folders = sorted(os.listdir(self.folder)), sorted(os.listdir(self.folder / "canary"))
+        roots = [sorted(name for name in os.listdir(root) if "escape" in name or name == "example.test")
+                 for root in ("/", "/tmp", self.folder.parent)]
+        return near, folders, roots
+
+
+class ManyLinks(FaultTest):
+    def test_100_000_links_on_a_page(self):
+        unwanted = [b"file%d.exe" % i for i in range(50_000)]
+        answers = {b"/": page(links_to(*unwanted, *([b"known.html"] * 50_000)))}
+        server = self.crawl(answers)
+        self.assertEqual(sorted(server.paths()), [b"/", b"/known.html"])
+
+    def test_each_of_many_files_is_asked_for_once(self):
+        names = [b"dir%d/file%d.html" % (i % 7, i) for i in range(600)]
+        server = self.crawl({b"/": page(links_to(*names, *names))}, "--connections", 24)
+        self.assertEqual(sorted(server.paths()), sorted([b"/"] + [b"/" + name for name in names]))
+        self.assertEqual(len(self.saved()), len(names) + 1)
+        self.assertEqual(len(read(self.mirror / "log.txt").splitlines()), len(names))
+
+    def test_pages_that_lead_to_themselves(self):
+        long_name = b"n" * 260 + b".html"
+        refresh = b"<meta http-equiv=refresh content='0; url=http://www.example.test/%s'>"
+        loops = [b"again.html", long_name, b"taken.html/inner.html", b"taken.html", b"other/taken.html",
+                 b"other/taken.html/inner.html", b"colon:.html", b"a\0b.html"]
+        answers = {b"/": page(links_to(*loops))}
+        for name in loops:
+            own = name.rpartition(b"/")[2]
+            answers[b"/" + name] = page(links_to(own, b"http://www.example.test/" + name) + refresh % name)
+        server = self.crawl(answers, "--connections", 4)
+        for name in loops:
+            self.assertLessEqual(server.paths().count(b"/" + name), 3, name)
+
+
+class TargetFolder(FaultTest):
+    def mount(self, folder, options):
+        folder.mkdir()
+        subprocess.run(["mount", "-t", "tmpfs", "-o", options, "none", folder], check=True)
+        self.addCleanup(subprocess.run, ["umount", folder], check=True)
+
+    def test_a_folder_that_cannot_be_written_is_refused(self):
+        (self.folder / "file").write_text("in the way")
+        read_only = self.folder / "read_only"
+        self.mount(read_only, "ro")
+        for folder in (self.folder / "file/mirror", read_only, read_only / "mirror"):
+            crawl = self.start(folder=folder)
+            self.assertEqual(crawl.wait(20), 1, folder)
+            self.assertIn("That is an invalid directory. Check it has no invalid characters.", crawl.output())
+
+    def test_bad_words_are_refused(self):
+        for words in (["--site"], ["--site", START], ["--folder", self.mirror], ["--no-such-word"],
+                      ["--site", START, "--folder", self.mirror, "--connections", "25"],
+                      ["--site", "", "--folder", self.mirror]):
+            done = subprocess.run([self.program, *words], capture_output=True, text=True, timeout=20,
+                                  check=False)
+            self.assertEqual(done.returncode, 2, words)
+            self.assertTrue(done.stderr.strip(), words)
+
+    def test_a_folder_that_vanishes(self):
+        names = [b"dir/file%d.html" % i for i in range(40)]
+
+        def vanish(connection, _):
+            shutil.rmtree(self.mirror)
+            connection.sendall(page(b"gone"))
+
+        answers = {b"/": page(links_to(*names)), b"/dir/file20.html": vanish}
+        server = self.crawl(answers)
+        self.assertEqual(len(server.requests), len(names) + 1)
+        self.assertTrue((self.mirror / "example.test/dir/file0.html").is_file(), "the last one comes after")
+
+    def test_a_full_disk(self):
+        self.mount(self.mirror, "size=512k")
+        body = b"picture" * 10_000
+        names = [b"file%d.gif" % i for i in range(20)]
+        answers = {b"/": page(links_to(*names))} | {b"/" + name: page(body) for name in names}
+        server = self.crawl(answers)
+        self.assertEqual(sorted(server.paths()), sorted(answers))
+        pictures = [data for path, data in self.saved().items() if path.endswith(b".gif")]
+        self.assertTrue(3 < len(pictures) < 8, f"{len(pictures)} files fit")
+        self.assertTrue(all(data == body + b"\r\n" for data in pictures), "a file is whole or not there")
+
+
+class ListFiles(FaultTest):
+    def test_damaged_lists_do_no_harm(self):
+        damaged = {"random": os.urandom(100_000), "one line": b"x" * 1_000_000, "nul": bytes(1000),
+                   "many lines": b".html\r\n" * 100_000, "no lines": b""}
+        (self.program.parent / "temp").mkdir()
+        answers = {b"/": page(links_to(b"a.html"))}
+        for what, data in damaged.items():
+            with self.subTest(damage=what):
+                (self.program.parent / "temp/filetypes.txt").write_bytes(data)
+                (self.program.parent / "filters.txt").write_bytes(data if what != "many lines" else b"zz\n" * 101)
+                self.crawl(answers, folder=self.folder / what)
+                self.assertTrue((self.folder / what / "example.test/index.html").is_file())
+
+    def test_a_folder_in_place_of_each_list(self):
+        (self.program.parent / "temp/filetypes.txt").mkdir(parents=True)
+        (self.program.parent / "filters.txt").mkdir()
+        self.crawl({b"/": page(links_to(b"a.html"))})
+        self.assertEqual(list(self.saved()), [HOME])
+
+
+if __name__ == "__main__":
+    private_network.enter()
+    unittest.main(verbosity=2)

@@ -1,0 +1,180 @@
+"""Downloads real documentation from a real web server and browses the mirror offline."""
+
+import os
+import posixpath
+import time
+import unittest
+from collections import Counter
+from urllib.parse import unquote
+
+import private_network
+import web
+from browser import Browser
+from program import Crawl, copy_program, tree
+from site_model import DEFAULT_TYPES, SiteModel, clean_link_name
+
+# Two sites that no one here wrote: many folders and links through "../", and many pictures.
+SITES = {"www.example.test": "/usr/share/doc/python-kombu-doc/html",
+         "www.second.test": "/usr/share/doc/xapian-doc"}
+
+# (name of the crawl, site, connections)
+CRAWLS = [("one", "www.example.test", 1), ("many", "www.example.test", 24),
+          ("four", "www.second.test", 4)]
+
+RECORDS = {b"log.txt", b"transdd.txt"}
+
+
+def setUpModule():
+    server = web.nginx(private_network.scratch("nginx"), SITES)
+    server.__enter__()
+    unittest.addModuleCleanup(server.__exit__, None, None, None)
+    Mirrors.models = {site: SiteModel(site.encode(), web.receive) for site in SITES}
+    for name, site, connections in CRAWLS:
+        folder = private_network.scratch(name)
+        target = folder / "mirror"
+        target.mkdir()
+        started = time.monotonic()
+        crawl = Crawl(copy_program(folder / "program"), site, target, "--connections", connections)
+        Mirrors.exits[name] = crawl.wait(), crawl.output()
+        Mirrors.trees[name] = tree(target)
+        Mirrors.folders[name] = str(target)
+        Mirrors.beside[name] = set(os.listdir(folder))
+        Mirrors.homes[name] = tree(folder / "home")
+        print(f"{site} with {connections} connections: {len(Mirrors.trees[name])} files in "
+              f"{time.monotonic() - started:.1f} s", flush=True)
+
+
+class Mirrors:
+    """What the crawls left behind."""
+
+    models, exits, trees, folders, beside, homes = {}, {}, {}, {}, {}, {}
+
+
+def lines(data):
+    return data.decode("latin-1").split("\r\n")[:-1]
+
+
+def site_files(files):
+    return {path: data for path, data in files.items()
+            if path not in RECORDS and not path.startswith(b"_SearchData/")}
+
+
+class MirrorTest(unittest.TestCase):
+    def each_crawl(self):
+        for name, site, _ in CRAWLS:
+            yield Mirrors.models[site], Mirrors.trees[name], name
+
+    def test_the_crawl_ends_well(self):
+        for _, _, name in self.each_crawl():
+            status, output = Mirrors.exits[name]
+            self.assertEqual(status, 0, output)
+            self.assertIn("The website has been downloaded.", output)
+
+    def test_every_wanted_file_is_there_and_nothing_else(self):
+        for model, files, name in self.each_crawl():
+            self.assertGreater(len(model.files), 200)
+            self.assertEqual(sorted(site_files(files)), sorted(model.files), name)
+
+    def test_every_file_has_the_bytes_that_the_rules_give(self):
+        for model, files, name in self.each_crawl():
+            wrong = [path for path, data in model.files.items() if files.get(path) != data]
+            self.assertEqual(wrong, [], name)
+
+    def test_each_queued_address_is_logged_once(self):
+        for model, files, _ in self.each_crawl():
+            self.assertEqual(sorted(lines(files[b"log.txt"])),
+                             sorted(address.decode("latin-1") for address in model.queued))
+
+    def test_addresses_that_climb_are_recorded_before_and_after(self):
+        for model, files, _ in self.each_crawl():
+            recorded = lines(files.get(b"transdd.txt", b""))
+            records = [tuple(recorded[i:i + 3]) for i in range(0, len(recorded), 3)]
+            self.assertEqual(sorted(records), sorted((found.decode(), result.decode(), "")
+                                                     for found, result in model.resolved))
+
+    def test_the_search_extract_has_the_text_of_each_page(self):
+        for model, files, name in self.each_crawl():
+            host = dict((crawl, site) for crawl, site, _ in CRAWLS)[name].replace("www.", "")
+            records = lines(files[f"_SearchData/{host}.txt".encode()])
+            pages = [path.decode().lower() for path in model.files
+                     if b".htm" in path.lower() or b".tx" in path.lower()]
+            # A page has several records when several addresses led to it.
+            self.assertEqual(set(records[0::2]), {"! " + page.replace("/", "\\") for page in pages}, name)
+            empty = [page for page, text in zip(records[0::2], records[1::2]) if not text.strip()]
+            self.assertEqual(empty, [])
+
+    def test_nothing_is_written_beside_the_mirror(self):
+        for _, _, name in self.each_crawl():
+            self.assertEqual(Mirrors.beside[name], {"mirror", "program", "home"})
+            self.assertEqual(Mirrors.homes[name], {})
+
+    def test_the_number_of_connections_changes_nothing(self):
+        one, many = Mirrors.trees["one"], Mirrors.trees["many"]
+        self.assertEqual(sorted(one), sorted(many))
+        for path in set(one) - RECORDS:
+            with self.subTest(path=path):
+                if path.startswith(b"_SearchData/"):
+                    self.assertEqual(sorted(lines(one[path])), sorted(lines(many[path])))
+                else:
+                    self.assertTrue(one[path] == many[path])
+
+
+class OfflineTest(unittest.TestCase):
+    """Opens every page of the mirrors in a browser."""
+
+    def test_links_lead_to_saved_files_and_no_request_leaves_the_disk(self):
+        found = Counter()
+        with Browser(private_network.scratch("browser")) as browser:
+            for name, site, _ in CRAWLS[1:]:
+                model = Mirrors.models[site]
+                mirror = Mirrors.folders[name]
+                pages = [path for path in sorted(model.files) if is_page(path, model.original[path])]
+                self.assertGreater(len(pages), 150)
+                for path in pages:
+                    self.check_page(browser, mirror, path, model, found)
+            elsewhere = {url for url in browser.requested if not url.startswith(("file:", "data:", "about:"))}
+        self.assertEqual(elsewhere, set())
+        self.assertGreater(found["leads to a saved file"], 20_000)
+        for what, count in found.most_common():
+            print(f"{count:6} links: {what}")
+
+    def check_page(self, browser, mirror, path, model, found):
+        for written, address in browser.links(f"{mirror}/{path.decode()}"):
+            if not address.startswith("file://"):
+                continue
+            target = unquote(address.removeprefix("file://").partition("#")[0].partition("?")[0])
+            self.assertTrue(target.startswith(mirror + "/"), f"{path}: {written} leaves the mirror")
+            if os.path.isfile(target) or os.path.isfile(target + "/index.html"):
+                found["leads to a saved file"] += 1
+                continue
+            reason = excuse(posixpath.relpath(target, mirror).encode(), model)
+            self.assertTrue(reason, f"{path}: {written} is broken")
+            found[reason] += 1
+
+
+def is_page(path, response):
+    return path.endswith(b".html") and response.startswith(b"HTTP/1.1 200 ")
+
+
+def excuse(missing, model):
+    """Why a file that a page links to may be missing from the mirror; None when it may not."""
+    path = missing.partition(b"/")[2]
+    if posixpath.splitext(path)[1].lower() not in DEFAULT_TYPES:
+        return "missing, its type is not among the wanted ones"
+    if clean_link_name(missing) in model.files:
+        return "missing, it was saved under a cleaned name"
+    if any(address_of(found) == missing and address_of(result) != missing
+           for found, result in model.resolved):
+        return "missing, its '../' was resolved by removing a folder's name everywhere in the address"
+    if not model.receive(model.host, b"/" + path).startswith(b"HTTP/1.1 200 "):
+        return "missing, the site itself does not have it"
+    return None
+
+
+def address_of(link):
+    return posixpath.normpath(link.replace(b"www.", b""))
+
+
+if __name__ == "__main__":
+    private_network.enter()
+    unittest.main(verbosity=2)

@@ -1,0 +1,78 @@
+"""The real program, run unattended from a copy of its own, and what it left on disk."""
+
+import os
+import shutil
+import subprocess
+import time
+from pathlib import Path
+
+
+def copy_program(folder):
+    """A portable copy: the program keeps its lists beside its executable."""
+    folder.mkdir(parents=True, exist_ok=True)
+    return Path(shutil.copy(os.environ["VANTORIN_PROGRAM"], folder))
+
+
+def environment(home, **more):
+    """A user of whom nothing else is known, without a display."""
+    runtime = home / "runtime"
+    runtime.mkdir(mode=0o700, parents=True, exist_ok=True)
+    kept = {key: os.environ[key] for key in ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS") if key in os.environ}
+    return kept | {"HOME": str(home), "XDG_RUNTIME_DIR": str(runtime), "LANG": "C.UTF-8"} | more
+
+
+class Crawl:
+    """One unattended crawl, running from construction on."""
+
+    def __init__(self, program, site, folder, *words):
+        self.folder = Path(folder)
+        self.output_file = program.parent / f"output-{time.monotonic_ns()}.txt"
+        with self.output_file.open("wb") as output:
+            self.process = subprocess.Popen(
+                [program, "--site", site, "--folder", folder, *map(str, words)],
+                env=environment(program.parent.parent / "home"), stdin=subprocess.DEVNULL,
+                stdout=output, stderr=subprocess.STDOUT)
+
+    def wait(self, seconds=120):
+        """The exit status; a crawl that does not end in time is killed and counts as status None."""
+        try:
+            return self.process.wait(seconds)
+        except subprocess.TimeoutExpired:
+            self.process.kill()
+            self.process.wait()
+            return None
+
+    def output(self):
+        return self.output_file.read_text(errors="replace")
+
+    def peak_memory(self):
+        """The most memory the running program held so far, in bytes; 0 when it has ended."""
+        try:
+            status = Path(f"/proc/{self.process.pid}/status").read_text()
+        except OSError:
+            return 0
+        lines = [line for line in status.splitlines() if line.startswith("VmHWM:")]
+        return int(lines[0].split()[1]) * 1024 if lines else 0
+
+
+def tree(folder):
+    """Every file below a folder: its path relative to it, as bytes, and its contents."""
+    folder = os.fsencode(folder)
+    return {os.path.relpath(os.path.join(parent, name), folder): read(os.path.join(parent, name))
+            for parent, _, names in os.walk(folder) for name in names}
+
+
+def read(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
+def wait_until(condition, seconds=60, what="the awaited state"):
+    """The first true value of `condition()`."""
+    deadline = time.monotonic() + seconds
+    while time.monotonic() < deadline:
+        value = condition()
+        if value:
+            return value
+        time.sleep(0.05)
+    raise TimeoutError(f"{what} did not come within {seconds} s")

@@ -1,0 +1,78 @@
+#include "platform/qt/qt_process_starter.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "tests/qt/real_bench.h"
+
+namespace {
+
+/// Puts a stand-in for the desktop's opener first on the PATH; it writes its arguments to a file,
+/// each on a line of its own in brackets.
+class QtProcessStarterTest : public testing::Test {
+  protected:
+    QtProcessStarterTest() {
+        QFile opener(folder_.filePath("xdg-open"));
+        EXPECT_TRUE(opener.open(QIODevice::WriteOnly));
+        opener.write(
+            "#!/bin/sh\n"
+            "cd \"$(dirname \"$0\")\"\n"
+            "printf '[%s]\\n' \"$@\" > part && mv part arguments\n");
+        opener.close();
+        opener.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        qputenv("PATH", folder_.path().toLocal8Bit() + ":" + path_);
+    }
+    ~QtProcessStarterTest() override { qputenv("PATH", path_); }
+
+    /// What the opener was started with since the last call.
+    std::string Arguments() {
+        QFile file(folder_.filePath("arguments"));
+        if (!clock_.RunUntil([&] { return file.exists(); })) return "nothing started";
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const std::string arguments = file.readAll().toStdString();
+        file.remove();
+        return arguments;
+    }
+
+    QByteArray path_ = qgetenv("PATH");
+    QTemporaryDir folder_;
+    real::Clock clock_;
+    platform::QtProcessStarter starter_;
+};
+
+}  // namespace
+
+TEST_F(QtProcessStarterTest, ExploresAFolderAsOneArgument) {
+    const std::string home = QDir::homePath().toLocal8Bit().toStdString();
+    EXPECT_TRUE(starter_.ExploreFolder("\\srv\\my mirror\\"));
+    EXPECT_EQ(Arguments(), "[/srv/my mirror]\n");
+    EXPECT_TRUE(starter_.ExploreFolder("C:\\Websites\\"));
+    EXPECT_EQ(Arguments(), "[" + home + "/Websites]\n");
+    EXPECT_TRUE(starter_.ExploreFolder("z:\\--version $(id);`id`\\\"'"));
+    EXPECT_EQ(Arguments(), "[/--version $(id);`id`/\"']\n");
+    EXPECT_FALSE(starter_.ExploreFolder(""));
+}
+
+TEST_F(QtProcessStarterTest, OpensOnlyWebAddressesEncoded) {
+    EXPECT_TRUE(starter_.OpenAddress("http://site.com/a b?x=<y>&\"z\""));
+    EXPECT_EQ(Arguments(), "[http://site.com/a%20b?x=%3Cy%3E&%22z%22]\n");
+    EXPECT_TRUE(starter_.OpenAddress("HTTP://site.com"));
+    EXPECT_EQ(Arguments(), "[http://site.com]\n");
+    for (const std::string address :
+         {"", "site.com", "http://", "http:///etc", "file:///etc/passwd", "https://site.com",
+          "-x http://site.com", " http://site.com", "javascript:http://x", "http://a b/",
+          "http://site.com\n--option", "ftp://http://"}) {
+        if (starter_.OpenAddress(address)) {
+            ADD_FAILURE() << address << " opened as " << Arguments();
+        }
+    }
+}
+
+TEST_F(QtProcessStarterTest, TellsWhenThereIsNoOpener) {
+    qputenv("PATH", "/nowhere");
+    EXPECT_FALSE(starter_.ExploreFolder("\\srv"));
+    EXPECT_FALSE(starter_.OpenAddress("http://site.com"));
+}

@@ -1,0 +1,132 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "engine/crawl_state.h"
+#include "engine/main_window.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_socket.h"
+#include "setup/file_types.h"
+#include "tests/fakes/fake_host.h"
+#include "ui/frm_main.h"
+#include "ui/window_holder.h"
+
+/// The real window with real sockets, on a host in memory.
+namespace bench {
+
+/// A web server on this machine: answers a GET of a known path and closes; is silent otherwise.
+class WebServer {
+  public:
+    WebServer() {
+        server_.listen(QHostAddress::LocalHost);
+        QObject::connect(&server_, &QTcpServer::newConnection, [this] {
+            QTcpSocket* peer = server_.nextPendingConnection();
+            QObject::connect(peer, &QTcpSocket::readyRead, [this, peer] { Answer(*peer); });
+            QObject::connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);
+        });
+    }
+    std::uint16_t Port() const { return server_.serverPort(); }
+
+    std::map<std::string, std::string> pages;  ///< body by path
+
+  private:
+    void Answer(QTcpSocket& peer) {
+        const std::string request = peer.readAll().toStdString();
+        const auto page = pages.find(request.substr(4, request.find(' ', 4) - 4));
+        if (page == pages.end()) return;
+        peer.write(QByteArray::fromStdString("HTTP/1.0 200 OK\r\n\r\n" + page->second));
+        peer.disconnectFromHost();
+    }
+
+    QTcpServer server_;
+};
+
+/// A real socket for which every host is the test's server.
+class LocalSocket : public platform::Socket {
+  public:
+    explicit LocalSocket(const WebServer& server) : server_(server) {
+        socket_.on_connect = [this] { on_connect(); };
+        socket_.on_data = [this] { on_data(); };
+    }
+    void Connect(const std::string&, std::uint16_t) override {
+        socket_.Connect("127.0.0.1", server_.Port());
+    }
+    bool SendData(std::string_view bytes) override { return socket_.SendData(bytes); }
+    std::string GetData() override { return socket_.GetData(); }
+    void Close() override { socket_.Close(); }
+    platform::SocketState State() const override { return socket_.State(); }
+
+  private:
+    const WebServer& server_;
+    platform::QtSocket socket_;
+};
+
+class WindowTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        bas_General::MakeFileTypesFolder();
+        bas_General::WriteFileTypes(bas_General::DefaultFileTypes());
+    }
+
+    ui::frmMain& Window() { return holder.Current(); }
+
+    template <typename Control>
+    Control& The(const char* name) {
+        return *Window().findChild<Control*>(name);
+    }
+
+    bool WaitFor(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, 20'000);
+    }
+
+    /// Loads and shows the window; what its activation brings has happened afterwards.
+    void Open() {
+        holder.Load();
+        holder.Show();
+        ASSERT_TRUE(WaitFor([&] { return !Window().ShowWizardOnActivate; }));
+    }
+
+    /// Types an address and presses Enter.
+    void StartByKeys(const char* address) {
+        auto& box = The<QLineEdit>("Text1");
+        box.setFocus();
+        QTest::keyClicks(&box, address);
+        QTest::keyClick(&box, Qt::Key_Return);
+    }
+
+    /// A crawl that stays busy: its first page never comes.
+    void StartSilentCrawl() {
+        StartByKeys("silent.com");
+        ASSERT_FALSE(Window().Command1Enabled());
+    }
+
+    void Click(const char* button) {
+        QTest::mouseClick(&The<QAbstractButton>(button), Qt::LeftButton);
+    }
+    void Choose(const char* menu_entry) { The<QAction>(menu_entry).trigger(); }
+
+    WebServer server;
+    platform::QtEventLoop events;
+    fakes::FakeHost host{events};
+    int wizards = 0;
+    std::function<void()> in_wizard;  ///< what happens while the wizard is open
+    ui::WindowHolder holder{events,
+                            {[this](QWidget&) {
+                                 ++wizards;
+                                 if (in_wizard) in_wizard();
+                             },
+                             [this] { return std::make_unique<LocalSocket>(server); }}};
+};
+
+}  // namespace bench

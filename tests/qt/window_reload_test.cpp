@@ -1,0 +1,136 @@
+#include <QLabel>
+#include <QPointer>
+#include <QTimer>
+#include <algorithm>
+
+#include "engine/endings.h"
+#include "tests/qt/window_bench.h"
+
+using platform::BoxAnswer;
+
+/// The window's exchange by a stop, and the wizard that opens by itself.
+class WindowReload : public bench::WindowTest {
+  protected:
+    void SetUp() override {
+        WindowTest::SetUp();
+        crawl::TargetFolder = "c:\\mirror\\";
+        host.files.Have("c:\\mirror");
+    }
+    QString Status() { return The<QLabel>("Label6").text(); }
+};
+
+TEST_F(WindowReload, OpensTheWizardOnceAtTheStart) {
+    in_wizard = [this] {
+        holder.Activated();
+        QTest::qWait(50);
+    };
+    Open();
+    EXPECT_EQ(wizards, 1);
+    holder.Activated();
+    QTest::qWait(50);
+    EXPECT_EQ(wizards, 1);
+    Choose("mnupref");
+    EXPECT_EQ(wizards, 2);
+}
+
+TEST_F(WindowReload, StopMakesAFreshWindowAndThenOpensTheWizard) {
+    Open();
+    StartSilentCrawl();
+    crawl::List2.AddItem("www.silent.com/x.iso");
+    Window().setGeometry(30, 40, 700, 600);
+    const QRect place = Window().geometry();
+    const QPointer<ui::frmMain> old(&Window());
+    QString status_in_wizard;
+    in_wizard = [&] { status_in_wizard = Status(); };
+
+    host.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    Click("Command2");
+    EXPECT_EQ(&Window(), old.data());
+    EXPECT_FALSE(Window().Command1Enabled());
+    Click("Command2");
+    ASSERT_NE(&Window(), old.data());
+    EXPECT_EQ(&engine::Window(), &Window());
+    EXPECT_EQ(wizards, 1);
+
+    ASSERT_TRUE(WaitFor([&] { return wizards == 2 && old.isNull(); }));
+    EXPECT_EQ(status_in_wizard, "Operation Cancelled.");
+    EXPECT_FALSE(crawl::Stopping);
+    EXPECT_EQ(Window().geometry(), place);
+    EXPECT_EQ(Window().Text1(), "");
+    EXPECT_EQ(Window().TxtMax(), "4");
+    EXPECT_TRUE(crawl::List2.Empty());
+    EXPECT_FALSE(The<QAction>("mnupause").isEnabled());
+}
+
+TEST_F(WindowReload, NewSiteDuringACrawlAsksAndOpensOneWizard) {
+    Open();
+    StartSilentCrawl();
+    Choose("mnunew");  // answered No
+    EXPECT_EQ(wizards, 1);
+    EXPECT_FALSE(Window().Command1Enabled());
+
+    host.boxes.answers = {BoxAnswer::Yes};
+    in_wizard = [] { QTest::qWait(100); };
+    Choose("mnunew");
+    QTest::qWait(100);
+    EXPECT_EQ(wizards, 2);
+    EXPECT_FALSE(crawl::Stopping);
+    EXPECT_FALSE(Window().ShowWizardOnActivate);
+}
+
+TEST_F(WindowReload, ClosesThePauseDialogOfTheOldWindow) {
+    Open();
+    StartSilentCrawl();
+    const QPointer<ui::frmMain> old(&Window());
+    QTimer::singleShot(0, [&] {
+        holder.Reload();
+        EXPECT_FALSE(Window().tmrMove().Enabled());
+    });
+    Choose("mnupause");
+    EXPECT_FALSE(old.isNull()) << "its handler is still running";
+    EXPECT_TRUE(WaitFor([&] { return old.isNull(); }));
+    EXPECT_FALSE(Window().tmrMove().Enabled());
+}
+
+/// The stop is clicked while events run in the middle of work on a page, after each of the writes
+/// that a crawl of three pages makes.
+TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
+    server.pages = {{"/", "<a href=\"b.html\"> <a href=\"c.html\"> <a href=\"d.iso\">"},
+                    {"/b.html", "<a href=\"c.html\">"},
+                    {"/c.html", "c"}};
+    Open();
+    int nested_stops = 0;
+    host.boxes.while_open = [&] { nested_stops += events.Depth() > 0 ? 1 : 0; };
+    for (int stop_at = 1; host.processes.folders.empty(); ++stop_at) {
+        SCOPED_TRACE(testing::Message() << "stopped after write " << stop_at);
+        const QPointer<ui::frmMain> old(&Window());
+        const int wizards_before = wizards;
+        int writes = 0;
+        host.boxes.answers = {BoxAnswer::Yes};
+        host.files.on_write = [&](const std::string&) {
+            if (++writes == stop_at) QTimer::singleShot(0, [this] { Click("Command2"); });
+        };
+        host.files.Have("c:\\mirror");
+        StartByKeys("site.com");
+        // At last the crawl is complete before it can be stopped, and opens its folder.
+        ASSERT_TRUE(WaitFor([&] { return old.isNull() || !host.processes.folders.empty(); }));
+        host.files.on_write = nullptr;
+        if (!host.processes.folders.empty()) {
+            EXPECT_GT(stop_at, 5) << "so many writes the crawl makes at least";
+            break;
+        }
+        EXPECT_EQ(Status(), "Operation Cancelled.");
+        ASSERT_TRUE(WaitFor([&] { return wizards == wizards_before + 1; }));
+        EXPECT_TRUE(Window().Command1Enabled());
+        EXPECT_FALSE(Window().tmrMove().Enabled());
+        EXPECT_FALSE(std::ranges::any_of(host.files.files, [](const auto& file) {
+            return file.first.ends_with(".tmp");
+        })) << "placeholders are swept";
+        const auto of_mirror = [](const std::string& path) {
+            return path.starts_with("c:\\mirror");
+        };
+        std::erase_if(host.files.files, [&](const auto& file) { return of_mirror(file.first); });
+        std::erase_if(host.files.folders, of_mirror);
+    }
+    EXPECT_GT(nested_stops, 0) << "no stop came inside a handler";
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QScrollArea>
+#include <string>
+
+#include "engine/crawl_state.h"
+#include "text/one_based.h"
+#include "ui/elided_label.h"
+#include "ui/rate_graph.h"
+
+namespace ui {
+
+/// The connection panel: two headings with the rate of the last minute beside them, and below a row
+/// for each connection. The rows scroll where the panel is too low for them.
+class ConnectionPanel : public QFrame {
+    Q_OBJECT
+
+  public:
+    explicit ConnectionPanel(QWidget* parent);
+
+    /// The height at which all rows show.
+    int FullHeight() const;
+    /// The height at which a few rows show.
+    int LeastHeight() const;
+
+    void SetStatus(int row, const std::string& text);
+    void SetSize(int row, const std::string& text);
+    void SetReceived(int row, const std::string& text);
+
+    RateGraph& Picture3() { return *picture3_; }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    struct Row {
+        QLabel* x = nullptr;       ///< the connection's number
+        ElidedLabel* l = nullptr;  ///< status
+        QLabel* k = nullptr;       ///< expected size; stays hidden
+        QLabel* k2 = nullptr;      ///< bytes received
+    };
+
+    void MakeRows();
+    void PlaceRows();
+
+    QLabel* connections_heading_;
+    QLabel* data_in_heading_;
+    RateGraph* picture3_;
+    QScrollArea* scroller_;
+    QWidget* rows_widget_;
+    text::OneBased<Row, crawl::kSlotCount> rows_;
+};
+
+}  // namespace ui

@@ -1,0 +1,154 @@
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPointer>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+#include <memory>
+
+#include "engine/crawl_state.h"
+#include "engine/main_window.h"
+#include "platform/qt/qt_timer.h"
+#include "text/one_based.h"
+#include "ui/activity_light.h"
+#include "ui/address_list.h"
+#include "ui/connection_panel.h"
+#include "ui/elided_label.h"
+#include "ui/icons.h"
+
+class QDialog;
+
+namespace ui {
+
+class WindowHolder;
+
+/// The main window: the download monitor. It shows what the crawl writes into it and turns clicks
+/// and keys into calls of the crawl's procedures.
+///
+/// Any of those procedures may stop the crawl, and then this window is unloaded and another one is
+/// `engine::Window()`; the object itself lives until its handlers have returned.
+class frmMain : public QMainWindow, public engine::MainWindow {
+    Q_OBJECT
+
+  public:
+    explicit frmMain(WindowHolder& holder);
+    ~frmMain() override;
+
+    /// Fills the controls. The window must be the engine's by then.
+    void Form_Load();
+
+    /// Gives a window that has not been shown before its size, where the screen has the room.
+    void PlaceOnScreen();
+
+    /// Unloads the window: no event of it reaches the crawl any more.
+    void Retire();
+
+    /// As if N had been chosen from the list of `txtMax`.
+    void ChooseConnections(int count);
+
+    /// Whether the next activation opens the New Site Wizard.
+    bool ShowWizardOnActivate = false;
+
+    platform::Socket& Sock(int slot) override { return *sockets_[slot]; }
+    platform::Timer& tmrOut(int slot) override { return timeouts_[slot]; }
+    platform::Timer& tmrMove() override { return move_timer_; }
+    std::string Text1() const override;
+    void SetText1(const std::string& address) override;
+    void SetText1Enabled(bool enabled) override;
+    void FocusText1() override;
+    bool Command1Enabled() const override { return command1_->isEnabled(); }
+    void SetCommand1Enabled(bool enabled) override;
+    void SetCommand2Enabled(bool enabled) override;
+    std::string TxtMax() const override;
+    void SetTxtMax(const std::string& count) override;
+    void SetPauseEnabled(bool enabled) override;
+    void SetLabel3(const std::string& files_downloaded) override;
+    void SetLabel4(const std::string& bytes_downloaded) override;
+    void SetLabel5(const std::string& files_queued) override;
+    void SetLabel6(const std::string& status) override;
+    void SetRowStatus(int slot, const std::string& text) override;
+    void SetRowSize(int slot, const std::string& text) override;
+    void SetRowReceived(int slot, const std::string& text) override;
+    void ShowList1() override;
+    void ShowPauseDialog() override;
+    void Reload() override;
+    void Unload() override;
+
+  protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    // frm_main_controls.cpp
+    void MakeControls();
+    void MakeButtons();
+    void MakeLabels();
+    void MakeLists();
+    void MakeMenu();
+    void MakeConnections();
+    void SetTabOrder();
+    QLabel* MakeLabel(const char* name, const QString& caption);
+    QPushButton* MakeButton(const char* name, Picture picture, const QString& what);
+    QAction* MakeEntry(QMenu* menu, const char* name, const QString& caption);
+
+    // frm_main_layout.cpp
+    void PlaceFixedControls();
+    void FitPanel(int height);
+    void Form_Resize();
+
+    // frm_main_commands.cpp
+    void ConnectHandlers();
+    void ExploreTarget();
+    void OpenSelectedAddress();
+    void ShowFilters();
+    void mnunew_Click();
+    void mnuabout_Click();
+    void ShowOtherLinks(bool other_links);
+
+    WindowHolder& holder_;
+    bool retired_ = false;
+    bool asking_exit_ = false;
+
+    text::OneBased<std::unique_ptr<platform::Socket>, crawl::kSlotCount> sockets_;
+    text::OneBased<platform::QtTimer, crawl::kSlotCount> timeouts_;
+    platform::QtTimer move_timer_;
+    QTimer rate_timer_;
+
+    QWidget* client_;  ///< the area below the menu, in which everything lies
+    QLineEdit* text1_;
+    QPushButton* command1_;
+    QPushButton* command2_;
+    QPushButton* command3_;
+    QPushButton* command4_;
+    QComboBox* txt_max_;
+    QLabel* label1_;
+    QLabel* label2_;
+    QLabel* label3_;
+    QLabel* label4_;
+    QLabel* label5_;
+    ElidedLabel* label6_;
+    QLabel* label7_;
+    QLabel* label8_;
+    QLabel* label9_;
+    QLabel* list2_heading_;
+    ConnectionPanel* picture1_;
+    ActivityLight* picture2_;
+    AddressList* list1_;
+    AddressList* list2_;
+    QToolButton* other_links_;  ///< exchanges `List1` and `List2`
+    QAction* mnunew_;
+    QAction* mnuexit_;
+    QAction* mnupause_;
+    QAction* mnuexplore_;
+    QAction* mnupref_;
+    QAction* mnuabout_;
+    QPointer<QWidget> filters_;
+    QPointer<QDialog> pause_dialog_;
+};
+
+}  // namespace ui

@@ -1,0 +1,143 @@
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+
+#include "ui/frm_main.h"
+#include "ui/twips.h"
+
+/// The main window's layout. The client area below the menu is what is laid out, in twips.
+namespace ui {
+
+namespace {
+
+// What lies above the connection panel, between it and the queue, and the queue's own room.
+constexpr int kEdge = 180;
+constexpr int kButton = 420;
+constexpr int kPanelLeft = 240;
+constexpr int kPanelTop = 1770;
+constexpr int kListAfterPanel = 540;
+constexpr int kQueueRoom = 1500;
+
+constexpr int kOpeningWidth = 12300;
+constexpr int kOpeningQueue = 2250;
+
+/// What the panel and the queue leave of the height to everything else.
+constexpr int kAroundPanelAndQueue = 2280 + 480;
+
+int InTwips(int pixels) {
+    return pixels * 15;
+}
+
+/// A control refuses a negative size and keeps the one it has.
+void SetWidth(QWidget* control, int twips) {
+    if (twips >= 0) control->resize(Twips(twips), control->height());
+}
+
+void SetHeight(QWidget* control, int twips) {
+    if (twips >= 0) control->resize(control->width(), Twips(twips));
+}
+
+void SetLeft(QWidget* control, int twips) {
+    control->move(Twips(twips), control->y());
+}
+
+void SetTop(QWidget* control, int twips) {
+    control->move(control->x(), Twips(twips));
+}
+
+void Place(QWidget* control, int left, int top, int width, int height) {
+    control->setGeometry(Twips(left), Twips(top), Twips(width), Twips(height));
+}
+
+int Left(const QWidget* control) {
+    return InTwips(control->x());
+}
+int Top(const QWidget* control) {
+    return InTwips(control->y());
+}
+int Width(const QWidget* control) {
+    return InTwips(control->width());
+}
+int Height(const QWidget* control) {
+    return InTwips(control->height());
+}
+
+}  // namespace
+
+void frmMain::PlaceFixedControls() {
+    constexpr int kSecondColumn = kEdge + kButton + 60;
+    constexpr int kSecondRow = 780;
+    Place(command1_, kEdge, 210, kButton, kButton);
+    Place(command2_, kSecondColumn, 210, kButton, kButton);
+    Place(command3_, kEdge, kSecondRow, kButton, kButton);
+    Place(command4_, kSecondColumn, kSecondRow, kButton, kButton);
+    Place(text1_, 1140, 210, 6000, kButton);
+    Place(picture2_, 7260, 210, kButton, kButton);
+    Place(txt_max_, 0, kSecondRow, 930, kButton);
+    label9_->adjustSize();
+    Place(label9_, 0, kSecondRow, Width(label9_), kButton);
+
+    constexpr int kCounterRow = 1365;
+    Place(label2_, kEdge, kCounterRow, 1200, 270);
+    Place(label3_, kEdge + 1200, kCounterRow, 1350, 270);
+    Place(label4_, kEdge + 2550, kCounterRow, 2100, 270);
+    Place(label1_, kEdge + 4650, kCounterRow, 840, 270);
+    Place(label5_, kEdge + 5490, kCounterRow, 1800, 270);
+    Place(label7_, 0, kCounterRow, 930, 270);
+
+    Place(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
+    for (QWidget* heading : {label8_, list2_heading_})
+        Place(heading, kEdge, 0, 3000, 300);
+    for (QWidget* list : {list1_, list2_})
+        Place(list, kEdge, 0, kOpeningWidth, kQueueRoom);
+    Place(label6_, kEdge, 0, kOpeningWidth, 270);
+}
+
+void frmMain::FitPanel(int height) {
+    // All rows where there is room for them and some of the queue, else as many as there are; they
+    // scroll then. Below a few rows the panel does not shrink.
+    const int panel =
+        std::clamp(height - kAroundPanelAndQueue - kQueueRoom, InTwips(picture1_->LeastHeight()),
+                   InTwips(picture1_->FullHeight()));
+    SetHeight(picture1_, panel);
+    const int list_top = kPanelTop + Height(picture1_) + kListAfterPanel;
+    for (QWidget* list : {list1_, list2_})
+        SetTop(list, list_top);
+    for (QWidget* heading : {label8_, list2_heading_})
+        SetTop(heading, list_top - 330);
+    SetTop(other_links_, list_top - 390);
+}
+
+void frmMain::Form_Resize() {
+    const int w = InTwips(client_->width());
+    const int h = InTwips(client_->height());
+    FitPanel(h);
+
+    SetWidth(picture1_, w - 360 - 120);
+    SetWidth(list1_, w - 360);
+    SetLeft(txt_max_, w - Width(txt_max_) - 360);
+    SetLeft(label9_, Left(txt_max_) - 120 - Width(label9_));
+    SetLeft(label7_, Left(txt_max_));
+    SetHeight(list1_, h - 2280 - Height(picture1_) - 480);
+    SetWidth(text1_, w - Width(picture2_) - 1440);
+    SetLeft(picture2_, Left(text1_) + Width(text1_) + 120);
+    SetTop(label6_, Top(list1_) + Height(list1_) + 40);
+    SetLeft(&picture1_->Picture3(), Width(picture1_) - Width(&picture1_->Picture3()));
+
+    list2_->setGeometry(list1_->geometry());
+    SetWidth(label6_, w - 360);
+    // In a narrow window the counters need the hint's room.
+    label7_->setVisible(label7_->x() > label5_->geometry().right());
+    SetLeft(other_links_, Left(list1_) + Width(list1_) - Width(other_links_));
+}
+
+void frmMain::PlaceOnScreen() {
+    const int menu = menuWidget()->sizeHint().height();
+    const int wanted = Twips(kAroundPanelAndQueue + kOpeningQueue) + picture1_->FullHeight() + menu;
+    // The desktop's frame around the window is not known yet.
+    constexpr int kFrame = 40;
+    const QSize room = screen()->availableGeometry().size() - QSize(0, kFrame);
+    resize(QSize(Twips(kOpeningWidth), wanted).boundedTo(room));
+}
+
+}  // namespace ui

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QDialog>
+
+namespace ui {
+
+/// The pause dialog: no new file starts while it is open. However it is closed, the crawl goes on.
+class frmPause : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmPause(QWidget* parent);
+};
+
+}  // namespace ui

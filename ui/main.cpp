@@ -1,0 +1,108 @@
+#include <QApplication>
+#include <cstdio>
+#include <memory>
+
+#include "platform/memory_settings_store.h"
+#include "platform/qt/local_text.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_settings_store.h"
+#include "platform/qt/qt_socket.h"
+#include "setup/forms/frm_new.h"
+#include "ui/command_line.h"
+#include "ui/host_services.h"
+#include "ui/terminal.h"
+#include "ui/unattended.h"
+#include "ui/window_holder.h"
+
+namespace {
+
+using ui::CommandLine;
+
+constexpr int kNoDisplay = 1;
+
+std::unique_ptr<platform::Socket> MakeSocket() {
+    return std::make_unique<platform::QtSocket>();
+}
+
+void ShowWizard(QWidget& window) {
+    ui::frmNew wizard(&window);
+    wizard.exec();
+}
+
+/// Whether this host can show windows at all. Elsewhere than on Unix a program always can.
+bool HasDisplay() {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+#else
+    return true;
+#endif
+}
+
+int Print(const CommandLine& line) {
+    const std::string text = platform::ToBytes(line.text);
+    std::fputs(text.c_str(), line.exit_code == 0 ? stdout : stderr);
+    return line.exit_code;
+}
+
+int RunWindow(int argc, char** argv) {
+    if (!HasDisplay()) {
+        std::fputs(
+            "There is no display to show the window on (neither DISPLAY nor "
+            "WAYLAND_DISPLAY is set).\nTo download without one: vantorin --site ADDRESS "
+            "--folder FOLDER\n",
+            stderr);
+        return kNoDisplay;
+    }
+    QApplication application(argc, argv);
+    // The window says itself when the program ends: a stop closes one window and opens another.
+    QApplication::setQuitOnLastWindowClosed(false);
+    platform::QtSettingsStore settings;
+    platform::QtMessageBoxes boxes;
+    ui::HostServices host(settings, boxes);
+    ui::WindowHolder holder(host.Events(), {ShowWizard, MakeSocket});
+    holder.Load();
+    holder.Show();
+    return QApplication::exec();
+}
+
+/// The toolkit remarks on what an environment without a desktop lacks. That is no news here.
+void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type != QtCriticalMsg && type != QtFatalMsg) return;
+    std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
+}
+
+int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
+    qInstallMessageHandler(PassOnFaultsOnly);
+    // The window is never shown, so the run needs no display, nor one that works.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    platform::MemorySettingsStore settings;
+    ui::Terminal terminal;
+    ui::TerminalBoxes boxes(terminal);
+    ui::HostServices host(settings, boxes);
+    ui::WindowHolder holder(host.Events(), {nullptr, MakeSocket});
+    holder.Load();
+    return ui::RunUnattended(order, holder, terminal);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication::setApplicationName("Vantorin");
+    QCoreApplication::setApplicationVersion("1.9");
+    QStringList words;
+    for (int i = 0; i < argc; ++i)
+        words += QString::fromLocal8Bit(argv[i]);
+
+    const CommandLine line = ui::ReadCommandLine(words);
+    switch (line.action) {
+        case CommandLine::Action::Print:
+            return Print(line);
+        case CommandLine::Action::Crawl:
+            return RunCrawl(line.order, argc, argv);
+        case CommandLine::Action::OpenWindow:
+            break;
+    }
+    return RunWindow(argc, argv);
+}

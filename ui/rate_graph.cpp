@@ -1,0 +1,61 @@
+#include "ui/rate_graph.h"
+
+#include <QPainter>
+#include <QPalette>
+#include <algorithm>
+
+#include "platform/byte_size.h"
+#include "platform/qt/local_text.h"
+
+namespace ui {
+
+namespace {
+constexpr std::size_t kSeconds = 60;
+constexpr int kTextHeight = 13;
+constexpr int kMargin = 5;
+/// A trickle is drawn as one.
+constexpr std::int32_t kLeastScale = 1024;
+}  // namespace
+
+RateGraph::RateGraph(QWidget* parent) : QWidget(parent), rates_(kSeconds, 0) {
+    setAccessibleName(tr("Bytes per second in the last minute"));
+    setToolTip(accessibleName());
+}
+
+void RateGraph::Sample(std::int32_t total_bytes) {
+    const bool was_quiet = std::ranges::all_of(rates_, [](std::int32_t rate) { return rate == 0; });
+    const std::int32_t rate = total_bytes < last_total_ ? total_bytes : total_bytes - last_total_;
+    last_total_ = total_bytes;
+    rates_.pop_front();
+    rates_.push_back(rate);
+    if (!was_quiet || rate != 0) update();
+}
+
+void RateGraph::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const std::int32_t peak = std::max(kLeastScale, *std::ranges::max_element(rates_));
+    const QRect area = rect().adjusted(0, 0, -kMargin, 0);
+    const double bar = static_cast<double>(area.width()) / kSeconds;
+    const int room = area.height() - kTextHeight - 1;
+    QColor colour = palette().color(QPalette::Highlight);
+    colour.setAlphaF(0.75F);
+    for (std::size_t i = 0; i < rates_.size(); ++i) {
+        if (rates_[i] == 0) continue;
+        const double size = std::max(1.0, static_cast<double>(rates_[i]) / peak * room);
+        const double left = static_cast<double>(i) * bar;
+        painter.fillRect(QRectF(left, area.bottom() - size, bar, size), colour);
+    }
+    QColor line = palette().color(QPalette::WindowText);
+    line.setAlphaF(0.3F);
+    painter.fillRect(QRect(0, area.bottom(), area.width(), 1), line);
+
+    if (rates_.back() == 0) return;
+    QFont small = font();
+    small.setPixelSize(10);
+    painter.setFont(small);
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(QRect(0, 1, area.width(), kTextHeight), Qt::AlignRight | Qt::AlignTop,
+                     platform::FromBytes(platform::StrFormatByteSize(rates_.back()) + "/s"));
+}
+
+}  // namespace ui

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <deque>
+
+namespace ui {
+
+/// Draws how many bytes came in each second of the last minute.
+class RateGraph : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit RateGraph(QWidget* parent);
+
+    /// To be called once a second with the bytes received so far. A count below the last one is the
+    /// start of another crawl.
+    void Sample(std::int32_t total_bytes);
+
+    /// Bytes per second, the newest last.
+    const std::deque<std::int32_t>& Rates() const { return rates_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    std::deque<std::int32_t> rates_;
+    std::int32_t last_total_ = 0;
+};
+
+}  // namespace ui

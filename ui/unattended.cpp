@@ -1,0 +1,114 @@
+#include "ui/unattended.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <csignal>
+
+#include "engine/crawl_state.h"
+#include "engine/endings.h"
+#include "engine/main_window.h"
+#include "engine/site_start.h"
+#include "extractor/addresses.h"
+#include "platform/services.h"
+#include "setup/file_types.h"
+#include "setup/settings.h"
+#include "ui/frm_main.h"
+
+namespace ui {
+
+namespace {
+
+constexpr int kLookMilliseconds = 50;
+constexpr int kProgressMilliseconds = 1000;
+
+#ifdef _WIN32
+constexpr int kEndingSignals[] = {SIGINT, SIGTERM};
+#else
+constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+#endif
+volatile std::sig_atomic_t g_signal = 0;
+
+/// The first signal ends the run tidily; a second one, at once.
+extern "C" void NoteSignal(int number) {
+    g_signal = number;
+    std::signal(number, SIG_DFL);
+}
+
+std::string Counted(std::int64_t count, const std::string& unit) {
+    std::string digits = std::to_string(count);
+    return bas_Extractor::FormatThousands(digits) + unit;
+}
+
+std::string Progress() {
+    return Counted(crawl::FilesDone, " files, ") +
+           Counted(static_cast<std::int64_t>(crawl::List1.Count()), " queued, ") +
+           Counted(crawl::TotalBytes, " bytes");
+}
+
+bool PrepareFolder(const std::string& folder, Terminal& terminal) {
+    // Cleaning takes characters out of the name. A person sees that in the wizard's box; here it
+    // would put the files where nobody looks for them.
+    const std::string cleaned = bas_General::NormalizeFolder(folder);
+    if (cleaned != folder && cleaned != folder + "\\") {
+        terminal.Print("The folder's name has characters that this program does not keep.");
+        return false;
+    }
+    bas_General::SetTargetFolder(cleaned);
+    if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
+    platform::Host().boxes.MsgBox(
+        "That is an invalid directory. Check it has no invalid characters.",
+        platform::BoxStyle::Stop, "Eror");
+    return false;
+}
+
+void PrepareFileTypes() {
+    bas_General::MakeFileTypesFolder();
+    if (!bas_General::FileTypesFileExists()) {
+        bas_General::WriteFileTypes(bas_General::DefaultFileTypes());
+    }
+}
+
+void Start(const CrawlOrder& order, frmMain& window) {
+    window.ChooseConnections(order.connections);
+    window.SetText1(order.site);
+    bas_Connections::ConnectNowNow();
+    for (int i = 1; i <= crawl::kSlotCount; ++i) {
+        window.tmrOut(i).SetInterval(order.timeout_milliseconds);
+    }
+}
+
+/// Ends the event loop when the crawl has ended, by itself or by a signal.
+void Look(WindowHolder& holder, Terminal& terminal, QElapsedTimer& since_progress) {
+    if (g_signal != 0 && !engine::Window().Command1Enabled()) bas_Connections::StopNOW();
+    if (!holder.Unwound()) return;
+    if (engine::Window().Command1Enabled()) {
+        QCoreApplication::exit(g_signal == 0 ? kExitComplete : 128 + g_signal);
+    } else if (since_progress.hasExpired(kProgressMilliseconds)) {
+        terminal.ShowProgress(Progress());
+        since_progress.start();
+    }
+}
+
+}  // namespace
+
+int RunUnattended(const CrawlOrder& order, WindowHolder& holder, Terminal& terminal) {
+    if (!PrepareFolder(order.folder, terminal)) return kExitUnusableFolder;
+    PrepareFileTypes();
+    for (const int number : kEndingSignals)
+        std::signal(number, NoteSignal);
+    Start(order, holder.Current());
+
+    QElapsedTimer since_progress;
+    since_progress.start();
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] { Look(holder, terminal, since_progress); });
+    look.start(kLookMilliseconds);
+    const int exit_code = QCoreApplication::exec();
+    terminal.Print(Counted(crawl::FilesDone, " files, ") +
+                   Counted(crawl::TotalBytes,
+                           exit_code == kExitComplete ? " bytes." : " bytes when it was stopped."));
+    return exit_code;
+}
+
+}  // namespace ui
