@@ -10,6 +10,7 @@ namespace bas_Extractor {
 namespace {
 
 constexpr std::string_view kScheme = "http://";
+constexpr std::size_t kDigitsInGroup = 3;
 
 /// Blanks around, then a leading scheme in any case, taken off.
 std::string_view WithoutScheme(std::string_view s) {
@@ -105,11 +106,10 @@ std::string ResolveDotDot(std::string& s) {
 }
 
 std::string FormatThousands(std::string& s) {
-    constexpr std::size_t kGroup = 3;
     s = LowerTrim(s);
     std::string result;
     for (std::size_t i = 0; i < s.size(); ++i) {
-        if (i > 0 && (s.size() - i) % kGroup == 0) result += ',';
+        if (i > 0 && (s.size() - i) % kDigitsInGroup == 0) result += ',';
         result += s[i];
     }
     return result;

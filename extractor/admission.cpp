@@ -16,6 +16,8 @@ namespace bas_Extractor {
 
 namespace {
 
+constexpr std::string_view kScheme = "http://";
+
 constexpr const char* kPlaceholderText =
     "This file is queued to be downloaded, or did not download correctly.";
 
@@ -26,7 +28,6 @@ constexpr std::string_view kClimbsAboveHost[] = {
 };
 
 void CutScheme(std::string& link) {
-    constexpr std::string_view kScheme = "http://";
     if (text::Left(LowerTrim(link), kScheme.size()) == kScheme) link.erase(0, kScheme.size());
 }
 

@@ -38,7 +38,7 @@ std::string NormalizeFolder(const std::string& typed) {
 }
 
 void SetTargetFolder(const std::string& folder) {
-    crawl::TargetFolder = NormalizeFolder(folder);
+    crawl::TargetFolder = folder;
     std::string path = crawl::TargetFolder;
     bas_Output::MakeLocalPath(path);
 }

@@ -17,8 +17,8 @@ std::string StoredFolder();
 /// A typed folder with its name cleaned, "\" for "/" and one "\" at its end at least.
 std::string NormalizeFolder(const std::string& typed);
 
-/// Makes `folder`, normalised, the `TargetFolder` and creates it with its parents as far as
-/// possible. The forms show the result in their folder box.
+/// Makes `folder`, which is normalised already, the `TargetFolder` and creates it with its parents
+/// as far as possible.
 void SetTargetFolder(const std::string& folder);
 
 /// Whether a probe file can be written into and deleted from the folder. `path` gains "\" forms and

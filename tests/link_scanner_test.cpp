@@ -243,16 +243,15 @@ TEST(LinkScannerTest, WhatIsAppendedMeanwhileIsScannedAsItIs) {
         });
 }
 
-TEST(LinkScannerTest, AnotherPageInItsPlaceIsScannedFromItsStart) {
-    int found = 0;
-    AtEveryYield([](ConsumableText& page) { page.Assign("<p>the retry's <a href='new.html'>x"); },
-                 [&found](const ConsumableText&) {
+TEST(LinkScannerTest, AnotherPageInItsPlaceIsLeftAlone) {
+    const std::string other = "<p>another download's \"<a href='new.html'>x";
+    AtEveryYield([&other](ConsumableText& page) { page.Assign(other); },
+                 [&other](const ConsumableText& page) {
+                     EXPECT_EQ(page.View(), other);
                      for (const std::string& link : Items(crawl::List1)) {
-                         found += link == "site.com/dir/new.html";
+                         EXPECT_NE(link, "site.com/dir/new.html");
                      }
                  });
-    // The step after admission goes over the first link of whatever is there by then.
-    EXPECT_EQ(found, kYieldsOfThreeLinks - 2);
 }
 
 TEST(LinkScannerTest, ASecondScanInsideTheFirstTakesTheRestOfThePage) {
@@ -329,10 +328,10 @@ TEST(LinkScannerTest, TimeGrowsWithThePageOnly) {
     }
     const std::string pages[] = {
         many,
-        repeat("href", 200'000),
-        repeat("href=", 200'000),
-        repeat("<a href='same.html'>\r\n", 200'000),
-        repeat(" src = \"; url=", 200'000),
+        repeat("href", 100'000),
+        repeat("href=", 100'000),
+        repeat("<a href='same.html'>\r\n", 100'000),
+        repeat(" src = \"; url=", 100'000),
         repeat("no link at all. ", 3'000'000) + "<a href='last.html'>",
     };
     const auto start = std::chrono::steady_clock::now();

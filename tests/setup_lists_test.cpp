@@ -154,7 +154,7 @@ TEST(Settings, AFolderIsNormalised) {
 
 TEST(Settings, TheTargetFolderIsMadeWithItsParents) {
     fakes::FakeHost host;
-    SetTargetFolder("c:/a/b?/c");
+    SetTargetFolder(NormalizeFolder("c:/a/b?/c"));
     EXPECT_EQ(crawl::TargetFolder, "c:\\a\\b_\\c\\");
     EXPECT_TRUE(host.files.FolderExists("c:\\a\\b_\\c"));
     EXPECT_TRUE(TestFolderWritable(crawl::TargetFolder));

@@ -90,9 +90,9 @@ void ReplaceGrowing(std::string& subject, std::string_view pattern, std::string_
         return;
     }
     subject.resize(old_size + growth);
-    char* const moved = subject.data() + growth;
-    std::memmove(moved, subject.data(), old_size);
-    WriteReplaced(std::string_view(moved, old_size), pattern, replacement, first, subject.data());
+    std::copy_backward(subject.data(), subject.data() + old_size, subject.data() + subject.size());
+    WriteReplaced(std::string_view(subject).substr(growth), pattern, replacement, first,
+                  subject.data());
 }
 
 template <typename Change>

@@ -20,7 +20,7 @@ constexpr int kEnterKey = 13;
 /// A crawl from the address box, before a wizard has chosen a folder, goes into the stored one.
 bool FolderIsReady() {
     if (!crawl::TargetFolder.empty()) return true;
-    bas_General::SetTargetFolder(bas_General::StoredFolder());
+    bas_General::SetTargetFolder(bas_General::NormalizeFolder(bas_General::StoredFolder()));
     if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
     crawl::TargetFolder.clear();
     platform::Host().boxes.MsgBox(

@@ -54,7 +54,7 @@ bool PrepareFolder(const std::string& folder, Terminal& terminal) {
         terminal.Print("The folder's name has characters that this program does not keep.");
         return false;
     }
-    bas_General::SetTargetFolder(folder);
+    bas_General::SetTargetFolder(cleaned);
     if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
     platform::Host().boxes.MsgBox(
         "That is an invalid directory. Check it has no invalid characters.",

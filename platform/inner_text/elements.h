@@ -127,7 +127,7 @@ inline constexpr Element kAll[] = {
     {"option", Display::kBlock, kEndsImplicitly},
     {"p", Display::kParagraph, kBlockTraits | kEndsImplicitly},
     {"param", Display::kNone, kVoid},
-    {"plaintext", Display::kBlock, kBlockTraits | kKeepsSpaces},
+    {"plaintext", Display::kBlock, kBlockTraits | kRawText | kKeepsSpaces},
     {"pre", Display::kBlock, kBlockTraits | kKeepsSpaces},
     {"progress", Display::kReplaced},
     {"rp", Display::kNone, kEndsImplicitly},
@@ -156,7 +156,7 @@ inline constexpr Element kAll[] = {
     {"ul", Display::kBlock, kBlockTraits},
     {"video", Display::kReplaced},
     {"wbr", Display::kNone, kVoid},
-    {"xmp", Display::kBlock, kEndsParagraph | kRawText | kKeepsSpaces},
+    {"xmp", Display::kBlock, kBlockTraits | kRawText | kKeepsSpaces},
 };
 }  // namespace elements
 

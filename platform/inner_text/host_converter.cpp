@@ -91,18 +91,21 @@ bool HostConverter::Works() const {
 }
 
 void HostConverter::Append(std::string_view bytes, std::string& utf8) {
+    constexpr auto kFault = static_cast<std::size_t>(-1);
     iconv(handle_, nullptr, nullptr, nullptr, nullptr);
     char* in = const_cast<char*>(bytes.data());  // Only read, whatever the signature says.
     std::size_t in_left = bytes.size();
     std::array<char, 4096> buffer;
-    while (in_left > 0) {
+    for (bool more = true; more;) {
+        more = in_left > 0;
         char* out = buffer.data();
         std::size_t out_left = buffer.size();
-        const std::size_t result = iconv(handle_, &in, &in_left, &out, &out_left);
-        const std::size_t written = buffer.size() - out_left;
-        utf8.append(buffer.data(), written);
+        // The last turn asks for a letter that was held back to be joined with a following accent.
+        const std::size_t result =
+            iconv(handle_, more ? &in : nullptr, more ? &in_left : nullptr, &out, &out_left);
+        utf8.append(buffer.data(), buffer.size() - out_left);
         // A full buffer is no fault, and a fault leaves room for at least one more character.
-        if (result == static_cast<std::size_t>(-1) && out_left >= 16 && in_left > 0) {
+        if (more && result == kFault && out_left >= 16 && in_left > 0) {
             AppendUtf8(kReplacementCharacter, utf8);
             ++in;
             --in_left;

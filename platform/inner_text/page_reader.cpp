@@ -66,9 +66,10 @@ void PageReader::OnText(std::string_view raw) {
 }
 
 void PageReader::AppendTextWithReferences(std::string_view raw) {
-    static constexpr std::string_view kStops("&\0", 2);  // A NUL is nothing.
+    const auto stops = [](char c) { return c == '&' || c == '\0'; };  // A NUL is nothing.
     while (!raw.empty()) {
-        const std::size_t stop = std::min(raw.find_first_of(kStops), raw.size());
+        const auto stop =
+            static_cast<std::size_t>(std::find_if(raw.begin(), raw.end(), stops) - raw.begin());
         AppendText(raw.substr(0, stop));
         raw.remove_prefix(stop);
         if (raw.empty()) return;
@@ -101,9 +102,7 @@ void PageReader::OnStartTag(const Tag& tag) {
     if (id == Id("frameset") && !body_has_begun_) {
         is_frame_set_ = true;
     } else if (body_is_hidden_) {
-        const std::string_view content = TakeContent(id);
-        if (id != Id("textarea") && id != Id("title")) return AppendText(content);
-        AppendTextWithReferences(content);
+        if (Has(id, kRawText)) AppendText(TakeContent(id));
     } else if (structure_.PrepareFor(id)) {
         OnElement(ReadElement(id, tag), tag.self_closing);
     }
@@ -125,25 +124,24 @@ void PageReader::OnElement(const OpenElement& element, bool self_closing) {
         if (element.shown) assembler_.LineBreak();
     } else if (Has(id, kVoid) || (self_closing && structure_.State().foreign)) {
         structure_.OpenAndClose(element.display, element.shown);
-    } else if (Has(id, kRawText) && !Has(id, kKeepsSpaces)) {
-        TakeContent(id);
-        structure_.OpenAndClose(element.display, element.shown);
     } else {
+        // Drawings and formulas have elements of such names that hold markup like any other.
+        const bool has_raw_text = Has(id, kRawText) && !structure_.State().foreign;
         structure_.Open(element);
-        if (id == Id("xmp") || id == Id("plaintext")) {
+        if (has_raw_text) {
             const std::string_view content = TakeContent(id);
-            if (structure_.State().Shown()) AppendText(content);
+            if (element.content.Shown()) AppendText(content);
             structure_.Close(id);
         }
         drop_line_end_ = id == Id("pre") || id == Id("listing");
     }
 }
 
-/// What stands up to the end tag of an element that holds no markup; "" for any other.
+/// What stands up to the end tag of an element that holds raw text.
 std::string_view PageReader::TakeContent(ElementId id) {
     if (id == Id("plaintext")) return tokenizer_.TakeRest();
     if (id == Id("script")) return tokenizer_.TakeScript();
-    return Has(id, kRawText) ? tokenizer_.TakeRawText(ElementOf(id).name) : std::string_view{};
+    return tokenizer_.TakeRawText(ElementOf(id).name);
 }
 
 void PageReader::OnEndTag(ElementId id) {

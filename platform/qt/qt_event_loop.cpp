@@ -1,17 +1,12 @@
 #include "platform/qt/qt_event_loop.h"
 
-#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 
 namespace platform {
 
 void QtEventLoop::DoEvents() {
-    // One turn of some hosts' loops takes only the most urgent kind of what is pending, hence
-    // several; they are counted because a busy network always has more.
-    constexpr int kMostTurns = 3;
     ++depth_;
-    for (int turn = 0; turn < kMostTurns; ++turn) {
-        if (!QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) break;
-    }
+    QCoreApplication::processEvents();  // one turn; what it posts waits for the next
     --depth_;
     since_last_turn_.start();
 }

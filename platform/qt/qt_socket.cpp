@@ -68,9 +68,6 @@ NativeAddress ToNative(const QHostAddress& address, std::uint16_t port) {
 class QtSocket::Connection : public QObject {
   public:
     Connection(QtSocket& socket, std::uint16_t port) : socket_(socket), port_(port) {
-        check_.setSingleShot(true);
-        check_.setInterval(0);
-        QObject::connect(&check_, &QTimer::timeout, this, [this] { Check(); });
         patience_.setSingleShot(true);
         patience_.setInterval(kPatience);
         QObject::connect(&patience_, &QTimer::timeout, this, [this] { ConnectToNextAddress(); });
@@ -88,8 +85,7 @@ class QtSocket::Connection : public QObject {
         if (numeric.setAddress(name)) {
             // Not by a lookup: that would ask the name service for the address's name.
             addresses_ = {numeric};
-            QMetaObject::invokeMethod(
-                this, [this] { ConnectToNextAddress(); }, Qt::QueuedConnection);
+            Post(&Connection::ConnectToNextAddress);
             return;
         }
         // The receiver is the application, and the lookup is not aborted when the connection ends:
@@ -156,10 +152,12 @@ class QtSocket::Connection : public QObject {
         Raise(socket_.on_connect);
     }
 
-    /// Looks for what has come, and raises at most one event for it.
+    /// Looks for what has come, and raises at most one event for it. Nobody looks while a handler
+    /// runs: the notifier is off until a check finds nothing more, and checks are posted
+    /// afterwards.
     void Check() {
+        if (state != SocketState::Connected) return;
         readable_->setEnabled(false);
-        if (state != SocketState::Connected || in_handler_) return;
         if (waiting.size() < kMostPerEvent && !ReadMore()) return;
         if (waiting.empty()) {
             readable_->setEnabled(true);
@@ -203,20 +201,22 @@ class QtSocket::Connection : public QObject {
         writable_->setEnabled(!outgoing_.empty());
     }
 
-    /// Calls a handler, then looks for what came meanwhile. That is done by an idle timer, not by a
-    /// posted event: those go before painting, and a fast peer would keep the window blank.
+    /// Calls a handler, then has a look at what came meanwhile: in a later turn of the loop, so
+    /// that the window paints and others have their turn in between. The handler comes as a copy,
+    /// since it may destroy the socket that holds it.
     void Raise(std::function<void()> handler) {
         const QPointer<Connection> self(this);
-        in_handler_ = true;
         if (handler) handler();
-        if (!self) return;
-        in_handler_ = false;
-        if (state == SocketState::Connected) check_.start();
+        if (self && state == SocketState::Connected) Post(&Connection::Check);
+    }
+
+    void Post(void (Connection::*step)()) {
+        QMetaObject::invokeMethod(
+            this, [this, step] { (this->*step)(); }, Qt::QueuedConnection);
     }
 
     void CloseHandle() {
         patience_.stop();
-        check_.stop();
         readable_.reset();
         writable_.reset();
         exception_.reset();
@@ -232,10 +232,8 @@ class QtSocket::Connection : public QObject {
     std::unique_ptr<QSocketNotifier> readable_;
     std::unique_ptr<QSocketNotifier> writable_;
     std::unique_ptr<QSocketNotifier> exception_;
-    QTimer check_;
     QTimer patience_;
     std::string outgoing_;
-    bool in_handler_ = false;
     bool any_byte_came_ = false;
     bool sending_failed_ = false;
 };

@@ -116,7 +116,7 @@ void frmNew::MakeOptionsArea() {
     QLabel* label6 = MakeCaption("Label6", "Seconds", frame1_);
 
     auto* grid = new QGridLayout(frame1_);
-    grid->setContentsMargins(Twips(120), Twips(90), Twips(120), Twips(90));
+    grid->setContentsMargins(Twips(90), Twips(90), Twips(90), Twips(90));
     grid->setSpacing(Twips(90));
     grid->addWidget(label3, 0, 0, 1, 2);
     grid->addWidget(list1_, 1, 0, 1, 2);
@@ -124,6 +124,7 @@ void frmNew::MakeOptionsArea() {
     grid->addWidget(command4_, 2, 1);
     grid->addWidget(command5_, 3, 0, 1, 2);
     auto* timeout = new QHBoxLayout;
+    timeout->setSpacing(Twips(60));
     timeout->addWidget(label5);
     timeout->addWidget(list2_, 1);
     timeout->addWidget(label6);

@@ -146,19 +146,18 @@ class BadConnections(FaultTest):
         for name in good:
             self.assertEqual(files.pop(b"example.test/" + name), name + b"\r\n")
         self.assertEqual(files.pop(b"example.test/drips.html"), b"drop\r\n")
-        self.assertEqual(set(files), {HOME, b"log.txt", b"_SearchData/example.test.txt"})
+        rest = {path for path in files if not path.startswith(b"_SearchData/")}
+        self.assertEqual(rest, {HOME, b"log.txt"})
         for name in NEVER_ENDING:
             self.assertEqual(server.paths().count(b"/" + name), 3, name)
 
 
-ESCAPES = [b"../../escape.html", b"..\\..\\escape.html", b"a/../../../escape.html", b"/../../escape.html",
-           b".*./.*./.*./escape.html", b".{./.{./escape.html", b".}./.|./escape.html",
-           b".www../.www../.www../escape.html", b"a/.*./.*./.*./.*./escape.html", b".*.\\.*.\\escape.html",
-           b".*./.*./program/filters.txt", b".*./.*./canary/kept.txt", b".*./.*./new/folder/escape.html",
-           b"%2e%2e/%2e%2e/escape.html", b"/tmp/escape.html", b"c:\\escape.html", b"c:/.*./escape.html",
-           b"z:\\tmp\\escape.html", b"file:///tmp/escape.html", b"http://.www../.www../example.test/escape.html",
-           b"http://.*./.*./canary/example.test.html", b"http://www.example.test/.*./.*./escape.html",
-           b"link/escape.html"]
+# Names are cleaned late, so ".*./" and its like become "../" after every test for that.
+CLIMBS = [b"../../", b"..\\..\\", b"a/../../../", b"/../../", b"%2e%2e/%2e%2e/",
+          b"/tmp/", b"c:\\", b"c:/.*./", b"z:\\tmp\\", b"file:///tmp/", b"http://.www../.www../example.test/"]
+LATE_CLIMBS = [b".*./.*./.*./", b".{./.{./", b".|./.|./", b".www../.www../.www../", b"a/.*./.*./.*./.*./",
+               b".*./.*./canary/", b".*./.*./new/folder/", b".www../.*./program/", b"link/"]
+ESCAPES = [folder + b"escape%d.html" % i for i, folder in enumerate(CLIMBS + LATE_CLIMBS)]
 
 
 class Escapes(FaultTest):
@@ -170,12 +169,12 @@ class Escapes(FaultTest):
         (self.mirror / "example.test").mkdir(parents=True)
         (self.mirror / "example.test/link").symlink_to(canary)
         before = self.outside()
-        pages = [b"/", b"/a/", b"/a/b/c/deep.html"]
-        answers = {path: page(links_to(*ESCAPES, *pages)) for path in pages}
+        links = [*ESCAPES, b".*./.*./canary/kept.txt", b".*./.*./program/filters.txt"]
+        answers = {path: page(links_to(*links, b"/a/b/c/deep.html")) for path in (b"/", b"/a/b/c/deep.html")}
         server = self.crawl(answers, "--connections", 24, "--timeout", 1)
         self.assertEqual(self.outside(), before)
-        for tried in (b"/.*./.*./.*./escape.html", b"/.www../.www../.www../escape.html", b"/link/escape.html"):
-            self.assertIn(tried, server.paths())
+        late = {b"/" + link for link in ESCAPES[len(CLIMBS):]}
+        self.assertEqual(late - set(server.paths()), set(), "each was tried")
 
     def outside(self):
         """Everything of the test's folder but the mirror and the program's own lists; and the roots."""

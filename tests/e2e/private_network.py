@@ -6,11 +6,13 @@ with it. Where the machine forbids that, the test counts as skipped.
 """
 
 import atexit
+import itertools
 import os
 import shutil
 import subprocess
 import sys
 import tempfile
+import uuid
 from pathlib import Path
 
 SKIPPED = 77  # what CTest is told to take as "skipped"
@@ -45,7 +47,10 @@ def enter():
         trial = subprocess.run([*way, "sh", "-c", "ip link set lo up && mount --bind /etc/hosts /etc/hosts"],
                                stderr=subprocess.PIPE, text=True, check=False)
         if trial.returncode == 0:
-            os.environ[INSIDE] = tempfile.mkdtemp(prefix="vantorin-e2e-")
+            # Not mkdtemp's names: they may hold "__", which the program folds in a folder's name.
+            folder = Path(tempfile.gettempdir(), f"vantorin-e2e-{uuid.uuid4().hex}")
+            folder.mkdir(mode=0o700)
+            os.environ[INSIDE] = str(folder)
             os.execvp(way[0], [*way, sys.executable, *sys.argv])
         reason = trial.stderr.strip()
     skip(f"no private network can be made here: {reason}")
@@ -64,8 +69,8 @@ def prepare(folder):
     subprocess.run(["ip", "link", "set", "lo", "up"], check=True)
 
 
-def scratch(name):
+def scratch(name, numbers=itertools.count(1)):
     """A fresh folder of the running test; it goes when the test ends."""
-    path = Path(os.environ[INSIDE]) / name
-    path.mkdir(parents=True)
+    path = Path(os.environ[INSIDE], f"{next(numbers)}-{name}")
+    path.mkdir()
     return path

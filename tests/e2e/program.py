@@ -15,9 +15,10 @@ def copy_program(folder):
 
 def environment(home, **more):
     """A user of whom nothing else is known, without a display."""
-    home.mkdir(parents=True, exist_ok=True)
+    runtime = home / "runtime"
+    runtime.mkdir(mode=0o700, parents=True, exist_ok=True)
     kept = {key: os.environ[key] for key in ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS") if key in os.environ}
-    return kept | {"HOME": str(home), "LANG": "C.UTF-8"} | more
+    return kept | {"HOME": str(home), "XDG_RUNTIME_DIR": str(runtime), "LANG": "C.UTF-8"} | more
 
 
 class Crawl:

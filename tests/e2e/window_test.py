@@ -1,6 +1,5 @@
 """Downloads a site through the window, with nothing but key presses."""
 
-import os
 import subprocess
 import time
 import unittest
@@ -22,12 +21,12 @@ class Desktop:
         self.server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24",
                                         "-nolisten", "tcp"], stdout=subprocess.PIPE, text=True,
                                        stderr=subprocess.DEVNULL)
-        display = ":" + self.server.stdout.readline().strip()
-        self.environment = environment(home, DISPLAY=display)
-        self.manager = self.start("openbox")
+        with self.server.stdout as said:
+            self.environment = environment(home, DISPLAY=":" + said.readline().strip())
+        self.manager = self.start("openbox", stderr=subprocess.DEVNULL)
 
-    def start(self, *command):
-        return subprocess.Popen(command, env=self.environment)
+    def start(self, *command, **how):
+        return subprocess.Popen(command, env=self.environment, **how)
 
     def run(self, *command):
         return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=30,
@@ -104,8 +103,8 @@ class WindowTest(unittest.TestCase):
         desktop.type("HTTP://" + SECOND_SITE)
         desktop.press("Return")
         desktop.await_window("Done.")
-        second = {path for path in tree(self.folder / "mirror") if path.startswith(b"second.test/")}
-        self.assertEqual(second, {b"second.test/index.html", b"second.test/a.html"})
+        self.assertEqual(set(self.site_files(b"second.test/")),
+                         {b"second.test/index.html", b"second.test/a.html"})
         desktop.press("alt+n")
 
         desktop.await_window(MAIN)
@@ -116,9 +115,9 @@ class WindowTest(unittest.TestCase):
         stored = self.settings.read_text(errors="replace")
         self.assertIn(f"LastURL={SITE}", stored)
 
-    def site_files(self):
+    def site_files(self, site=b"example.test/"):
         return {path: data for path, data in tree(self.folder / "mirror").items()
-                if path.startswith(b"example.test/") and not path.endswith(b".tmp")}
+                if path.startswith(site) and not path.endswith(b".tmp")}
 
 
 if __name__ == "__main__":

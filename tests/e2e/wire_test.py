@@ -65,7 +65,7 @@ def request(path, host):
 class WireTest(unittest.TestCase):
     def crawl(self, site, answers):
         """The crawl's exit status, and the server with all that it was sent."""
-        folder = private_network.scratch(self.id().rpartition(".")[2] + str(len(site)))
+        folder = private_network.scratch("crawl")
         with ScriptedServer(answers) as server:
             crawl = Crawl(copy_program(folder / "program"), site, folder / "mirror",
                           "--connections", 1, "--timeout", 2)

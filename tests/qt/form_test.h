@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+#include "platform/qt/local_text.h"
+#include "tests/fakes/fake_host.h"
+#include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_main_window.h"
+
+/// Forms as real widgets, over a host and a main window in memory. Controls are found by name and
+/// worked with keys and clicks.
+class FormTest : public testing::Test {
+  protected:
+    template <typename Control>
+    static Control* Find(QWidget& form, const char* name) {
+        auto* control = form.findChild<Control*>(name);
+        if (control == nullptr) throw std::logic_error(std::string("no control named ") + name);
+        return control;
+    }
+    static void Show(QWidget& form) {
+        form.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    }
+    static void Click(QWidget& form, const char* name) {
+        QTest::mouseClick(Find<QPushButton>(form, name), Qt::LeftButton);
+    }
+    /// Replaces the text of a box by typing another one.
+    static void Retype(QWidget* box, const QString& text) {
+        QTest::keySequence(box, QKeySequence::SelectAll);
+        QTest::keyClick(box, Qt::Key_Delete);
+        QTest::keyClicks(box, text);
+    }
+    static std::vector<std::string> ItemsOf(QWidget& form, const char* name) {
+        const auto* list = Find<QListWidget>(form, name);
+        std::vector<std::string> items;
+        for (int i = 0; i < list->count(); ++i)
+            items.push_back(platform::ToBytes(list->item(i)->text()));
+        return items;
+    }
+    /// Lets dialogs that deleted themselves really go.
+    static void RunDeletions() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    fakes::FakeLoop loop;
+    fakes::FakeHost host;
+    fakes::FakeMainWindow window{loop};
+};
