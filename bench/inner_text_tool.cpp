@@ -16,7 +16,7 @@ int main() {
         std::ifstream file(path, std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(file), {}};
         const auto kind =
-            path.ends_with(".txt") ? platform::PageKind::kPlainText : platform::PageKind::kMarkup;
+            path.ends_with(".txt") ? platform::PageKind::PlainText : platform::PageKind::Markup;
         const std::string text = page_text.InnerText(bytes, kind);
         std::cout << text.size() << '\n' << text << '\n' << std::flush;
     }

@@ -26,8 +26,8 @@ void FoldBlanks(std::string& page_text) {
 }
 
 platform::PageKind KindOf(const std::string& path) {
-    return text::LowerCase(path).ends_with(".txt") ? platform::PageKind::kPlainText
-                                                   : platform::PageKind::kMarkup;
+    return text::LowerCase(path).ends_with(".txt") ? platform::PageKind::PlainText
+                                                   : platform::PageKind::Markup;
 }
 
 std::string SearchFolder() {

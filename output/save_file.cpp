@@ -55,7 +55,7 @@ bool HasTextLines(const std::string& path) {
 /// large, and growing the copy later would hold two of them.
 std::string WorkingCopy(std::string_view body, std::size_t growth) {
     std::string page;
-    page.reserve(body.size() + growth + body.size() / 16 + 64);
+    page.reserve(body.size() + growth + body.size() / 4 + 64);
     page.append(body);
     return page;
 }

@@ -7,6 +7,8 @@
 #include <windows.h>
 
 #include <shlwapi.h>
+// shlwapi.h renames whatever is called so.
+#undef StrFormatByteSize
 #endif
 
 namespace platform {
@@ -15,7 +17,7 @@ namespace platform {
 
 std::string StrFormatByteSize(std::int32_t bytes) {
     std::array<char, 32> buffer{};
-    StrFormatByteSizeA(static_cast<DWORD>(bytes), buffer.data(), buffer.size());
+    StrFormatByteSizeA(static_cast<DWORD>(bytes), buffer.data(), static_cast<UINT>(buffer.size()));
     return buffer.data();
 }
 

@@ -7,7 +7,7 @@ namespace platform {
 
 /// What a file is shown as. A browser goes by the file's name: "*.txt" is plain text, whatever
 /// stands in it.
-enum class PageKind { kMarkup, kPlainText };
+enum class PageKind { Markup, PlainText };
 
 /// Reads a page as a person sees it.
 class PageText {

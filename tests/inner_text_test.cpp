@@ -13,7 +13,7 @@ namespace {
 using platform::PageKind;
 using namespace std::string_view_literals;
 
-std::string TextOf(std::string_view page, PageKind kind = PageKind::kMarkup) {
+std::string TextOf(std::string_view page, PageKind kind = PageKind::Markup) {
     return platform::HtmlInnerText().InnerText(page, kind);
 }
 
@@ -244,9 +244,9 @@ TEST(InnerText, CharactersAreWholeAcrossPieces) {
 #endif
 
 TEST(InnerText, PlainTextFile) {
-    EXPECT_EQ(TextOf("a <b>  &amp;\r\n\r\n\nc", PageKind::kPlainText), "a <b>  &amp;\n\n\nc");
-    EXPECT_EQ(TextOf("", PageKind::kPlainText), "");
-    EXPECT_EQ(TextOf("\xef\xbb\xbfx", PageKind::kPlainText), "x");
+    EXPECT_EQ(TextOf("a <b>  &amp;\r\n\r\n\nc", PageKind::PlainText), "a <b>  &amp;\n\n\nc");
+    EXPECT_EQ(TextOf("", PageKind::PlainText), "");
+    EXPECT_EQ(TextOf("\xef\xbb\xbfx", PageKind::PlainText), "x");
 }
 
 constexpr std::string_view kRichPage =

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "platform/memory_settings_store.h"
@@ -45,16 +46,30 @@ int Print(const CommandLine& line) {
     return line.exit_code;
 }
 
+void SayThatNoDisplayIsThere() {
+    std::fputs(
+        "There is no display to show the window on.\n"
+        "To download without one: vantorin --site ADDRESS --folder FOLDER\n",
+        stderr);
+}
+
+/// The toolkit aborts, leaving a core, when a display is named that cannot be reached.
+void ExitInsteadOfAbort(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg) {
+        SayThatNoDisplayIsThere();
+        std::_Exit(kNoDisplay);
+    }
+    std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
+}
+
 int RunWindow(int argc, char** argv) {
     if (!HasDisplay()) {
-        std::fputs(
-            "There is no display to show the window on (neither DISPLAY nor "
-            "WAYLAND_DISPLAY is set).\nTo download without one: vantorin --site ADDRESS "
-            "--folder FOLDER\n",
-            stderr);
+        SayThatNoDisplayIsThere();
         return kNoDisplay;
     }
+    qInstallMessageHandler(ExitInsteadOfAbort);
     QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     // The window says itself when the program ends: a stop closes one window and opens another.
     QApplication::setQuitOnLastWindowClosed(false);
     platform::QtSettingsStore settings;

@@ -24,7 +24,8 @@ RateGraph::RateGraph(QWidget* parent) : QWidget(parent), rates_(kSeconds, 0) {
 
 void RateGraph::Sample(std::int32_t total_bytes) {
     const bool was_quiet = std::ranges::all_of(rates_, [](std::int32_t rate) { return rate == 0; });
-    const std::int32_t rate = total_bytes < last_total_ ? total_bytes : total_bytes - last_total_;
+    const std::int32_t last = last_total_.value_or(total_bytes);
+    const std::int32_t rate = total_bytes < last ? total_bytes : total_bytes - last;
     last_total_ = total_bytes;
     rates_.pop_front();
     rates_.push_back(rate);

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <deque>
+#include <optional>
 
 namespace ui {
 
@@ -13,8 +14,8 @@ class RateGraph : public QWidget {
   public:
     explicit RateGraph(QWidget* parent);
 
-    /// To be called once a second with the bytes received so far. A count below the last one is the
-    /// start of another crawl.
+    /// To be called once a second with the bytes received so far. The first call only says where
+    /// counting begins; a count below the last one is the start of another crawl.
     void Sample(std::int32_t total_bytes);
 
     /// Bytes per second, the newest last.
@@ -25,7 +26,7 @@ class RateGraph : public QWidget {
 
   private:
     std::deque<std::int32_t> rates_;
-    std::int32_t last_total_ = 0;
+    std::optional<std::int32_t> last_total_;  ///< none before the first sample
 };
 
 }  // namespace ui

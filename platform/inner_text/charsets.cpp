@@ -1,7 +1,6 @@
 #include "platform/inner_text/charsets.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "platform/inner_text/ascii.h"

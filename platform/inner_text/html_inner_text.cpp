@@ -42,7 +42,7 @@ std::string MarkupText(std::string_view bytes, Decoder& decoder) {
 }  // namespace
 
 std::string HtmlInnerText::InnerText(std::string_view file_bytes, PageKind kind) {
-    const bool is_markup = kind == PageKind::kMarkup;
+    const bool is_markup = kind == PageKind::Markup;
     const DetectedCharset detected = DetectCharset(file_bytes, is_markup);
     Decoder decoder(detected.charset);
     file_bytes.remove_prefix(detected.mark_length);

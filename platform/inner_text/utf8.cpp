@@ -1,6 +1,5 @@
 #include "platform/inner_text/utf8.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 

@@ -202,7 +202,8 @@ class QtSocket::Connection : public QObject {
     }
 
     /// Calls a handler, then has a look at what came meanwhile: in a later turn of the loop, so
-    /// that the window paints and others have their turn in between.
+    /// that the window paints and others have their turn in between. The handler comes as a copy,
+    /// since it may destroy the socket that holds it.
     void Raise(std::function<void()> handler) {
         const QPointer<Connection> self(this);
         if (handler) handler();

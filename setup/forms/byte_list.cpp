@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QKeyEvent>
 #include <algorithm>
+#include <cstddef>
 
 #include "platform/qt/local_text.h"
 
@@ -26,6 +27,7 @@ void ByteList::AddItem(const std::string& item) {
 
 std::vector<std::string> ByteList::Items() const {
     std::vector<std::string> items;
+    items.reserve(static_cast<std::size_t>(count()));
     for (int i = 0; i < count(); ++i)
         items.push_back(TextOf(*item(i)));
     return items;

@@ -2,8 +2,6 @@
 
 #include <QWidget>
 
-class QPainter;
-
 namespace ui {
 
 /// A picture that only decorates a form. Drawn from shapes in middle tones, so that it is sharp at

@@ -5,6 +5,10 @@
 
 namespace ui {
 
+namespace {
+constexpr int kCaptionFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
+}
+
 WrappingButton::WrappingButton(const char* name, const QString& caption, QWidget* parent)
     : QPushButton(caption, parent) {
     setObjectName(QLatin1String(name));
@@ -22,8 +26,8 @@ void WrappingButton::paintEvent(QPaintEvent*) {
         area.translate(style()->pixelMetric(QStyle::PM_ButtonShiftHorizontal, &option, this),
                        style()->pixelMetric(QStyle::PM_ButtonShiftVertical, &option, this));
     }
-    constexpr int kFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
-    painter.drawItemText(area, kFlags, option.palette, isEnabled(), text(), QPalette::ButtonText);
+    painter.drawItemText(area, kCaptionFlags, option.palette, isEnabled(), text(),
+                         QPalette::ButtonText);
 }
 
 }  // namespace ui

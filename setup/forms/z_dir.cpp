@@ -1,12 +1,10 @@
 #include "setup/forms/z_dir.h"
 
-#include <QByteArray>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <initializer_list>

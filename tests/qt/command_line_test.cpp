@@ -67,11 +67,12 @@ TEST(CommandLine, ReadsAnOrder) {
 /// The real program.
 class Program : public testing::Test {
   protected:
-    void Start(const QStringList& words) {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    Program() {
         for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
             environment.remove(display);
         }
+    }
+    void Start(const QStringList& words) {
         program.setProcessEnvironment(environment);
         program.start(VANTORIN_PROGRAM, words);
     }
@@ -87,6 +88,7 @@ class Program : public testing::Test {
         return {"--site", "127.77.77.77/www.test", "--folder", QString::fromStdString(folder)};
     }
 
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QProcess program;
     QByteArray out, err;
 };
@@ -102,6 +104,10 @@ TEST_F(Program, TellsBadWordsFromGoodOnes) {
 }
 
 TEST_F(Program, SaysThatItsWindowNeedsADisplay) {
+    EXPECT_EQ(Run({}), 1);
+    EXPECT_TRUE(err.contains("no display"));
+    err.clear();
+    environment.insert("QT_QPA_PLATFORM", "none-such");
     EXPECT_EQ(Run({}), 1);
     EXPECT_TRUE(err.contains("no display"));
 }

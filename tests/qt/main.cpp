@@ -1,11 +1,26 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTimer>
+
+namespace {
+
+/// A test that closes the window for good ends the application's loop, and no dialog of a later one
+/// would stay open. Running the loop once begins anew.
+class FreshLoop : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override {
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+        QApplication::exec();
+    }
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
     // Widgets need a display; the offscreen platform is one that every machine has.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new FreshLoop);
     return RUN_ALL_TESTS();
 }

@@ -279,9 +279,9 @@ TEST_F(MainWindow, AsksBeforeItCloses) {
 TEST_F(MainWindow, DrawsTheRateOfTheLastMinute) {
     Open();
     auto& graph = The<ui::RateGraph>("Picture3");
-    for (const int total : {0, 1000, 1500, 1500, 300})
+    for (const int total : {700, 1700, 2200, 2200, 300})
         graph.Sample(total);
-    const std::vector<std::int32_t> last(graph.Rates().end() - 4, graph.Rates().end());
-    EXPECT_EQ(last, (std::vector<std::int32_t>{1000, 500, 0, 300}));
+    const std::vector<std::int32_t> last(graph.Rates().end() - 5, graph.Rates().end());
+    EXPECT_EQ(last, (std::vector<std::int32_t>{0, 1000, 500, 0, 300}));
     EXPECT_EQ(graph.Rates().size(), 60U);
 }

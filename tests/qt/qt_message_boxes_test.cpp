@@ -17,24 +17,30 @@ namespace {
 using platform::BoxAnswer;
 using platform::BoxStyle;
 
-/// Does something with the dialog that opens next.
-template <typename Dialog>
-void WhenOpen(std::function<void(Dialog&)> act) {
-    QTimer::singleShot(0, qApp, [act] {
-        auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) {
-            WhenOpen<Dialog>(act);
-        } else {
-            act(*dialog);
-        }
-    });
-}
+class QtMessageBoxesTest : public testing::Test {
+  protected:
+    /// Does something with the dialog that opens next in this test.
+    template <typename Dialog>
+    void WhenOpen(std::function<void(Dialog&)> act) {
+        QTimer::singleShot(0, &test_, [this, act] {
+            auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) {
+                WhenOpen<Dialog>(act);
+            } else {
+                act(*dialog);
+            }
+        });
+    }
 
-platform::QtMessageBoxes boxes;
+    platform::QtMessageBoxes boxes_;
+
+  private:
+    QObject test_;
+};
 
 }  // namespace
 
-TEST(QtMessageBoxes, AsksInFourStyles) {
+TEST_F(QtMessageBoxesTest, AsksInFourStyles) {
     struct {
         BoxStyle style;
         QMessageBox::Icon icon;
@@ -54,7 +60,7 @@ TEST(QtMessageBoxes, AsksInFourStyles) {
                 EXPECT_EQ(box.textFormat(), Qt::PlainText);
                 act(box);
             });
-            return boxes.MsgBox("<b>not bold</b>\r\nsecond line", c.style, "Title");
+            return boxes_.MsgBox("<b>not bold</b>\r\nsecond line", c.style, "Title");
         };
         const auto press = [](Qt::Key key) {
             return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
@@ -70,8 +76,8 @@ TEST(QtMessageBoxes, AsksInFourStyles) {
     }
 }
 
-TEST(QtMessageBoxes, TakesALineOfText) {
-    const auto enter = [](const QString& text, Qt::Key last) {
+TEST_F(QtMessageBoxesTest, TakesALineOfText) {
+    const auto enter = [&](const QString& text, Qt::Key last) {
         WhenOpen<QInputDialog>([=](QInputDialog& box) {
             EXPECT_EQ(box.windowTitle(), "Title");
             EXPECT_EQ(box.labelText(), "<i>Prompt</i>");
@@ -81,13 +87,13 @@ TEST(QtMessageBoxes, TakesALineOfText) {
             box.setTextValue(text);
             QTest::keyClick(&box, last);
         });
-        return boxes.InputBox("<i>Prompt</i>", "Title");
+        return boxes_.InputBox("<i>Prompt</i>", "Title");
     };
     EXPECT_EQ(enter("some text", Qt::Key_Return), "some text");
     EXPECT_EQ(enter("some text", Qt::Key_Escape), "");
 }
 
-TEST(QtMessageBoxes, OutliveTheirWindow) {
+TEST_F(QtMessageBoxesTest, OutliveTheirWindow) {
     for (const bool input : {false, true}) {
         auto window = std::make_unique<QWidget>();
         window->show();
@@ -98,9 +104,9 @@ TEST(QtMessageBoxes, OutliveTheirWindow) {
             window.reset();
         });
         if (input) {
-            EXPECT_EQ(boxes.InputBox("Prompt", "Title"), "");
+            EXPECT_EQ(boxes_.InputBox("Prompt", "Title"), "");
         } else {
-            EXPECT_EQ(boxes.MsgBox("Sure?", BoxStyle::StopYesNo, "Title"), BoxAnswer::No);
+            EXPECT_EQ(boxes_.MsgBox("Sure?", BoxStyle::StopYesNo, "Title"), BoxAnswer::No);
         }
     }
 }

@@ -33,7 +33,7 @@ class LoopbackPort {
     ~LoopbackPort() { close(socket_); }
     LoopbackPort(const LoopbackPort&) = delete;
 
-    std::uint16_t number() const { return number_; }
+    std::uint16_t Number() const { return number_; }
     bool SomeoneWaits() const {
         pollfd waiting{socket_, POLLIN, 0};
         return poll(&waiting, 1, 0) == 1;
@@ -61,10 +61,10 @@ struct QtSocketBench : real::Clock {
 
     void NewSocket() { socket = std::make_unique<platform::QtSocket>(); }
     void Connect() {
-        socket->Connect("127.0.0.1", port.number());
+        socket->Connect("127.0.0.1", port.Number());
         EXPECT_EQ(socket->State(), platform::SocketState::Connecting) << "never at once";
     }
-    void ConnectRefused() { socket->Connect("127.0.0.1", silent_port.number()); }
+    void ConnectRefused() { socket->Connect("127.0.0.1", silent_port.Number()); }
     void Accept() {
         if (peer >= 0) close(peer);
         ASSERT_TRUE(RunUntil([this] { return port.SomeoneWaits(); }));
@@ -115,7 +115,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Qt, SocketContract, QtSocketBench);
 
 TEST_F(QtSocketTest, FindsHostsByNameAndByNumber) {
     for (const std::string host : {"localhost", "127.0.0.1", "127.1"}) {
-        EXPECT_EQ(bench_.EndOf(host, bench_.port.number()), SocketState::Connected) << host;
+        EXPECT_EQ(bench_.EndOf(host, bench_.port.Number()), SocketState::Connected) << host;
     }
 }
 
@@ -142,7 +142,7 @@ TEST_F(QtSocketTest, WhatCannotBeAHostIsAnError) {
                                     std::string(255, 'a'),
                                     std::string(70'000, 'a'),
                                     "nowhere.invalid"s}) {
-        EXPECT_EQ(bench_.EndOf(host, bench_.port.number()), SocketState::Error)
+        EXPECT_EQ(bench_.EndOf(host, bench_.port.Number()), SocketState::Error)
             << host.substr(0, 80);
     }
     EXPECT_FALSE(bench_.port.SomeoneWaits());
@@ -151,10 +151,10 @@ TEST_F(QtSocketTest, WhatCannotBeAHostIsAnError) {
 TEST_F(QtSocketTest, ALookupEndsWithItsConnection) {
     bool connected = false;
     bench_.socket->on_connect = [&] { connected = true; };
-    bench_.socket->Connect("localhost", bench_.port.number());
+    bench_.socket->Connect("localhost", bench_.port.Number());
     EXPECT_EQ(bench_.socket->State(), SocketState::Connecting) << "it did not wait for the name";
     bench_.socket->Close();
-    bench_.socket->Connect("nowhere.invalid", bench_.port.number());
+    bench_.socket->Connect("nowhere.invalid", bench_.port.Number());
     bench_.NewSocket();
     bench_.Wait(200);
     EXPECT_FALSE(connected);
