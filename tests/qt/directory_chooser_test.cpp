@@ -122,12 +122,12 @@ TEST_F(DirectoryChooserTest, AnotherDriveOpensAtItsRootAndOneThatIsNotReadyNotAt
 TEST_F(DirectoryChooserTest, ManyFoldersAndOddNames) {
     for (int i = 0; i < 10'000; ++i)
         host.files.folders.insert("c:\\many\\sub" + std::to_string(i));
-    for (const char* name : {"b\xc3\xa4r", "Alpha", "no \xff text", ".hidden"})
+    for (const char* name : {"b\xc3\xa4r", "Cecil", "no \xff text", ".hidden"})
         host.files.Have(std::string("c:\\many\\") + name);
     Open("C:\\many\\");
     ASSERT_EQ(Names().size(), 2U + 10'003U);
-    EXPECT_EQ(Names()[2], "Alpha");  // in a person's order, not in that of the bytes
-    EXPECT_EQ(Names()[3], "b\xc3\xa4r");
+    EXPECT_EQ(Names()[2], "b\xc3\xa4r");  // in a person's order, not in that of the bytes
+    EXPECT_EQ(Names()[3], "Cecil");
 
     DoubleClick("no \xef\xbf\xbd text");
     EXPECT_EQ(Label1(), "C:\\many") << "shown, but the folder box could not hold it";

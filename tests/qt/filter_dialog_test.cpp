@@ -114,9 +114,12 @@ TEST_F(FilterDialogTest, ThereIsOnlyOneAndItMovesToWhoAsksForIt) {
                       Find<QPushButton>(*dialog, "Command4")->geometry().center());
     EXPECT_EQ(Stored(), "A\r\nUNSAVED\r\n");
     // One that has closed but is not deleted yet is not shown again.
-    ui::zFilter* next = ui::zFilter::ShowOver(&first);
+    dialog = ui::zFilter::ShowOver(&first);
+    dialog->close();
+    QPointer<ui::zFilter> next = ui::zFilter::ShowOver(&first);
+    ASSERT_FALSE(dialog.isNull());
     EXPECT_NE(next, dialog);
-    next->close();
+    delete next;
 }
 
 TEST_F(FilterDialogTest, MayVanishBehindItsOwnQuestion) {

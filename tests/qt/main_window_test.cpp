@@ -208,6 +208,7 @@ TEST_F(MainWindow, AsksBeforeItCloses) {
     EXPECT_TRUE(Window().isVisible());
     EXPECT_FALSE(Window().Command1Enabled());
 
+    QApplication::setQuitOnLastWindowClosed(false);        // as the program has it
     host.boxes.while_open = [this] { Window().close(); };  // asks no second time
     QTimer::singleShot(0, [this] { Window().close(); });
     EXPECT_EQ(QCoreApplication::exec(), 0) << "the program ends";

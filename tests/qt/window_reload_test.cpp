@@ -18,10 +18,12 @@ class WindowReload : public bench::WindowTest {
 TEST_F(WindowReload, OpensTheWizardOnceAtTheStart) {
     in_wizard = [this] {
         holder.Activated();
+        holder.OpenWizard();
         QTest::qWait(50);
     };
     Open();
-    in_wizard();
+    holder.Activated();
+    QTest::qWait(50);
     EXPECT_EQ(wizards, 1);
     Choose("mnupref");
     EXPECT_EQ(wizards, 2);
@@ -51,6 +53,7 @@ TEST_F(WindowReload, StopMakesAFreshWindowAndThenOpensTheWizard) {
     EXPECT_FALSE(crawl::Stopping);
     EXPECT_EQ(Window().geometry(), place);
     EXPECT_TRUE(crawl::List2.Empty());
+    EXPECT_TRUE(crawl::List1.on_change && crawl::List2.on_change) << "the new lists are told";
 }
 
 TEST_F(WindowReload, NewSiteDuringACrawlAsksAndOpensOneWizard) {
@@ -95,11 +98,16 @@ TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
     for (int stop_at = 1; host.processes.folders.empty(); ++stop_at) {
         SCOPED_TRACE(testing::Message() << "stopped after write " << stop_at);
         const QPointer<ui::frmMain> old(&Window());
+        QObject::connect(old, &QObject::destroyed, [this] { EXPECT_EQ(events.Depth(), 0); });
         const int wizards_before = wizards;
         int writes = 0;
         host.boxes.answers = {BoxAnswer::Yes};
         host.files.on_write = [&](const std::string&) {
-            if (++writes == stop_at) QTimer::singleShot(0, [this] { Click("Command2"); });
+            if (++writes != stop_at) return;
+            QTimer::singleShot(0, [this] {
+                Click("Command2");
+                QTest::qWait(20);  // an unloaded window outlives also this
+            });
         };
         bas_General::SetTargetFolder("c:\\mirror" + std::to_string(stop_at) + "\\");
         StartByKeys("site.com");
