@@ -76,12 +76,19 @@ TEST_F(WindowReload, ClosesThePauseDialogOfTheOldWindow) {
     Open();
     StartSilentCrawl();
     const QPointer<ui::frmMain> old(&Window());
-    QTimer::singleShot(0, [&] {
+    const auto reload = [&] {
         holder.Reload();
+        QTest::qWait(50);
         EXPECT_FALSE(Window().tmrMove().Enabled());
+    };
+    // From the program's loop, in which the dialog's runs: that holds the old window.
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, reload);
+        Choose("mnupause");
+        EXPECT_FALSE(old.isNull()) << "its handler is still running";
+        QCoreApplication::exit();
     });
-    Choose("mnupause");
-    EXPECT_FALSE(old.isNull()) << "its handler is still running";
+    QCoreApplication::exec();
     EXPECT_TRUE(WaitFor([&] { return old.isNull(); }));
     EXPECT_FALSE(Window().tmrMove().Enabled());
 }
