@@ -81,7 +81,8 @@ TEST(LinkScannerTest, FindsTheLinksOfAPage) {
     }
     EXPECT_EQ(LinksOf("href=12345href=b.html"), "12345href=b.html b.html ");
     EXPECT_EQ(LinksOf("href='HTTP://site.com/a.html'"), "HTTP:/site.com/a.html ");
-    EXPECT_EQ(LinksOf("href='http://www.site.com//a///b.html'"), "www.site.com/a//b.html ");
+    EXPECT_EQ(LinksOf("href='http://www.site.com///org///net///a///b.html'"),
+              "www.site.com/org/net/a//b.html ");
     EXPECT_EQ(LinksOf("0; url=http://site.com/b.html\">"), "http://site.com/b.html ");
     EXPECT_EQ(LinksOf("href=" + letters + ".html.html"), letters + ".html ");
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <map>
 
 #include "output/records.h"
@@ -65,11 +66,13 @@ TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
 
 TEST_F(SaveFileTest, TakesTheHeaderOffAndCleansTheCallersAddress) {
     const std::string binary("\0\xff\0", 3);
-    const std::map<std::string, std::string> cases = {{"200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
-                                                      {"no blank line", "blank line"},
-                                                      {"ab", ""},
-                                                      {"cancelled", "celled"},
-                                                      {"\r\n\r\n" + binary, binary}};
+    const std::map<std::string, std::string> cases = {
+        {"200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
+        {"no blank line", "blank line"},
+        {"ab", ""},
+        {"cancelled", "celled"},
+        {"\r\n\r\n" + binary, binary},
+    };
     for (const auto& [received, saved] : cases) {
         std::string address = "\\site.com//a?b\\\\c.gif";
         SaveFile(received, address, 1);
@@ -119,23 +122,16 @@ TEST_F(SaveFileTest, FlattensClimbingLinksOfTopLevelPages) {
 }
 
 TEST_F(SaveFileTest, OwnLinksAreThoseToTheSlotsHost) {
-    crawl::Slots[1].Host = " HTTP://www.site.com/ ";
+    crawl::Slots[1].Host = " HTTP://www.site.com/ ";  // in capitals it matches nothing
     crawl::Slots[2].Host = "a.net";
     crawl::Slots[24].Host = "www.a.net\\";
-    const struct {
-        std::int16_t slot;
-        std::string rewritten;  // of the page below
-    } cases[] = {
-        {1, "http://a.net/x http://www.a.net/y http://site.com/z"},
-        {2, "x y http://site.com/z"},
-        {24, "x y http://site.com/z"},
-        {0, "a.net/x www.a.net/y site.com/z"},
-        {25, "a.net/x www.a.net/y site.com/z"},
-    };
     const std::string page = "http://a.net/x http://www.a.net/y http://site.com/z";
-    for (const auto& c : cases) {
-        EXPECT_EQ(Rewritten(page, "site.com/d/e.bin", c.slot), c.rewritten) << c.slot;
-    }
+    const std::string path = "site.com/d/e.bin";
+    EXPECT_EQ(Rewritten(page, path, 1), page);
+    EXPECT_EQ(Rewritten(page, path, 2), "x y http://site.com/z");
+    EXPECT_EQ(Rewritten(page, path, 24), "x y http://site.com/z");
+    EXPECT_EQ(Rewritten(page, path, 0), "a.net/x www.a.net/y site.com/z");
+    EXPECT_EQ(Rewritten(page, path, 25), "a.net/x www.a.net/y site.com/z");
 }
 
 TEST_F(SaveFileTest, ATimedOutNameIsTakenLiterally) {
@@ -150,9 +146,10 @@ TEST_F(SaveFileTest, ATimedOutNameIsTakenLiterally) {
 TEST_F(SaveFileTest, AFaultCostsTheFileOnly) {
     host.files.Have("c:\\w\\site.com\\a.gif.tmp", "queued");
     host.files.refused = {"c:\\w\\site.com\\a.gif"};
+    crawl::FilesDone = std::numeric_limits<std::int32_t>::max();
     Save("body", "\\site.com/a.gif");
     EXPECT_TRUE(host.files.files.empty()) << "the placeholder goes";
-    EXPECT_EQ(crawl::FilesDone, 1);
+    EXPECT_EQ(crawl::FilesDone, std::numeric_limits<std::int32_t>::max());
 }
 
 TEST_F(SaveFileTest, RecordsTheTextOfPagesOnly) {
