@@ -5,6 +5,7 @@
 
 #include "setup/forms/folder_list.h"
 #include "setup/forms/z_dir.h"
+#include "setup/settings.h"
 #include "tests/qt/form_test.h"
 
 namespace {
@@ -16,7 +17,7 @@ class DirectoryChooserTest : public FormTest {
             host.files.Have(folder);
     }
     void Open(const std::string& stored) {
-        host.settings.values["InDir"] = stored;
+        bas_General::PutSetting("InDir", stored);
         chosen.clear();
         chooser = std::make_unique<ui::zDir>(
             nullptr, [this](const std::string& folder) { chosen.push_back(folder); });
@@ -72,7 +73,7 @@ TEST_F(DirectoryChooserTest, OpensOnTheStoredFolderOrTheNearestThatIsThere) {
         EXPECT_EQ(Drive(), c.drive) << c.stored;
     }
     EXPECT_EQ(chooser->windowTitle(), "Select Directory to Save the Website");
-    host.settings.values.clear();
+    host.settings = {};
     ui::zDir first_run(nullptr, {});
     EXPECT_EQ(Find<QLabel>(first_run, "Label1")->text(), "C:\\Websites");
 }
@@ -126,7 +127,7 @@ TEST_F(DirectoryChooserTest, OtherWaysOfClosingChangeNothing) {
         }
         EXPECT_FALSE(chooser->isVisible());
         EXPECT_TRUE(chosen.empty());
-        EXPECT_EQ(host.settings.values["InDir"], "C:\\Websites\\");
+        EXPECT_EQ(bas_General::StoredFolder(), "C:\\Websites\\");
     }
 }
 

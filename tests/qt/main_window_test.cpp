@@ -5,6 +5,7 @@
 
 #include "engine/scheduler.h"
 #include "setup/keyword_filters.h"
+#include "setup/settings.h"
 #include "tests/qt/window_bench.h"
 #include "ui/activity_light.h"
 #include "ui/address_list.h"
@@ -166,7 +167,7 @@ TEST_F(MainWindow, OnlyChoosingACountClearsTheRowsBeyondIt) {
 }
 
 TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
-    host.settings.values["InDir"] = "C:\\mirror";
+    bas_General::PutSetting("InDir", "C:\\mirror");
     server.pages = {{"/", "<a href=\"b.html\">b</a> <a href=\"c.iso\">c</a>"}, {"/b.html", "b"}};
     Open();
     auto& address = The<QLineEdit>("Text1");
@@ -199,7 +200,7 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
 }
 
 TEST_F(MainWindow, StartsNothingInAFolderThatCannotBeWritten) {
-    host.settings.values["InDir"] = "C:\\mirror";
+    bas_General::PutSetting("InDir", "C:\\mirror");
     host.files.refused = {"c:\\mirror"};
     Open();
     for (int attempt = 1; attempt <= 2; ++attempt) {

@@ -8,6 +8,7 @@
 #include "setup/forms/frm_new.h"
 #include "setup/forms/z_dir.h"
 #include "setup/forms/z_filter.h"
+#include "setup/settings.h"
 #include "tests/qt/form_test.h"
 
 namespace {
@@ -82,8 +83,9 @@ TEST_F(WizardTest, AFirstRunShowsTheDefaults) {
 }
 
 TEST_F(WizardTest, ALaterRunShowsWhatWasLeft) {
-    host.settings.values = {
-        {"LastURL", "http://a.com/x"}, {"InDir", "\\srv"}, {"Timeout", "7 or so"}};
+    bas_General::PutSetting("LastURL", "http://a.com/x");
+    bas_General::PutSetting("InDir", "\\srv");
+    bas_General::PutSetting("Timeout", "7 or so");
     OpenWithTypes(".htm\r\n\r\n .GIF \r\n");
     EXPECT_EQ(TxtUrl()->text(), "http://a.com/x");
     EXPECT_EQ(TxtDir()->text(), "\\srv");
@@ -383,7 +385,7 @@ TEST_F(WizardTest, SetDefaultAsksAndSavesAtOnce) {
 
 TEST_F(WizardTest, TheDirectoryChooserFillsTheFolderBox) {
     host.files.Have("c:\\Websites\\mine");
-    host.settings.values["InDir"] = "C:\\Websites\\mine\\gone";
+    bas_General::PutSetting("InDir", "C:\\Websites\\mine\\gone");
     Open();
     for (const char* button : {"Command2", "Command1"}) {
         Click("Command7");
