@@ -38,7 +38,7 @@ class TimerContract : public testing::Test {
     Bench bench_;
     std::unique_ptr<platform::Timer> timer_;
     int ticks = 0;
-    std::function<void()> in_handler;
+    std::function<void()> in_handler;  // what else it does
 };
 
 TYPED_TEST_SUITE_P(TimerContract);
@@ -70,7 +70,6 @@ TYPED_TEST_P(TimerContract, EnablingOrSettingTheIntervalStartsItAnew) {
     timer.SetInterval(100);
     timer.SetEnabled(true);
     for (const bool by_interval : {false, true}) {
-        SCOPED_TRACE(by_interval);
         this->bench_.Wait(60);
         const std::int64_t start = this->bench_.Now();
         by_interval ? static_cast<void>(timer.SetInterval(100)) : timer.SetEnabled(true);

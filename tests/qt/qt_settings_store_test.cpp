@@ -41,7 +41,7 @@ TEST_F(QtSettingsStoreTest, KeepsEveryTextAsItIs) {
 TEST_F(QtSettingsStoreTest, ADamagedStoreCanBeWrittenAgainAndOnlyTextIsAValue) {
     Put("20");
     for (const QByteArray& damage :
-         {QByteArray("[Settings\nTimeout=20"), QByteArray("[Settings]\nTimeout=@Size(1 2)"),
+         {QByteArray("[Settings"), QByteArray("[Settings]\nTimeout=@Size(1 2)"),
           QByteArray("[Settings]\nTimeout=@Variant(\\0\\0\\0\\x9\\0\\x7f\\xff\\xff\\xff)"),
           QByteArray("[Settings]\nTimeout=1, 2"), QByteArray(100'000, '\xa5')}) {
         QFile file(file_);
