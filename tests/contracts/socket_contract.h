@@ -136,6 +136,7 @@ TYPED_TEST_P(SocketContract, WhatComesDuringAHandlerIsNoticedAfterIt) {
         EXPECT_EQ(bench.socket->GetData(), "");
     };
     this->ConnectAndAccept();
+    bench.Settle();  // so that it waits for bytes when they come
     bench.PeerSends("first ");
     EXPECT_TRUE(this->EndsIn(SocketState::Closing));
     EXPECT_EQ(this->received, "first second");
