@@ -14,7 +14,7 @@ using platform::PageKind;
 using namespace std::string_view_literals;
 
 std::string TextOf(std::string_view page, PageKind kind = PageKind::Markup) {
-    return platform::HtmlInnerText().InnerText(page, kind);
+    return platform::HtmlInnerText().InnerText(std::string(page), kind);
 }
 
 struct Row {

@@ -90,8 +90,8 @@ class CannedPageText : public platform::PageText {
     std::string text = "page text";
     std::vector<std::string> pages;
 
-    std::string InnerText(std::string_view file_bytes, platform::PageKind) override {
-        pages.emplace_back(file_bytes);
+    std::string InnerText(std::string file_bytes, platform::PageKind) override {
+        pages.push_back(std::move(file_bytes));
         return text;
     }
 };
