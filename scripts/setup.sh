@@ -14,9 +14,10 @@ TEST_PACKAGES=(
     imagemagick
     iproute2
     libgtest-dev
+    libxml2-doc
     nginx-light
     openbox
-    python-kombu-doc
+    python-flask-doc
     python3
     python3-selenium
     xapian-doc

@@ -50,4 +50,12 @@ bool TestFolderWritable(std::string& path) {
     return files.WriteFile(probe, {"sdkjlf\r\n"}) && files.DeleteFile(probe);
 }
 
+bool TargetFolderAccepted() {
+    if (TestFolderWritable(crawl::TargetFolder)) return true;
+    platform::Host().boxes.MsgBox(
+        "That is an invalid directory. Check it has no invalid characters.",
+        platform::BoxStyle::Stop, "Eror");
+    return false;
+}
+
 }  // namespace bas_General

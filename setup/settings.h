@@ -25,4 +25,7 @@ void SetTargetFolder(const std::string& folder);
 /// end.
 bool TestFolderWritable(std::string& path);
 
+/// Whether the `TargetFolder` can be written into; a box says so when it cannot.
+bool TargetFolderAccepted();
+
 }  // namespace bas_General

@@ -36,7 +36,7 @@ class Crawl : public CrawlTest {
         EXPECT_TRUE(window.start_enabled) << "the crawl does not come to an end";
     }
 
-    Mirror Saved() const {
+    Mirror Mirrored() const {
         Mirror saved = host.files.files;
         // The order of the records is the order of arrival, which may differ.
         std::erase_if(saved, [](const auto& file) { return file.first.ends_with(".txt"); });
@@ -46,7 +46,7 @@ class Crawl : public CrawlTest {
     Mirror CrawlUndisturbed() {
         Start("site.com");
         RunToTheEnd();
-        return Saved();
+        return Mirrored();
     }
 
     /// Forgets everything, as a program that was just started.
@@ -118,7 +118,7 @@ TEST_F(Disturbed, AStopEndsTheCrawlWhereverItComes) {
                      const auto requests = network.requests().size();
                      loop.Advance(120000);
                      EXPECT_EQ(network.requests().size(), requests) << "something runs on";
-                     for (const auto& [path, bytes] : Saved()) {
+                     for (const auto& [path, bytes] : Mirrored()) {
                          EXPECT_TRUE(path.ends_with(".tmp") || undisturbed.at(path) == bytes)
                              << path;
                      }
@@ -132,7 +132,7 @@ TEST_F(Disturbed, ACrawlStartedRightAfterAStopIsWhole) {
             BlankDisk();
             Start("site.com");
         },
-        [&] { EXPECT_EQ(Saved(), undisturbed); });
+        [&] { EXPECT_EQ(Mirrored(), undisturbed); });
 }
 
 TEST_F(Disturbed, ATimeoutOfAnySlotLosesNothing) {

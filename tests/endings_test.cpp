@@ -14,16 +14,7 @@ using platform::SocketState;
 
 constexpr int kTimeout = 20000;
 
-class Endings : public CrawlTest {
-  protected:
-    void Answer(int slot, const std::string& body) {
-        window.Sock(slot).PeerAccepts();
-        loop.RunUntilIdle();
-        window.Sock(slot).PeerSends("HTTP/1.0 200 OK\r\n\r\n" + body);
-        window.Sock(slot).PeerCloses();
-        loop.RunUntilIdle();
-    }
-};
+class Endings : public CrawlTest {};
 
 TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
     Start("www.site.com/a.html");
@@ -40,7 +31,7 @@ TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
     EXPECT_EQ(window.rows[1].status, "Not Connected.");
     EXPECT_EQ(window.rows[1].size, "0 KB");
     EXPECT_EQ(window.rows[1].received, "-");
-    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), "(none)")
+    EXPECT_EQ(Saved("a.html"), "(none)")
         << "the timeout text is given a name that no folder ever has";
     ASSERT_EQ(host.boxes.asked.size(), 1U);
     EXPECT_EQ(host.boxes.asked[0].title, "Done.");
@@ -69,8 +60,7 @@ TEST_F(Endings, ARetryKeepsThePartInFront) {
     window.Sock(1).PeerResets();
     loop.Advance(kTimeout);
     Answer(1, "whole");
-    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.css"),
-              "part HTTP/1.0 200 OK\r\n\r\nwhole\r\n");
+    EXPECT_EQ(Saved("a.css"), "part HTTP/1.0 200 OK\r\n\r\nwhole\r\n");
 }
 
 TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
@@ -80,16 +70,15 @@ TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
     loop.Advance(20);
     Answer(1, "good");
     EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
-    const auto saved = host.files.At("C:\\Websites\\site.com\\a.html");
-    EXPECT_EQ(saved, "good\r\n");
+    EXPECT_EQ(Saved("a.html"), "good\r\n");
 
     window.Sock(2).PeerAccepts();
     loop.Advance(kTimeout);
     EXPECT_EQ(crawl::Slots[1].Attempts, 2);
     EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting) << "its last address is tried again";
-    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), saved);
+    EXPECT_EQ(Saved("a.html"), "good\r\n");
     Answer(1, "again");
-    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), "again\r\n");
+    EXPECT_EQ(Saved("a.html"), "again\r\n");
 }
 
 TEST_F(Endings, CompletesOnlyWhenQueueAndAllSocketsAreDone) {
@@ -128,12 +117,6 @@ TEST_F(Endings, TheCompletionBoxOffersTheMirror) {
                                               : std::vector<std::string>{});
         BlankDisk();
     }
-}
-
-TEST_F(Endings, SiteCompleteWithoutACrawlDoesNothing) {
-    bas_Connections::SiteComplete();
-    EXPECT_TRUE(host.boxes.asked.empty());
-    EXPECT_EQ(window.label6, "Not Connected.");
 }
 
 TEST_F(Endings, StopNOWMakesEverythingIdle) {
@@ -184,7 +167,7 @@ TEST_F(Endings, PauseOnlyKeepsNewFilesFromStarting) {
     loop.Advance(200);
     EXPECT_EQ(crawl::List1.Count(), 1U);
     Answer(1, "saved meanwhile");
-    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.html"), "saved meanwhile\r\n");
+    EXPECT_EQ(Saved("a.html"), "saved meanwhile\r\n");
     bas_Connections::Resume();
     loop.Advance(20);
     EXPECT_TRUE(crawl::List1.Empty());

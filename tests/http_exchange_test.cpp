@@ -131,7 +131,7 @@ TEST_F(HttpExchange, ALateChunkBeyondTheCountStillCompletesItsJob) {
     EXPECT_EQ(window.rows[6].status, "Not Connected.");
     window.Sock(6).PeerCloses();
     loop.RunUntilIdle();
-    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\f6.gif"), "GIF\r\n");
+    EXPECT_EQ(Saved("f6.gif"), "GIF\r\n");
     EXPECT_EQ(window.Sock(6).State(), SocketState::Closed);
 }
 
@@ -148,7 +148,7 @@ TEST_F(HttpExchange, SavesOnceAndWholeHoweverLateTheCloseComes) {
         window.Sock(1).PeerCloses();
         loop.Advance(1);
         EXPECT_EQ(crawl::FilesDone, 1);
-        EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\page.html"), "first last\r\n");
+        EXPECT_EQ(Saved("page.html"), "first last\r\n");
         EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
     }
 }
@@ -162,7 +162,7 @@ TEST_F(HttpExchange, BytesThatComeWhileAChunkIsHandledAreNotLost) {
     });
     Receive(1, kHeader + "one ");
     loop.Advance(1);
-    EXPECT_EQ(host.files.At("C:\\Websites\\site.com\\a.css"), "one two three\r\n");
+    EXPECT_EQ(Saved("a.css"), "one two three\r\n");
     EXPECT_EQ(crawl::FilesDone, 1);
 }
 

@@ -21,11 +21,8 @@ constexpr int kEnterKey = 13;
 bool FolderIsReady() {
     if (!crawl::TargetFolder.empty()) return true;
     bas_General::SetTargetFolder(bas_General::NormalizeFolder(bas_General::StoredFolder()));
-    if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
+    if (bas_General::TargetFolderAccepted()) return true;
     crawl::TargetFolder.clear();
-    platform::Host().boxes.MsgBox(
-        "That is an invalid directory. Check it has no invalid characters.",
-        platform::BoxStyle::Stop, "Eror");
     return false;
 }
 

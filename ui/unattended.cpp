@@ -10,7 +10,6 @@
 #include "engine/main_window.h"
 #include "engine/site_start.h"
 #include "extractor/addresses.h"
-#include "platform/services.h"
 #include "setup/file_types.h"
 #include "setup/settings.h"
 #include "ui/frm_main.h"
@@ -55,11 +54,7 @@ bool PrepareFolder(const std::string& folder, Terminal& terminal) {
         return false;
     }
     bas_General::SetTargetFolder(cleaned);
-    if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
-    platform::Host().boxes.MsgBox(
-        "That is an invalid directory. Check it has no invalid characters.",
-        platform::BoxStyle::Stop, "Eror");
-    return false;
+    return bas_General::TargetFolderAccepted();
 }
 
 void PrepareFileTypes() {

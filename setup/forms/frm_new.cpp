@@ -15,7 +15,6 @@
 #include "output/paths.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
-#include "platform/services.h"
 #include "setup/forms/byte_list.h"
 #include "setup/forms/z_dir.h"
 #include "setup/forms/z_filter.h"
@@ -139,17 +138,9 @@ void frmNew::SetToInDIR() {
     bas_General::SetTargetFolder(TxtDir());
 }
 
-bool frmNew::TargetFolderAccepted() {
-    if (bas_General::TestFolderWritable(crawl::TargetFolder)) return true;
-    platform::Host().boxes.MsgBox(
-        "That is an invalid directory. Check it has no invalid characters.",
-        platform::BoxStyle::Stop, "Eror");
-    return false;
-}
-
 void frmNew::Command1_Click() {
     SetToInDIR();
-    if (!TargetFolderAccepted()) return;
+    if (!bas_General::TargetFolderAccepted()) return;
     SaveFileTypes();
     engine::Window().SetText1(platform::ToBytes(txt_url_->text()));
     bas_Connections::ConnectNowNow();
@@ -158,7 +149,7 @@ void frmNew::Command1_Click() {
 
 void frmNew::Command2_Click() {
     SetToInDIR();
-    if (!TargetFolderAccepted()) return;
+    if (!bas_General::TargetFolderAccepted()) return;
     SaveFileTypes();
     accept();
 }

@@ -44,8 +44,6 @@ class frmNew : public QDialog {
 
     /// Normalises the folder box and makes its folder the target folder.
     void SetToInDIR();
-    /// Whether files can be written in the target folder; if not, the user has been told.
-    bool TargetFolderAccepted();
     void ShowHostFolder();
     std::string TxtDir() const;
     void SetTxtDir(const std::string& folder);

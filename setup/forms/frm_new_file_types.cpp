@@ -39,7 +39,7 @@ void frmNew::Command3_Click() {
     const std::string answer = boxes.InputBox("Enter a file extension (e.g. .html)", "");
     std::string type(text::Trim(text::LowerCase(answer)));
     if (type.empty()) return;
-    if (type.front() != '.') type.insert(0, ".");
+    if (type.front() != '.') type.insert(0, 1, '.');
     if (type.size() > kLongestType) {
         boxes.MsgBox("That file extension is too long! (max 4 characters)",
                      platform::BoxStyle::Information, "Error");

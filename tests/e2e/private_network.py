@@ -25,7 +25,7 @@ WAYS_IN = [
 ]
 
 NAMES = """\
-127.0.0.1 localhost www.example.test example.test www.second.test other.test
+127.0.0.1 localhost www.example.test example.test www.second.test www.third.test other.test
 127.0.0.9 refused.example.test
 """
 

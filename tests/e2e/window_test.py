@@ -9,7 +9,7 @@ from program import copy_program, tree, wait_until
 from site_model import SiteModel
 
 SITE = "www.example.test"
-ROOT = "/usr/share/doc/python-kombu-doc/html"
+ROOT = "/usr/share/doc/python-flask-doc/html"
 SECOND_SITE = "www.second.test"
 
 
@@ -42,7 +42,7 @@ class WindowTest(unittest.TestCase):
         self.assertGreater(desktop.shoot("wizard.png"), 20)
         desktop.press("Return")
         desktop.await_window(MAIN)
-        wait_until(lambda: len(self.site_files()) > 50, what="the first files")
+        wait_until(lambda: len(self.site_files()) > 20, what="the first files")
         self.assertGreater(desktop.shoot("downloading.png"), 50)
 
         desktop.await_window("Done.", 120)

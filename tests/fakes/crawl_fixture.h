@@ -32,6 +32,20 @@ class CrawlTest : public testing::Test {
             crawl::List1.AddItem(address);
     }
 
+    /// Lets the server of `slot` accept, answer with `body` and close.
+    void Answer(int slot, const std::string& body) {
+        window.Sock(slot).PeerAccepts();
+        loop.RunUntilIdle();
+        window.Sock(slot).PeerSends("HTTP/1.0 200 OK\r\n\r\n" + body);
+        window.Sock(slot).PeerCloses();
+        loop.RunUntilIdle();
+    }
+
+    /// What the mirror of site.com has under this name, or "(none)".
+    std::string Saved(const std::string& name) const {
+        return host.files.At("C:\\Websites\\site.com\\" + name);
+    }
+
     /// An empty disk with the list of wanted file types.
     void BlankDisk() {
         host.files.files.clear();
