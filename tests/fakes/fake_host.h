@@ -23,6 +23,7 @@ class ScriptedBoxes : public platform::MessageBoxes {
         std::string message;
         platform::BoxStyle style;
         std::string title;
+        bool operator==(const Asked&) const = default;
     };
     std::vector<Asked> asked;
     std::deque<platform::BoxAnswer> answers;  ///< without one: Ok, or No where that is a button
