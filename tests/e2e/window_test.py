@@ -15,12 +15,16 @@ SECOND_SITE = "www.second.test"
 
 
 class Desktop:
-    """An X server that shows nowhere, with a window manager, one user and one keyboard."""
+    """An X server that shows nowhere, with a window manager, one user and one keyboard.
+
+    Its socket is one of the private network alone, and it takes no lock: those of the machine's own
+    X servers would look abandoned from here, and be taken away from them.
+    """
 
     def __init__(self, home):
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24",
-                                        "-nolisten", "tcp"], stdout=subprocess.PIPE, text=True,
-                                       stderr=subprocess.DEVNULL)
+        self.server = subprocess.Popen(["Xvfb", ":1", "-displayfd", "1", "-nolock", "-nolisten", "unix",
+                                        "-nolisten", "tcp", "-screen", "0", "1280x1024x24"],
+                                       stdout=subprocess.PIPE, text=True, stderr=subprocess.DEVNULL)
         with self.server.stdout as said:
             self.environment = environment(home, DISPLAY=":" + said.readline().strip())
         self.manager = self.start("openbox", stderr=subprocess.DEVNULL)
