@@ -138,6 +138,10 @@ void frmMain::PlaceOnScreen() {
     constexpr int kFrame = 40;
     const QSize room = screen()->availableGeometry().size() - QSize(0, kFrame);
     resize(QSize(Twips(kOpeningWidth), wanted).boundedTo(room));
+    // Left to the desktop, the place would not be known yet when the wizard is put over it.
+    QRect place({0, 0}, size());
+    place.moveCenter(screen()->availableGeometry().center());
+    move(place.topLeft() - QPoint(0, kFrame / 2));
 }
 
 }  // namespace ui

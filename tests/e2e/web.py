@@ -23,18 +23,19 @@ http {{
     fastcgi_temp_path {folder}/fastcgi;
     uwsgi_temp_path {folder}/uwsgi;
     scgi_temp_path {folder}/scgi;
+    {limits}
     {sites}
 }}
 """
 
 
 @contextlib.contextmanager
-def nginx(folder, sites):
+def nginx(folder, sites, limits=""):
     """Serves each of `sites` (host name -> folder) on port 80 while the block runs."""
     servers = "".join(f"server {{ listen 80; server_name {name}; root {root}; }}\n"
                       for name, root in sites.items())
     configuration = folder / "nginx.conf"
-    configuration.write_text(NGINX.format(folder=folder, sites=servers))
+    configuration.write_text(NGINX.format(folder=folder, sites=servers, limits=limits))
     server = subprocess.Popen(["/usr/sbin/nginx", "-p", folder, "-c", configuration,
                                "-e", folder / "error.log"])
     try:

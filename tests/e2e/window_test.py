@@ -1,66 +1,16 @@
 """Downloads a site through the window, with nothing but key presses."""
 
-import subprocess
-import time
 import unittest
 
 import private_network
 import web
-from program import copy_program, environment, tree, wait_until
+from desktop import MAIN, WIZARD, Desktop
+from program import copy_program, tree, wait_until
 from site_model import SiteModel
 
 SITE = "www.example.test"
 ROOT = "/usr/share/doc/python-flask-doc/html"
 SECOND_SITE = "www.second.test"
-
-
-class Desktop:
-    """An X server that shows nowhere, with a window manager, one user and one keyboard.
-
-    Its socket is one of the private network alone, and it takes no lock: those of the machine's own
-    X servers would look abandoned from here, and be taken away from them.
-    """
-
-    def __init__(self, home):
-        self.server = subprocess.Popen(["Xvfb", ":1", "-displayfd", "1", "-nolock", "-nolisten", "unix",
-                                        "-nolisten", "tcp", "-screen", "0", "1280x1024x24"],
-                                       stdout=subprocess.PIPE, text=True, stderr=subprocess.DEVNULL)
-        with self.server.stdout as said:
-            self.environment = environment(home, DISPLAY=":" + said.readline().strip())
-        self.manager = self.start("openbox", stderr=subprocess.DEVNULL)
-
-    def start(self, *command, **how):
-        return subprocess.Popen(command, env=self.environment, **how)
-
-    def run(self, *command):
-        return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=30,
-                              check=False).stdout.strip()
-
-    def active_window(self):
-        return self.run("xdotool", "getactivewindow", "getwindowname")
-
-    def await_window(self, title, seconds=60):
-        wait_until(lambda: self.active_window() == title, seconds, f'an active window "{title}"')
-        time.sleep(0.3)  # the focus comes to its control a moment after the window has it
-
-    def press(self, *keys):
-        self.run("xdotool", "key", "--clearmodifiers", "--delay", "30", *keys)
-
-    def type(self, text):
-        self.run("xdotool", "type", "--delay", "10", text)
-
-    def shoot(self, name):
-        """Leaves a picture of the screen in the folder that the test runs in; its number of colours."""
-        self.run("import", "-window", "root", name)
-        return int(self.run("identify", "-format", "%k", name))
-
-    def close(self):
-        for process in (self.manager, self.server):
-            process.terminate()
-            process.wait()
-
-
-MAIN = "Vantorin Website Downloader 1.9"
 
 
 class WindowTest(unittest.TestCase):
@@ -85,7 +35,7 @@ class WindowTest(unittest.TestCase):
         program = desktop.start(copy_program(self.folder / "program"))
         self.addCleanup(program.kill)
 
-        desktop.await_window("New Site Wizard")
+        desktop.await_window(WIZARD)
         desktop.type(SITE)
         desktop.press("Tab")
         desktop.type(str(self.folder / "mirror"))

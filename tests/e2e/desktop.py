@@ -1,0 +1,83 @@
+"""A desktop of a test's own: X server, window manager, and one user with a keyboard."""
+
+import subprocess
+from pathlib import Path
+
+from program import environment, wait_until
+
+MAIN = "Vantorin Website Downloader 1.9"
+WIZARD = "New Site Wizard"
+SOCKETS = Path("/tmp/.X11-unix")
+
+# What files and addresses are opened with: notes how many words it was given, and which.
+OPENER = """\
+#!/bin/sh
+printf '%s\\n' "$#" "$@" >> "$HOME/opened"
+"""
+
+
+class Desktop:
+    """Shows nowhere, and notes what it is asked to open."""
+
+    def __init__(self, home):
+        (home / "bin").mkdir(parents=True)
+        opener = home / "bin/xdg-open"
+        opener.write_text(OPENER)
+        opener.chmod(0o755)
+        self.home = home
+        # The names of displays are the whole machine's, and a server of another test, which sees no
+        # process of ours, would take this one's for left behind. -noreset: it outlives its first client.
+        SOCKETS.mkdir(exist_ok=True)
+        subprocess.run(["mount", "-t", "tmpfs", "none", SOCKETS], check=True)
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24",
+                                        "-nolock", "-noreset", "-nolisten", "tcp"], stdout=subprocess.PIPE,
+                                       text=True, stderr=subprocess.DEVNULL)
+        with self.server.stdout as said:
+            self.environment = environment(home, DISPLAY=":" + said.readline().strip())
+        self.environment["PATH"] = f"{home}/bin:{self.environment['PATH']}"
+        # A window that comes while the manager takes over may never be shown.
+        managed = home / "managed"
+        self.manager = self.start("openbox", "--startup", f"touch {managed}", stdout=subprocess.DEVNULL,
+                                  stderr=subprocess.DEVNULL)
+        wait_until(managed.exists, what="the window manager")
+
+    def start(self, *command, **how):
+        return subprocess.Popen(command, env=self.environment, **how)
+
+    def run(self, *command):
+        return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=30,
+                              check=False).stdout.strip()
+
+    def await_window(self, title, seconds=60):
+        """Until the window of that title has the keyboard; else a picture shows what has it instead."""
+        try:
+            wait_until(lambda: self.run("xdotool", "getwindowfocus", "getwindowname") == title, seconds,
+                       f'a window "{title}" with the keyboard')
+        except TimeoutError:
+            self.shoot("instead.png")
+            raise
+
+    def press(self, *keys):
+        self.run("xdotool", "key", "--clearmodifiers", "--delay", "30", *keys)
+
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", "10", text)
+
+    def opened(self):
+        """What was asked to be opened since the last time: the number of words, then each of them."""
+        opened = self.home / "opened"
+        wait_until(lambda: opened.exists() and opened.read_text().endswith("\n"), what="the opener")
+        words = opened.read_text().splitlines()
+        opened.unlink()
+        return words
+
+    def shoot(self, name):
+        """Leaves a picture of the screen in the folder that the test runs in; its number of colours."""
+        self.run("import", "-window", "root", name)
+        return int(self.run("identify", "-format", "%k", name))
+
+    def close(self):
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait()
+        subprocess.run(["umount", SOCKETS], check=True)

@@ -1,0 +1,136 @@
+"""One user's whole way, from the first start to browsing the copy, with nothing but key presses."""
+
+import shutil
+import time
+import unittest
+
+import private_network
+import web
+from desktop import MAIN, WIZARD, Desktop
+from program import copy_program, wait_until
+
+SITE = "www.example.test"
+PAGES = [f"page{i}.html" for i in range(30)]
+NOT_WANTED = ["ads/banner.html", "clip.wav"]
+WANTED = {"index.html", "sound.ogg", *PAGES}
+
+
+def write_site(root):
+    (root / "ads").mkdir(parents=True)
+    for name in [*WANTED, *NOT_WANTED]:
+        (root / name).write_text("word " * 800)
+    links = [f"<a href='{name}'>{name}</a>" for name in [*PAGES, *NOT_WANTED, "sound.ogg"]]
+    (root / "index.html").write_text("\n".join(links))
+
+
+class WizardTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = private_network.scratch("wizard")
+        write_site(self.folder / "site")
+        # Slow enough for what a user does in the middle of a crawl.
+        nginx = private_network.scratch("nginx")
+        server = web.nginx(nginx, {SITE: self.folder / "site"}, "limit_rate 2k;")
+        server.__enter__()
+        self.addCleanup(server.__exit__, None, None, None)
+        self.access_log = nginx / "access.log"
+        self.home = self.folder / "home"
+        self.mirror = self.home / "Sites/Copy"
+        self.mirror.mkdir(parents=True)
+        self.program = copy_program(self.folder / "program")
+        self.desktop = Desktop(self.home)
+        self.addCleanup(self.desktop.close)
+
+    def start(self):
+        running = self.desktop.start(self.program)
+        self.addCleanup(running.kill)
+        self.desktop.await_window(WIZARD)
+        return running
+
+    def exit_by_menu(self, running):
+        for answer in ("alt+n", "alt+y"):
+            self.desktop.await_window(MAIN)
+            self.desktop.press("alt+f", "e")
+            self.desktop.await_window("Exit Vantorin")
+            self.assertIsNone(running.poll())
+            self.desktop.press(answer)
+        self.assertEqual(running.wait(30), 0)
+
+    def fill_in_the_wizard(self):
+        press, await_window, enter = self.desktop.press, self.desktop.await_window, self.enter
+        self.desktop.type(SITE)
+        press("Tab", "Tab", "space")
+        await_window("Select Directory to Save the Website")
+        press("shift+Tab", "Down", "Up", "Tab")  # the drive z:, and back
+        enter("Sites")
+        press("Down", "Return")
+        press("alt+o")
+        await_window(WIZARD)
+        press("Tab", "Tab", "space", "Tab", "Tab", "space")  # the options, and there "Add"
+        await_window("Vantorin")
+        enter(" OGG")
+        await_window(WIZARD)
+        press("Tab", "Tab", "Tab")
+        self.desktop.type("25")
+        press("Tab", "space")
+        await_window("Keyword Filters")
+        enter("/ads/")
+        press("shift+Tab", "space")  # the last stop is "Close"
+        await_window(WIZARD)
+
+    def enter(self, text):
+        self.desktop.type(text)
+        self.desktop.press("Return")
+
+    def test_from_the_first_start_on(self):
+        press, await_window = self.desktop.press, self.desktop.await_window
+        running = self.start()
+        self.fill_in_the_wizard()
+        press("Tab", "Tab", "Return")  # past "Close", round to the address
+        await_window(MAIN)
+        wait_until(self.saved, what="the first file")
+        self.pause()
+        await_window("Done.")
+        self.assertEqual(self.saved(), WANTED)
+        for keys in (["alt+y"], ["alt+s", "e"]):
+            press(*keys)
+            self.assertEqual(self.desktop.opened(), ["1", str(self.mirror)])
+            await_window(MAIN)
+        self.exit_by_menu(running)
+
+        shutil.rmtree(self.mirror)
+        running = self.start()
+        press("Return")  # nothing but what the first run has stored
+        await_window(MAIN)
+        wait_until(self.saved, what="the first file")
+        self.stop()
+        await_window(WIZARD)
+        press("Return")
+        await_window("Done.")
+        self.assertEqual(self.saved(), WANTED)
+        press("alt+n")
+        self.exit_by_menu(running)
+        self.assertIn("Timeout=25", (self.home / ".config/Vantorin/Vantorin.conf").read_text().split())
+
+    def pause(self):
+        """While paused, what is under way ends and nothing new is asked for."""
+        self.desktop.press("alt+s", "Return")
+        self.desktop.await_window("Paused")
+        wait_until(lambda: time.time() - self.access_log.stat().st_mtime > 4, what="a quiet server")
+        self.assertLess(len(self.saved()), len(WANTED))
+        self.desktop.press("Return")
+
+    def stop(self):
+        for answer in ("alt+n", "alt+y"):
+            self.desktop.await_window(MAIN)
+            self.desktop.press("space")  # the first control that is enabled
+            self.desktop.await_window("Stop Download")
+            self.desktop.press(answer)
+
+    def saved(self):
+        site = self.mirror / "example.test"
+        return {str(path.relative_to(site)) for path in site.glob("**/*.*") if path.suffix != ".tmp"}
+
+
+if __name__ == "__main__":
+    private_network.enter()
+    unittest.main(verbosity=2)
