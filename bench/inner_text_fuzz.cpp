@@ -12,7 +12,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view page(reinterpret_cast<const char*>(data), size);
     platform::HtmlInnerText page_text;
-    page_text.InnerText(page, platform::PageKind::Markup);
-    page_text.InnerText(page, platform::PageKind::PlainText);
+    page_text.InnerText(std::string(page), platform::PageKind::Markup);
+    page_text.InnerText(std::string(page), platform::PageKind::PlainText);
     return 0;
 }

@@ -54,8 +54,8 @@ std::string GetPageText(const std::string& path) {
         platform::Host().events.DoEvents();
     }
     std::string page_text;
-    if (const auto page = ReadMirrorFile(path)) {
-        page_text = platform::Host().page_text.InnerText(*page, KindOf(path));
+    if (auto page = ReadMirrorFile(path)) {
+        page_text = platform::Host().page_text.InnerText(std::move(*page), KindOf(path));
     }
     FoldBlanks(page_text);
     return page_text;

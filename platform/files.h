@@ -36,7 +36,7 @@ class Files {
     virtual bool WriteFile(std::string_view path,
                            std::initializer_list<std::string_view> parts) = 0;
 
-    /// Adds `parts` at the file's end, creating it when missing; in one write, so that a fault adds
+    /// Adds `parts` at the file's end, one after the other, creating it when missing. A fault adds
     /// nothing.
     virtual bool AppendFile(std::string_view path,
                             std::initializer_list<std::string_view> parts) = 0;

@@ -49,6 +49,12 @@ class OpenFile {
         return close(descriptor) == 0;
     }
 
+    /// One after the other: they may be too large for a copy that holds them all.
+    bool WriteAll(std::initializer_list<std::string_view> parts) const {
+        return std::all_of(parts.begin(), parts.end(),
+                           [this](std::string_view part) { return WriteAll(part); });
+    }
+
     bool WriteAll(std::string_view bytes) const {
         while (!bytes.empty()) {
             const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
@@ -131,8 +137,7 @@ std::optional<std::string> FollowLinks(std::string host_path) {
 bool WriteNewFile(const std::string& host_path, std::initializer_list<std::string_view> parts) {
     OpenFile file(host_path, O_WRONLY | O_CREAT | O_EXCL);
     if (!file.IsOpen()) return false;
-    const bool written = std::all_of(
-        parts.begin(), parts.end(), [&file](std::string_view part) { return file.WriteAll(part); });
+    const bool written = file.WriteAll(parts);
     if (file.Close() && written) return true;
     const int reason = errno;
     unlink(host_path.c_str());
@@ -198,17 +203,13 @@ bool HostFiles::WriteFile(std::string_view path, std::initializer_list<std::stri
 bool HostFiles::AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) {
     const auto host_path = HostPathOf(path);
     if (!host_path) return false;
-    std::string bytes;
-    for (const std::string_view part : parts)
-        bytes.append(part);
-
     const OpenFile file(*host_path, O_WRONLY | O_APPEND);
     if (!file.IsOpen() && errno == ENOENT) {
-        return WriteNewFile(*host_path, {bytes});
+        return WriteNewFile(*host_path, parts);
     }
     const auto length = file.Length();
     if (!length) return false;
-    if (file.WriteAll(bytes)) return true;
+    if (file.WriteAll(parts)) return true;
     // Were this to fail too, nothing more could be done about the part that was written.
     [[maybe_unused]] const int result = ftruncate(file.Descriptor(), static_cast<off_t>(*length));
     return false;

@@ -53,6 +53,12 @@ class OpenFile {
         return SetFilePointerEx(handle_, distance, nullptr, FILE_BEGIN) != 0;
     }
 
+    /// One after the other: they may be too large for a copy that holds them all.
+    bool WriteAll(std::initializer_list<std::string_view> parts) const {
+        return std::all_of(parts.begin(), parts.end(),
+                           [this](std::string_view part) { return WriteAll(part); });
+    }
+
     bool WriteAll(std::string_view bytes) const {
         while (!bytes.empty()) {
             DWORD written = 0;
@@ -166,8 +172,7 @@ std::optional<std::string> FollowLinks(std::string host_path) {
 bool WriteNewFile(const std::string& host_path, std::initializer_list<std::string_view> parts) {
     OpenFile file(host_path, GENERIC_WRITE, CREATE_NEW);
     if (!file.Length()) return false;
-    const bool written = std::all_of(
-        parts.begin(), parts.end(), [&file](std::string_view part) { return file.WriteAll(part); });
+    const bool written = file.WriteAll(parts);
     if (file.Close() && written) return true;
     DeleteFileA(host_path.c_str());
     return false;
@@ -233,18 +238,13 @@ bool HostFiles::WriteFile(std::string_view path, std::initializer_list<std::stri
 bool HostFiles::AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) {
     const auto host_path = HostPathOf(path);
     if (!host_path) return false;
-    std::string bytes;
-    for (const std::string_view part : parts) {
-        bytes.append(part);
-    }
-
     const OpenFile file(*host_path, GENERIC_WRITE, OPEN_EXISTING);
     if (!file.IsOpen() && GetLastError() == ERROR_FILE_NOT_FOUND) {
-        return WriteNewFile(*host_path, {bytes});
+        return WriteNewFile(*host_path, parts);
     }
     const auto length = file.Length();
     if (!length || !file.MoveTo(*length)) return false;
-    if (file.WriteAll(bytes)) return true;
+    if (file.WriteAll(parts)) return true;
     // Were this to fail too, nothing more could be done about the part that was written.
     if (file.MoveTo(*length)) SetEndOfFile(file.Handle());
     return false;

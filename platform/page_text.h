@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace platform {
 
@@ -16,8 +15,8 @@ class PageText {
 
     /// The visible text of the body of the page whose file consists of `file_bytes`, blocks and
     /// breaks on lines of their own (LF), in the local 8-bit encoding. Takes any bytes, in linear
-    /// time.
-    virtual std::string InnerText(std::string_view file_bytes, PageKind kind) = 0;
+    /// time, and may let events run meanwhile.
+    virtual std::string InnerText(std::string file_bytes, PageKind kind) = 0;
 };
 
 }  // namespace platform

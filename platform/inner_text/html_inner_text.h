@@ -1,7 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
-#include <string_view>
+#include <utility>
 
 #include "platform/page_text.h"
 
@@ -12,7 +13,13 @@ namespace platform {
 /// its text it needs next to no memory.
 class HtmlInnerText : public PageText {
   public:
-    std::string InnerText(std::string_view file_bytes, PageKind kind) override;
+    /// `yield` is called now and then, so that a large page does not hold the window up.
+    explicit HtmlInnerText(std::function<void()> yield = {}) : yield_(std::move(yield)) {}
+
+    std::string InnerText(std::string file_bytes, PageKind kind) override;
+
+  private:
+    std::function<void()> yield_;
 };
 
 }  // namespace platform

@@ -11,6 +11,9 @@ namespace platform::inner_text {
 
 namespace {
 
+/// Some milliseconds' work.
+constexpr std::size_t kBytesBetweenYields = 256 * 1024;
+
 ElementId ElementNamed(std::string_view name) {
     std::array<char, 16> lower;
     if (name.size() > lower.size()) return kOtherElement;
@@ -31,7 +34,8 @@ bool Has(ElementId id, std::uint16_t trait) {
 PageReader::PageReader(std::string_view page, Decoder& decoder)
     : tokenizer_(page), decoder_(decoder), assembler_(page.size()), structure_(assembler_) {}
 
-std::string PageReader::Read() {
+std::string PageReader::Read(const std::function<void()>& yield) {
+    std::size_t next_yield = kBytesBetweenYields;
     for (Tokenizer::Kind kind;
          !is_frame_set_ && (kind = tokenizer_.Next()) != Tokenizer::Kind::kEnd;) {
         if (kind == Tokenizer::Kind::kText) {
@@ -42,6 +46,10 @@ std::string PageReader::Read() {
             OnStartTag(tokenizer_.LastTag());
         }
         tokenizer_.SetCharacterData(structure_.State().foreign);
+        if (yield && tokenizer_.Position() >= next_yield) {
+            next_yield = tokenizer_.Position() + kBytesBetweenYields;
+            yield();
+        }
     }
     return assembler_.Take();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,8 +18,8 @@ class PageReader {
     /// `decoder` keeps markup and outlives the reader.
     PageReader(std::string_view page, Decoder& decoder);
 
-    /// The text as UTF-8. To be called once.
-    std::string Read();
+    /// The text as UTF-8. To be called once. Calls `yield`, if there is one, every so many bytes.
+    std::string Read(const std::function<void()>& yield);
 
   private:
     void OnText(std::string_view raw);

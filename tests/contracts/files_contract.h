@@ -33,12 +33,11 @@ class FilesContract : public testing::TestWithParam<std::function<FilesUnderTest
 
 TEST_P(FilesContract, CreatesExactlyOneFolder) {
     EXPECT_FALSE(files.CreateFolder(In("a\\b")));
-    EXPECT_TRUE(files.CreateFolder(In("a")));
-    EXPECT_FALSE(files.CreateFolder(In("a\\")));
-    EXPECT_TRUE(files.CreateFolder(In("a\\b\\")));
+    EXPECT_TRUE(files.CreateFolder(In("a\\")));
+    EXPECT_FALSE(files.CreateFolder(In("a")));
     EXPECT_TRUE(files.WriteFile(In("file"), {}));
     EXPECT_FALSE(files.CreateFolder(In("file")));
-    EXPECT_TRUE(files.FolderExists(In("a\\b")));
+    EXPECT_TRUE(files.FolderExists(In("a")));
     EXPECT_FALSE(files.FolderExists(In("file")));
     EXPECT_FALSE(files.FolderExists(In("c")));
 }
@@ -46,18 +45,15 @@ TEST_P(FilesContract, CreatesExactlyOneFolder) {
 TEST_P(FilesContract, KeepsWhatWasWritten) {
     const std::string bytes("\0\r\n\xff", 4);
     EXPECT_EQ(files.ReadFile(In("f")), std::nullopt);
-    EXPECT_EQ(files.FileLength(In("f")), std::nullopt);
-    EXPECT_TRUE(files.WriteFile(In("f"), {"longer than ", bytes, " the next"}));
-    EXPECT_EQ(Read("f"), "longer than " + bytes + " the next");
+    EXPECT_TRUE(files.WriteFile(In("f"), {"longer than the next"}));
     EXPECT_TRUE(files.WriteFile(In("f"), {bytes, "x"}));
-    EXPECT_EQ(Read("f"), bytes + "x");
     EXPECT_EQ(files.FileLength(In("f")), 5);
     EXPECT_TRUE(files.AppendFile(In("f"), {"y", "z"}));
     EXPECT_TRUE(files.AppendFile(In("new"), {"y", "z"}));
     EXPECT_EQ(Read("f"), bytes + "xyz");
     EXPECT_EQ(Read("new"), "yz");
-    EXPECT_TRUE(files.WriteFile(In("empty"), {}));
-    EXPECT_EQ(Read("empty"), "");
+    EXPECT_TRUE(files.WriteFile(In("new"), {}));
+    EXPECT_EQ(Read("new"), "");
     EXPECT_TRUE(files.DeleteFile(In("f")));
     EXPECT_FALSE(files.DeleteFile(In("f")));
     EXPECT_EQ(files.FileLength(In("f")), std::nullopt);
@@ -68,20 +64,17 @@ TEST_P(FilesContract, FoldersAreNoFiles) {
     ASSERT_TRUE(files.WriteFile(In("a\\kept"), {"kept"}));
     EXPECT_EQ(files.FileLength(In("a")), 0);
     EXPECT_EQ(files.ReadFile(In("a")), std::nullopt);
-    EXPECT_FALSE(files.WriteFile(In("a"), {"x"}));
-    EXPECT_FALSE(files.AppendFile(In("a"), {"x"}));
     EXPECT_FALSE(files.DeleteFile(In("a")));
-    EXPECT_FALSE(files.WriteFile(In("nowhere\\f"), {"x"}));
-    EXPECT_FALSE(files.AppendFile(In("nowhere\\f"), {"x"}));
-    EXPECT_FALSE(files.WriteFile(In("a\\kept\\f"), {"x"}));
+    for (const char* path : {"a", "nowhere\\f", "a\\kept\\f"}) {
+        EXPECT_FALSE(files.WriteFile(In(path), {"x"})) << path;
+        EXPECT_FALSE(files.AppendFile(In(path), {"x"})) << path;
+    }
     EXPECT_EQ(Read("a\\kept"), "kept");
 }
 
 TEST_P(FilesContract, RefusesWhatIsNoName) {
     const std::string long_name(255, 'n');
     EXPECT_TRUE(files.WriteFile(In(long_name), {"x"}));
-    EXPECT_TRUE(files.AppendFile(In(long_name), {"y"}));
-    EXPECT_EQ(Read(long_name), "xy");
     for (const std::string& path :
          {In(long_name + "n"), In(std::string("a\0b", 3)), std::string(), std::string("q:\\a")}) {
         EXPECT_FALSE(files.WriteFile(path, {"x"})) << path;
@@ -97,60 +90,39 @@ TEST_P(FilesContract, RefusesWhatIsNoName) {
     EXPECT_EQ(files.ReadFile(In("a")), std::nullopt);
 }
 
-TEST_P(FilesContract, ResolvesDotsInTheText) {
-    EXPECT_TRUE(files.WriteFile(In("nowhere\\..\\.\\\\f"), {"x"}));
-    EXPECT_EQ(Read("f"), "x");
-    EXPECT_EQ(Read("f\\..\\f"), "x");
+TEST_P(FilesContract, ResolvesDotsInTheTextAndTellsNamesApartByCase) {
+    EXPECT_TRUE(files.WriteFile(In("nowhere\\..\\.\\\\a"), {"small"}));
+    EXPECT_TRUE(files.WriteFile(In("A"), {"large"}));
+    EXPECT_EQ(Read("a\\..\\a"), "small");
+    EXPECT_EQ(Read("A"), "large");
 }
 
-TEST_P(FilesContract, TellsNamesApartByCase) {
-    EXPECT_TRUE(files.WriteFile(In("a.html"), {"small"}));
-    EXPECT_TRUE(files.WriteFile(In("A.html"), {"large"}));
-    EXPECT_EQ(Read("a.html"), "small");
-    EXPECT_EQ(Read("A.html"), "large");
-}
-
-TEST_P(FilesContract, DeletesBySuffixInOneFolder) {
-    for (const char* folder : {"a", "a\\b", "a\\folder.tmp"}) {
+TEST_P(FilesContract, DeletesBySuffixInOneFolderAndListsSubfoldersSorted) {
+    for (const char* folder : {"b.tmp", "a", "a\\b", "C"}) {
         ASSERT_TRUE(files.CreateFolder(In(folder)));
     }
-    for (const char* name : {"a\\1.tmp", "a\\2.html.tmp", "a\\.tmp", "a\\3.tmp.html", "a\\tmp",
-                             "a\\b\\4.tmp", "5.tmp"}) {
+    for (const char* name : {"1.tmp", ".tmp", "2.tmp.html", "tmp", "a\\3.tmp"}) {
         ASSERT_TRUE(files.WriteFile(In(name), {"x"}));
     }
-    files.DeleteBySuffix(In("a\\"), ".tmp");
-    for (const char* gone : {"a\\1.tmp", "a\\2.html.tmp", "a\\.tmp"}) {
-        EXPECT_EQ(Read(gone), "(none)") << gone;
-    }
-    for (const char* kept : {"a\\3.tmp.html", "a\\tmp", "a\\b\\4.tmp", "5.tmp"}) {
+    files.DeleteBySuffix(subject.folder + "\\", ".tmp");
+    EXPECT_EQ(Read("1.tmp"), "(none)");
+    EXPECT_EQ(Read(".tmp"), "(none)");
+    for (const char* kept : {"2.tmp.html", "tmp", "a\\3.tmp"}) {
         EXPECT_EQ(Read(kept), "x") << kept;
     }
-    EXPECT_TRUE(files.FolderExists(In("a\\folder.tmp")));
+    EXPECT_EQ(files.Subfolders(subject.folder), (std::vector<std::string>{"C", "a", "b.tmp"}));
     files.DeleteBySuffix(In("nowhere"), ".tmp");
-}
-
-TEST_P(FilesContract, ListsSubfoldersSorted) {
-    for (const char* folder : {"b", "a", "a\\inner", "C"}) {
-        ASSERT_TRUE(files.CreateFolder(In(folder)));
-    }
-    ASSERT_TRUE(files.WriteFile(In("file"), {}));
-    EXPECT_EQ(files.Subfolders(subject.folder), (std::vector<std::string>{"C", "a", "b"}));
-    EXPECT_EQ(files.Subfolders(In("a\\inner")), std::vector<std::string>());
 }
 
 TEST_P(FilesContract, KnowsWhatLiesInside) {
     ASSERT_TRUE(files.CreateFolder(In("a")));
-    const struct {
-        const char *path, *folder;
-        bool inside;
-    } cases[] = {
-        {"a", "a", true},          {"a\\x\\y", "a", true},       {"a\\..\\b", "a", false},
-        {"ab", "a", false},        {"b\\..\\a\\c", "a\\", true}, {"a\\x", "a\\x\\y", false},
-        {"n\\x\\y", "n\\x", true}, {"n\\xy", "n\\x", false},     {"A\\x", "a", false},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(files.IsInside(In(c.path), In(c.folder)), c.inside) << c.path << " " << c.folder;
+    for (const char* inside : {"a", "a\\x\\y", "b\\..\\a\\c"}) {
+        EXPECT_TRUE(files.IsInside(In(inside), In("a\\"))) << inside;
     }
+    for (const char* outside : {"a\\..\\b", "ab", "A\\x", ""}) {
+        EXPECT_FALSE(files.IsInside(In(outside), In("a"))) << outside;
+    }
+    EXPECT_TRUE(files.IsInside(In("new\\x"), In("new")));
     EXPECT_TRUE(files.IsInside(In("a"), "z:\\"));
     EXPECT_FALSE(files.IsInside("", In("a")));
     EXPECT_FALSE(files.IsInside(In("a"), ""));

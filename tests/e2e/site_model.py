@@ -80,22 +80,20 @@ class SiteModel:
     """Crawls with one connection. `receive(host, path)` gives what a server answers, header and all.
 
     Afterwards `files` holds path -> bytes relative to the target folder, with "/" between folders,
-    `queued` the addresses in log.txt, `resolved` the pairs in transdd.txt, `not_taken` the links of an
-    unwanted type, and `original` path -> received bytes.
+    `queued` the addresses in log.txt, `resolved` the pairs in transdd.txt, both in their order, and
+    `original` path -> received bytes.
     """
 
-    def __init__(self, start, receive, types=DEFAULT_TYPES, newest_first=True):
+    def __init__(self, start, receive):
         self.receive = receive
-        self.types = types
-        self.newest_first = newest_first
         self.host = re.split(rb"[#'>}? /\\]", start, maxsplit=1)[0]
         self.site_host = self.host.replace(b"www.", b"")
         self.files, self.original = {}, {}
-        self.queued, self.resolved, self.not_taken = [], [], []
+        self.queued, self.resolved = [], []
         self.placeholders, self.queue = set(), []
         self.fetch(start)
         while self.queue:
-            self.fetch(self.queue.pop(-1 if self.newest_first else 0))
+            self.fetch(self.queue.pop())
 
     def fetch(self, address):
         address = without_scheme(trim(address)).replace(b"\\", b"/").replace(b".jpeg", b".jpg")
@@ -122,8 +120,7 @@ class SiteModel:
             return
         lowered = link.lower()
         extension = lowered[lowered.rfind(b"."):] if b"." in lowered else lowered
-        if b".php?" not in lowered and extension not in self.types:
-            self.not_taken.append(link)
+        if b".php?" not in lowered and extension not in DEFAULT_TYPES:
             return
         link = link[:-1] if link.endswith(b"?") else link
         if any(ending + b"/.." in link for ending in HOST_ENDINGS):

@@ -2,7 +2,6 @@
 
 #include <deque>
 #include <functional>
-#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -10,27 +9,12 @@
 
 #include "engine/crawl_state.h"
 #include "output/mirror_files.h"
+#include "platform/memory_settings_store.h"
 #include "platform/services.h"
 #include "setup/keyword_filters.h"
 #include "tests/fakes/memory_files.h"
 
 namespace fakes {
-
-class MemorySettings : public platform::SettingsStore {
-  public:
-    /// By key; there is one application and one section.
-    std::map<std::string, std::string> values;
-
-    std::string Get(const std::string& application, const std::string& section,
-                    const std::string& key, const std::string& fallback) const override {
-        const bool ours = application == "Vantorin" && section == "Settings";
-        return ours && values.contains(key) ? values.at(key) : fallback;
-    }
-    void Put(const std::string& application, const std::string& section, const std::string& key,
-             const std::string& value) override {
-        if (application == "Vantorin" && section == "Settings") values[key] = value;
-    }
-};
 
 /// Answers message boxes from queues and keeps what was asked.
 class ScriptedBoxes : public platform::MessageBoxes {
@@ -39,6 +23,7 @@ class ScriptedBoxes : public platform::MessageBoxes {
         std::string message;
         platform::BoxStyle style;
         std::string title;
+        bool operator==(const Asked&) const = default;
     };
     std::vector<Asked> asked;
     std::deque<platform::BoxAnswer> answers;  ///< without one: Ok, or No where that is a button
@@ -90,8 +75,8 @@ class CannedPageText : public platform::PageText {
     std::string text = "page text";
     std::vector<std::string> pages;
 
-    std::string InnerText(std::string_view file_bytes, platform::PageKind) override {
-        pages.emplace_back(file_bytes);
+    std::string InnerText(std::string file_bytes, platform::PageKind) override {
+        pages.push_back(std::move(file_bytes));
         return text;
     }
 };
@@ -113,7 +98,7 @@ struct FakeHost {
     FakeHost& operator=(const FakeHost&) = delete;
 
     MemoryFiles files;
-    MemorySettings settings;
+    platform::MemorySettingsStore settings;
     ScriptedBoxes boxes;
     RecordedProcesses processes;
     CannedPageText page_text;

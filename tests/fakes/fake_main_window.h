@@ -66,11 +66,11 @@ class FakeMainWindow : public engine::MainWindow {
         ++reloads;
         Load();
     }
-    void Unload() override { unloaded = bas_Connections::Form_Unload(); }
+    void Unload() override { bas_Connections::Form_Unload(); }
 
     std::string text1, txt_max, label3, label4, label5, label6;
     bool text1_enabled = true, text1_focused = false, start_enabled = true, stop_enabled = false;
-    bool pause_enabled = false, list1_shown = false, unloaded = false;
+    bool pause_enabled = false, list1_shown = false;
     int pause_dialogs = 0, reloads = 0;
     text::OneBased<Row, crawl::kSlotCount> rows;
 

@@ -24,7 +24,6 @@ class FakeSocket : public platform::Socket {
         host_ = host;
         port_ = port;
         sent_.clear();
-        ++connects_;
         connection_ = std::make_shared<Connection>();
         state_ = platform::SocketState::Connecting;
         if (peer_on_connect) peer_on_connect(*this);
@@ -51,11 +50,10 @@ class FakeSocket : public platform::Socket {
 
     platform::SocketState State() const override { return state_; }
 
-    /// Where the last `Connect` went, what was sent since, and how many there were.
+    /// Where the last `Connect` went, and what was sent since.
     const std::string& host() const { return host_; }
     std::uint16_t port() const { return port_; }
     const std::string& sent() const { return sent_; }
-    int connects() const { return connects_; }
 
     /// The peer's side of the present connection. Without one, nothing happens.
     void PeerAccepts() {
@@ -144,7 +142,6 @@ class FakeSocket : public platform::Socket {
     std::string host_;
     std::uint16_t port_ = 0;
     std::string sent_;
-    int connects_ = 0;
     std::shared_ptr<Connection> connection_;
 };
 

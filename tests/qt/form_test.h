@@ -45,6 +45,13 @@ class FormTest : public testing::Test {
             items.push_back(platform::ToBytes(list->item(i)->text()));
         return items;
     }
+    /// What the last message box said.
+    void ExpectAsked(const char* message, platform::BoxStyle style, const char* title) {
+        ASSERT_FALSE(host.boxes.asked.empty());
+        EXPECT_EQ(host.boxes.asked.back().message, message);
+        EXPECT_EQ(host.boxes.asked.back().style, style);
+        EXPECT_EQ(host.boxes.asked.back().title, title);
+    }
     /// Lets dialogs that deleted themselves really go.
     static void RunDeletions() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

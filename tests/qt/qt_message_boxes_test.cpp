@@ -6,11 +6,9 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <functional>
-#include <memory>
 
 namespace {
 
@@ -20,88 +18,71 @@ using platform::BoxStyle;
 class QtMessageBoxesTest : public testing::Test {
   protected:
     /// Does something with the dialog that opens next in this test.
-    template <typename Dialog>
-    void WhenOpen(std::function<void(Dialog&)> act) {
+    void WhenOpen(std::function<void(QDialog&)> act) {
         QTimer::singleShot(0, &test_, [this, act] {
-            auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-            if (dialog == nullptr) {
-                WhenOpen<Dialog>(act);
-            } else {
-                act(*dialog);
-            }
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            dialog != nullptr ? act(*dialog) : WhenOpen(act);
         });
+    }
+    BoxAnswer AnswerBy(Qt::Key key, BoxStyle style, QMessageBox::Icon icon) {
+        WhenOpen([=](QDialog& dialog) {
+            const auto& box = dynamic_cast<QMessageBox&>(dialog);
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.windowTitle(), "Title");
+            EXPECT_EQ(box.text(), "<b>not bold</b>\nsecond line");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            QTest::keyClick(&dialog, key);
+        });
+        return boxes_.MsgBox("<b>not bold</b>\r\nsecond line", style, "Title");
+    }
+    std::string EnterBy(Qt::Key key) {
+        WhenOpen([=](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), "Title");
+            const auto* const prompt = dialog.findChild<QLabel*>();
+            EXPECT_EQ(prompt->text(), "<i>Prompt</i>");
+            EXPECT_EQ(prompt->textFormat(), Qt::PlainText);
+            dynamic_cast<QInputDialog&>(dialog).setTextValue("some text");
+            QTest::keyClick(&dialog, key);
+        });
+        return boxes_.InputBox("<i>Prompt</i>", "Title");
     }
 
     platform::QtMessageBoxes boxes_;
-
-  private:
     QObject test_;
 };
 
 }  // namespace
 
 TEST_F(QtMessageBoxesTest, AsksInFourStyles) {
-    struct {
+    const struct {
         BoxStyle style;
         QMessageBox::Icon icon;
-        bool asks;
-    } const cases[] = {
-        {BoxStyle::Information, QMessageBox::Information, false},
-        {BoxStyle::InformationYesNo, QMessageBox::Information, true},
-        {BoxStyle::Stop, QMessageBox::Critical, false},
-        {BoxStyle::StopYesNo, QMessageBox::Critical, true},
+        BoxAnswer yes, no;
+    } cases[] = {
+        {BoxStyle::Information, QMessageBox::Information, BoxAnswer::Ok, BoxAnswer::Ok},
+        {BoxStyle::InformationYesNo, QMessageBox::Information, BoxAnswer::Yes, BoxAnswer::No},
+        {BoxStyle::Stop, QMessageBox::Critical, BoxAnswer::Ok, BoxAnswer::Ok},
+        {BoxStyle::StopYesNo, QMessageBox::Critical, BoxAnswer::Yes, BoxAnswer::No},
     };
     for (const auto& c : cases) {
-        const auto answer = [&](const std::function<void(QMessageBox&)>& act) {
-            WhenOpen<QMessageBox>([&](QMessageBox& box) {
-                EXPECT_EQ(box.icon(), c.icon);
-                EXPECT_EQ(box.windowTitle(), "Title");
-                EXPECT_EQ(box.text(), "<b>not bold</b>\nsecond line");
-                EXPECT_EQ(box.textFormat(), Qt::PlainText);
-                act(box);
-            });
-            return boxes_.MsgBox("<b>not bold</b>\r\nsecond line", c.style, "Title");
-        };
-        const auto press = [](Qt::Key key) {
-            return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
-        };
-        const BoxAnswer no = c.asks ? BoxAnswer::No : BoxAnswer::Ok;
-        const BoxAnswer yes = c.asks ? BoxAnswer::Yes : BoxAnswer::Ok;
-        EXPECT_EQ(answer([](QMessageBox& box) { box.close(); }), no);
-        EXPECT_EQ(answer(press(Qt::Key_Escape)), no);
-        EXPECT_EQ(answer(press(Qt::Key_Return)), yes);
-        if (!c.asks) continue;
-        EXPECT_EQ(answer([](QMessageBox& box) { box.button(QMessageBox::No)->click(); }), no);
-        EXPECT_EQ(answer([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }), yes);
+        EXPECT_EQ(AnswerBy(Qt::Key_Return, c.style, c.icon), c.yes);
+        EXPECT_EQ(AnswerBy(Qt::Key_Escape, c.style, c.icon), c.no);
     }
 }
 
 TEST_F(QtMessageBoxesTest, TakesALineOfText) {
-    const auto enter = [&](const QString& text, Qt::Key last) {
-        WhenOpen<QInputDialog>([=](QInputDialog& box) {
-            EXPECT_EQ(box.windowTitle(), "Title");
-            EXPECT_EQ(box.labelText(), "<i>Prompt</i>");
-            for (const QLabel* label : box.findChildren<QLabel*>()) {
-                EXPECT_EQ(label->textFormat(), Qt::PlainText);
-            }
-            box.setTextValue(text);
-            QTest::keyClick(&box, last);
-        });
-        return boxes_.InputBox("<i>Prompt</i>", "Title");
-    };
-    EXPECT_EQ(enter("some text", Qt::Key_Return), "some text");
-    EXPECT_EQ(enter("some text", Qt::Key_Escape), "");
+    EXPECT_EQ(EnterBy(Qt::Key_Return), "some text");
+    EXPECT_EQ(EnterBy(Qt::Key_Escape), "");
 }
 
 TEST_F(QtMessageBoxesTest, OutliveTheirWindow) {
     for (const bool input : {false, true}) {
-        auto window = std::make_unique<QWidget>();
+        auto* const window = new QWidget;
         window->show();
-        QApplication::setActiveWindow(window.get());
-        ASSERT_EQ(QApplication::activeWindow(), window.get());
-        WhenOpen<QDialog>([&](QDialog& box) {
-            EXPECT_EQ(box.parentWidget(), window.get());
-            window.reset();
+        QApplication::setActiveWindow(window);
+        WhenOpen([window](QDialog& box) {
+            EXPECT_EQ(box.parentWidget(), window);
+            delete window;
         });
         if (input) {
             EXPECT_EQ(boxes_.InputBox("Prompt", "Title"), "");

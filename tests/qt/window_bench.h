@@ -13,8 +13,6 @@
 #include <memory>
 #include <string>
 
-#include "engine/crawl_state.h"
-#include "engine/main_window.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_socket.h"
 #include "setup/file_types.h"
@@ -25,42 +23,15 @@
 /// The real window with real sockets, on a host in memory.
 namespace bench {
 
-/// A web server on this machine: answers a GET of a known path and closes; is silent otherwise.
-class WebServer {
-  public:
-    WebServer() {
-        server_.listen(QHostAddress::LocalHost);
-        QObject::connect(&server_, &QTcpServer::newConnection, [this] {
-            QTcpSocket* peer = server_.nextPendingConnection();
-            QObject::connect(peer, &QTcpSocket::readyRead, [this, peer] { Answer(*peer); });
-            QObject::connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);
-        });
-    }
-    std::uint16_t Port() const { return server_.serverPort(); }
-
-    std::map<std::string, std::string> pages;  ///< body by path
-
-  private:
-    void Answer(QTcpSocket& peer) {
-        const std::string request = peer.readAll().toStdString();
-        const auto page = pages.find(request.substr(4, request.find(' ', 4) - 4));
-        if (page == pages.end()) return;
-        peer.write(QByteArray::fromStdString("HTTP/1.0 200 OK\r\n\r\n" + page->second));
-        peer.disconnectFromHost();
-    }
-
-    QTcpServer server_;
-};
-
-/// A real socket for which every host is the test's server.
+/// A real socket for which every host is this machine at one port.
 class LocalSocket : public platform::Socket {
   public:
-    explicit LocalSocket(const WebServer& server) : server_(server) {
+    explicit LocalSocket(std::uint16_t port) : port_(port) {
         socket_.on_connect = [this] { on_connect(); };
         socket_.on_data = [this] { on_data(); };
     }
     void Connect(const std::string&, std::uint16_t) override {
-        socket_.Connect("127.0.0.1", server_.Port());
+        socket_.Connect("127.0.0.1", port_);
     }
     bool SendData(std::string_view bytes) override { return socket_.SendData(bytes); }
     std::string GetData() override { return socket_.GetData(); }
@@ -68,7 +39,7 @@ class LocalSocket : public platform::Socket {
     platform::SocketState State() const override { return socket_.State(); }
 
   private:
-    const WebServer& server_;
+    std::uint16_t port_;
     platform::QtSocket socket_;
 };
 
@@ -77,6 +48,12 @@ class WindowTest : public testing::Test {
     void SetUp() override {
         bas_General::MakeFileTypesFolder();
         bas_General::WriteFileTypes(bas_General::DefaultFileTypes());
+        server_.listen(QHostAddress::LocalHost);
+        QObject::connect(&server_, &QTcpServer::newConnection, [this] {
+            QTcpSocket* peer = server_.nextPendingConnection();
+            QObject::connect(peer, &QTcpSocket::readyRead, [this, peer] { Answer(*peer); });
+            QObject::connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);
+        });
     }
 
     ui::frmMain& Window() { return holder.Current(); }
@@ -99,10 +76,9 @@ class WindowTest : public testing::Test {
 
     /// Types an address and presses Enter.
     void StartByKeys(const char* address) {
-        auto& box = The<QLineEdit>("Text1");
-        box.setFocus();
-        QTest::keyClicks(&box, address);
-        QTest::keyClick(&box, Qt::Key_Return);
+        The<QLineEdit>("Text1").setFocus();
+        QTest::keyClicks(&The<QLineEdit>("Text1"), address);
+        QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_Return);
     }
 
     /// A crawl that stays busy: its first page never comes.
@@ -116,17 +92,37 @@ class WindowTest : public testing::Test {
     }
     void Choose(const char* menu_entry) { The<QAction>(menu_entry).trigger(); }
 
-    WebServer server;
+    /// The titles of the message boxes there were.
+    std::vector<std::string> Titles() const {
+        std::vector<std::string> titles;
+        for (const auto& box : host.boxes.asked)
+            titles.push_back(box.title);
+        return titles;
+    }
+
+    std::map<std::string, std::string> pages;  ///< what the web serves by path; else it is silent
     platform::QtEventLoop events;
     fakes::FakeHost host{events};
     int wizards = 0;
     std::function<void()> in_wizard;  ///< what happens while the wizard is open
-    ui::WindowHolder holder{events,
-                            {[this](QWidget&) {
-                                 ++wizards;
-                                 if (in_wizard) in_wizard();
-                             },
-                             [this] { return std::make_unique<LocalSocket>(server); }}};
+    ui::WindowHolder holder{
+        events,
+        {[this](QWidget&) {
+             ++wizards;
+             if (in_wizard) in_wizard();
+         },
+         [this] { return std::make_unique<LocalSocket>(server_.serverPort()); }}};
+
+  private:
+    void Answer(QTcpSocket& peer) {
+        const std::string request = peer.readAll().toStdString();
+        const auto page = pages.find(request.substr(4, request.find(' ', 4) - 4));
+        if (page == pages.end()) return;
+        peer.write(QByteArray::fromStdString("HTTP/1.0 200 OK\r\n\r\n" + page->second));
+        peer.disconnectFromHost();
+    }
+
+    QTcpServer server_;
 };
 
 }  // namespace bench
