@@ -1,7 +1,7 @@
 """Takes the pictures in docs/pictures from the real program: its window in the middle of a crawl, and
 each dialog.
 
-    ./run --version && VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 docs/take_pictures.py
+    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 docs/take_pictures.py
 """
 
 import os
