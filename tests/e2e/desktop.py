@@ -24,12 +24,12 @@ class Desktop:
         opener.write_text(OPENER)
         opener.chmod(0o755)
         self.home = home
-        # Not the first free number: servers of other tests, which do not see this one's process, would
-        # take it, too, and all leave their keyboard files in one place.
+        # A number of its own, for servers of one number leave their keyboard files in one place; and no
+        # lock or socket beside those of the machine's own, which would look abandoned from here.
         display = f":{random.randrange(100, 50000)}"
-        self.server = subprocess.Popen(["Xvfb", display, "-displayfd", "1", "-screen", "0",
-                                        "1280x1024x24", "-noreset", "-nolisten", "tcp"],
-                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.server = subprocess.Popen(["Xvfb", display, "-displayfd", "1", "-nolock", "-noreset",
+                                        "-nolisten", "unix", "-nolisten", "tcp", "-screen", "0",
+                                        "1280x1024x24"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         with self.server.stdout as ready:
             ready.readline()
         self.environment = environment(home, DISPLAY=display)
