@@ -85,6 +85,7 @@ bool FolderList::SetPath(const std::string& path) {
     clear();
     ShowAncestors(*resolved);
     ShowSubfolders(*resolved);
+    keyboardSearch(QString());  // what is typed next is another folder's name
     setCurrentItem(open_);
     scrollToItem(open_, QAbstractItemView::PositionAtTop);
     emit PathChanged();

@@ -1,13 +1,12 @@
 """A desktop of a test's own: X server, window manager, and one user with a keyboard."""
 
+import random
 import subprocess
-from pathlib import Path
 
 from program import environment, wait_until
 
 MAIN = "Vantorin Website Downloader 1.9"
 WIZARD = "New Site Wizard"
-SOCKETS = Path("/tmp/.X11-unix")
 
 # What files and addresses are opened with: notes how many words it was given, and which.
 OPENER = """\
@@ -25,15 +24,15 @@ class Desktop:
         opener.write_text(OPENER)
         opener.chmod(0o755)
         self.home = home
-        # The names of displays are the whole machine's, and a server of another test, which sees no
-        # process of ours, would take this one's for left behind. -noreset: it outlives its first client.
-        SOCKETS.mkdir(exist_ok=True)
-        subprocess.run(["mount", "-t", "tmpfs", "none", SOCKETS], check=True)
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24",
-                                        "-nolock", "-noreset", "-nolisten", "tcp"], stdout=subprocess.PIPE,
-                                       text=True, stderr=subprocess.DEVNULL)
-        with self.server.stdout as said:
-            self.environment = environment(home, DISPLAY=":" + said.readline().strip())
+        # A number of its own, for servers of one number leave their keyboard files in one place; and no
+        # lock or socket beside those of the machine's own, which would look abandoned from here.
+        display = f":{random.randrange(100, 50000)}"
+        self.server = subprocess.Popen(["Xvfb", display, "-displayfd", "1", "-nolock", "-noreset",
+                                        "-nolisten", "unix", "-nolisten", "tcp", "-screen", "0",
+                                        "1280x1024x24"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        with self.server.stdout as ready:
+            ready.readline()
+        self.environment = environment(home, DISPLAY=display)
         self.environment["PATH"] = f"{home}/bin:{self.environment['PATH']}"
         # A window that comes while the manager takes over may never be shown.
         managed = home / "managed"
@@ -80,4 +79,3 @@ class Desktop:
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
-        subprocess.run(["umount", SOCKETS], check=True)

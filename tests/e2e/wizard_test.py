@@ -62,7 +62,7 @@ class WizardTest(unittest.TestCase):
         await_window("Select Directory to Save the Website")
         press("shift+Tab", "Down", "Up", "Tab")  # the drive z:, and back
         enter("Sites")
-        press("Down", "Return")
+        enter("Copy")
         press("alt+o")
         await_window(WIZARD)
         press("Tab", "Tab", "space", "Tab", "Tab", "space")  # the options, and there "Add"

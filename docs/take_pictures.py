@@ -1,0 +1,110 @@
+"""Takes the pictures in docs/pictures from the real program: its window in the middle of a crawl, and
+each dialog.
+
+    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 docs/take_pictures.py
+"""
+
+import os
+import subprocess
+import sys
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parent / "tests/e2e"))
+
+import private_network  # noqa: E402
+import web  # noqa: E402
+from desktop import MAIN, WIZARD, Desktop  # noqa: E402
+from program import copy_program, wait_until  # noqa: E402
+
+SITE = "www.example.test"
+ROOT = "/usr/share/doc/python-kombu-doc/html"
+
+
+class Photographer:
+    def __init__(self, desktop, folder):
+        self.desktop = desktop
+        self.folder = folder
+
+    def take(self, title, name):
+        """A picture of the window of that title, once it has the keyboard, with its frame."""
+        self.desktop.await_window(title)
+        self.desktop.run("xdotool", "mousemove", "0", "0", "sleep", "0.5")  # painted, and no tooltip
+        window = self.desktop.run("xdotool", "getwindowfocus")
+        self.desktop.run("import", "-frame", "-window", window, "+dither", "-colors", "96",
+                         "-strip", f"PNG8:{self.folder}/{name}.png")
+
+
+def take_all(desktop, program, pictures):
+    press, take = desktop.press, Photographer(desktop, pictures).take
+    running = desktop.start(program)
+
+    desktop.await_window(WIZARD)
+    desktop.type(SITE)
+    take(WIZARD, "wizard")
+    press("Tab", "Tab", "space")
+    desktop.await_window("Select Directory to Save the Website")
+    press("Up", "Return")  # the folder above
+    take("Select Directory to Save the Website", "directory")
+    press("Escape")
+    desktop.await_window(WIZARD)
+    press("Tab", "Tab", "space")
+    take(WIZARD, "options")
+    press("Tab", "Tab", "space")
+    take("Vantorin", "add_type")
+    press("Escape")
+    desktop.await_window(WIZARD)
+    press("Tab", "Tab", "Tab", "Tab", "space")
+    desktop.await_window("Keyword Filters")
+    for keyword in ("advert", "/forum/", "print=yes"):
+        desktop.type(keyword)
+        press("Return")
+    take("Keyword Filters", "filters")
+    press("Escape")
+    desktop.await_window(WIZARD)
+    press("Tab", "Tab", "Return")
+
+    desktop.await_window(MAIN)
+    press("Tab", "Tab", "Tab")
+    desktop.type("12")  # connections
+    copy = desktop.home / "Websites/example.test"
+    wait_until(lambda: len(list(copy.glob("**/*.html"))) > 80, what="some files")
+    take(MAIN, "window")
+    press("alt+s", "Return")
+    take("Paused", "pause")
+    press("Return")
+    desktop.await_window(MAIN)
+    press("shift+Tab", "shift+Tab", "shift+Tab", "space")
+    take("Stop Download", "stop")
+    press("alt+n")
+    take("Done.", "done")
+    press("alt+n")
+    desktop.await_window(MAIN)
+    press("alt+h", "a")
+    take("About", "about")
+    press("Return")
+    desktop.await_window(MAIN)
+    press("alt+f", "e")
+    take("Exit Vantorin", "exit")
+    press("alt+y")
+    running.wait(30)
+
+
+def main():
+    # A user with a short name, in this private place only.
+    subprocess.run(["mount", "-t", "tmpfs", "none", "/mnt"], check=True)
+    home = Path("/mnt/anna")
+    for name in ("Documents", "Music", "Pictures", "Websites"):
+        (home / name).mkdir(parents=True)
+    desktop = Desktop(home)
+    try:
+        with web.nginx(private_network.scratch("nginx"), {SITE: ROOT}, "limit_rate 20k;"):
+            take_all(desktop, copy_program(private_network.scratch("program")), HERE / "pictures")
+    finally:
+        desktop.close()
+
+
+if __name__ == "__main__":
+    os.environ["VANTORIN_PROGRAM"] = str(Path(os.environ["VANTORIN_PROGRAM"]).resolve())
+    private_network.enter()
+    main()
