@@ -27,6 +27,13 @@ struct ConnectionSlot {
 /// A slot is free when its socket is closed; its fields keep the last job until it is reused.
 extern text::OneBased<ConnectionSlot, kSlotCount> Slots;
 
+/// Tells the jobs that a slot has had one after the other apart. Wherever events run, the crawl may
+/// be stopped and the slot be given another job, whose response and connection are not to be
+/// touched.
+inline unsigned JobOf(int slot) {
+    return Slots[slot].Response.Generation();
+}
+
 extern std::string SiteHost;      ///< the start address's host without "www."
 extern std::string TargetFolder;  ///< where the mirror goes, ending in "\"
 extern std::string FileTypeSet;   ///< wanted extensions, each wrapped in colons

@@ -34,16 +34,16 @@ void tmrOut_Timer(int index) {
     // The blanks around the backslash keep this from replacing a good file: no folder of that name
     // is ever made, so nothing is written. Slots that idle after a success come through here as
     // well.
-    const unsigned job = crawl::Slots[index].Response.Generation();
+    const unsigned job = crawl::JobOf(index);
     std::string address = " \\ " + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile("Unable to download this file. (Timeout)", address,
                          static_cast<std::int16_t>(index));
     platform::Host().events.DoEvents();
-    crawl::ConnectionSlot& slot = crawl::Slots[index];
-    if (slot.Response.Generation() != job)
-        return;  // stopped, or idle and given a new job meanwhile
+    // Stopped, or idle and given a new job meanwhile.
+    if (crawl::JobOf(index) != job) return;
 
     engine::MainWindow& window = engine::Window();
+    crawl::ConnectionSlot& slot = crawl::Slots[index];
     window.Sock(index).Close();
     ResetSlotRow(index);
     if (slot.Attempts == 1 || slot.Attempts == 2) {

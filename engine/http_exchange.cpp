@@ -68,22 +68,15 @@ std::string PageFolder(const std::string& url) {
     return bas_Extractor::ReverseText(reversed);
 }
 
-/// Whether slot `index` still works on the job that it had when its response was of `generation`.
-/// Wherever events run, the crawl may be stopped and the slot be given another job, whose response
-/// and connection are not to be touched.
-bool HasSameJob(int index, unsigned generation) {
-    return crawl::Slots[index].Response.Generation() == generation;
-}
-
 /// The server has closed its side: saves the response, queues its links and frees the slot.
 void FinishResponse(int index) {
     platform::EventLoop& events = platform::Host().events;
-    const unsigned job = crawl::Slots[index].Response.Generation();
+    const unsigned job = crawl::JobOf(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile(crawl::Slots[index].Response.View(), address,
                          static_cast<std::int16_t>(index));
     events.DoEvents();
-    if (!HasSameJob(index, job)) return;
+    if (crawl::JobOf(index) != job) return;
 
     std::string base = crawl::Slots[index].Url;
     if (text::Contains(base, "/")) {
@@ -92,10 +85,10 @@ void FinishResponse(int index) {
     }
     SetSlotStatus(index, "");
     events.DoEvents();
-    if (!HasSameJob(index, job)) return;
+    if (crawl::JobOf(index) != job) return;
 
     bas_Extractor::ExtractLinks(crawl::Slots[index].Response, crawl::List1, base);
-    if (!HasSameJob(index, job)) return;
+    if (crawl::JobOf(index) != job) return;
     engine::Window().Sock(index).Close();
     events.DoEvents();
     if (crawl::List1.Empty() && AllSocketsClosed()) SiteComplete();
@@ -147,9 +140,9 @@ void Sock_DataArrival(int index) {
 void ProcessResponse(std::string_view data, int index) {
     text::ConsumableText& response = crawl::Slots[index].Response;
     if (data.size() < kResponseLimit - response.Size()) response.Append(data);
-    const unsigned job = response.Generation();
+    const unsigned job = crawl::JobOf(index);
     platform::Host().events.DoEvents();
-    if (!HasSameJob(index, job)) return;
+    if (crawl::JobOf(index) != job) return;
     ShowExpectedSize(data, index);
     ShowReceivedSize(index);
     if (engine::Window().Sock(index).State() == platform::SocketState::Closing) {

@@ -87,6 +87,15 @@ void WritePage(std::string_view received, std::string& address, std::int16_t slo
     WriteMirrorFile(crawl::SavePath, {page, "\r\n"});
 }
 
+/// Adds the page to the search extract, unless the slot's job was ended while the page was read:
+/// then there is no host any more to record it under.
+void RecordPage(const std::string& save_path, std::int16_t slot) {
+    const auto job = [slot] { return crawl::Slots.Has(slot) ? crawl::JobOf(slot) : 0; };
+    const unsigned before = job();
+    const std::string page_text = GetPageText(save_path);
+    if (job() == before) RecordSearchText(page_text, slot, save_path);
+}
+
 bool HasSearchText(const std::string& path) {
     const std::string lowered = text::LowerCase(path);
     return text::Contains(lowered, ".htm") || text::Contains(lowered, ".tx");
@@ -101,7 +110,7 @@ void SaveFile(std::string_view received, std::string& address, std::int16_t slot
     // Events run from here on, and another save in them makes the shared strings its own.
     const std::string save_path = crawl::SavePath;
     const std::string placeholder = crawl::SavePathBeforeRename + ".tmp";
-    if (HasSearchText(save_path)) RecordSearchText(GetPageText(save_path), slot, save_path);
+    if (HasSearchText(save_path)) RecordPage(save_path, slot);
     platform::Host().events.DoEvents();
     DeleteMirrorFile(placeholder);
     text::AddWithinWidth(crawl::FilesDone, 1);

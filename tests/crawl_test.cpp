@@ -118,6 +118,7 @@ TEST_F(Disturbed, AStopEndsTheCrawlWhereverItComes) {
                      const auto requests = network.requests().size();
                      loop.Advance(120000);
                      EXPECT_EQ(network.requests().size(), requests) << "something runs on";
+                     EXPECT_EQ(host.files.At("C:\\Websites\\_SearchData\\.txt"), "(none)");
                      for (const auto& [path, bytes] : Mirrored()) {
                          EXPECT_TRUE(path.ends_with(".tmp") || undisturbed.at(path) == bytes)
                              << path;
