@@ -52,9 +52,6 @@ class MainWindow {
     /// Unloads the window and loads and shows a fresh one, which is `Window()` from then on. This
     /// object must not be touched afterwards.
     virtual void Reload() = 0;
-
-    /// Unloads the window after its own question (`Form_Unload`) has been asked.
-    virtual void Unload() = 0;
 };
 
 /// The main window as it stands now. Asked for anew after every place where events run, since a

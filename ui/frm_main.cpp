@@ -168,8 +168,4 @@ void frmMain::Reload() {
     holder_.Reload();
 }
 
-void frmMain::Unload() {
-    close();
-}
-
 }  // namespace ui

@@ -76,7 +76,6 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void ShowList1() override;
     void ShowPauseDialog() override;
     void Reload() override;
-    void Unload() override;
 
   protected:
     bool event(QEvent* event) override;
@@ -107,6 +106,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void OpenSelectedAddress();
     void ShowFilters();
     void mnunew_Click();
+    void mnuexit_Click();
     void mnuabout_Click();
     void ShowOtherLinks(bool other_links);
 

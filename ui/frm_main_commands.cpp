@@ -55,7 +55,7 @@ void frmMain::ConnectHandlers() {
 
     connect(mnunew_, &QAction::triggered, this, &frmMain::mnunew_Click);
     connect(mnupref_, &QAction::triggered, this, &frmMain::mnunew_Click);
-    connect(mnuexit_, &QAction::triggered, this, &frmMain::Unload);
+    connect(mnuexit_, &QAction::triggered, this, &frmMain::mnuexit_Click);
     connect(mnupause_, &QAction::triggered, this, [this] {
         if (!retired_) bas_Connections::mnupause_Click();
     });
@@ -85,6 +85,10 @@ void frmMain::mnunew_Click() {
     if (!Command1Enabled()) bas_Connections::AskStop();
     // A stop has replaced this window by another one.
     if (engine::Window().Command1Enabled()) holder_.OpenWizard();
+}
+
+void frmMain::mnuexit_Click() {
+    close();
 }
 
 void frmMain::mnuabout_Click() {

@@ -66,7 +66,6 @@ class FakeMainWindow : public engine::MainWindow {
         ++reloads;
         Load();
     }
-    void Unload() override { bas_Connections::Form_Unload(); }
 
     std::string text1, txt_max, label3, label4, label5, label6;
     bool text1_enabled = true, text1_focused = false, start_enabled = true, stop_enabled = false;
