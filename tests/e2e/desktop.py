@@ -53,7 +53,7 @@ class Desktop:
             wait_until(lambda: self.run("xdotool", "getwindowfocus", "getwindowname") == title, seconds,
                        f'a window "{title}" with the keyboard')
         except TimeoutError:
-            self.shoot("instead.png")
+            self.run("import", "-window", "root", "instead.png")
             raise
 
     def press(self, *keys):
@@ -69,11 +69,6 @@ class Desktop:
         words = opened.read_text().splitlines()
         opened.unlink()
         return words
-
-    def shoot(self, name):
-        """Leaves a picture of the screen in the folder that the test runs in; its number of colours."""
-        self.run("import", "-window", "root", name)
-        return int(self.run("identify", "-format", "%k", name))
 
     def close(self):
         for process in (self.manager, self.server):

@@ -5,7 +5,7 @@ import unittest
 import private_network
 import web
 from desktop import MAIN, WIZARD, Desktop
-from program import copy_program, tree, wait_until
+from program import copy_program, tree
 from site_model import SiteModel
 
 SITE = "www.example.test"
@@ -20,9 +20,7 @@ class WindowTest(unittest.TestCase):
         small_site.mkdir()
         (small_site / "index.html").write_text("<a href='a.html'>a</a>")
         (small_site / "a.html").write_text("the end")
-        server = web.nginx(private_network.scratch("nginx"), {SITE: ROOT, SECOND_SITE: small_site})
-        server.__enter__()
-        self.addCleanup(server.__exit__, None, None, None)
+        self.enterContext(web.nginx(private_network.scratch("nginx"), {SITE: ROOT, SECOND_SITE: small_site}))
         settings = self.folder / "home/.config/Vantorin/Vantorin.conf"
         settings.parent.mkdir(parents=True)
         settings.write_bytes(b"\0\xff[[[=\n" * 1000)  # damaged, which must not matter
@@ -40,11 +38,6 @@ class WindowTest(unittest.TestCase):
         desktop.press("Tab")
         desktop.type(str(self.folder / "mirror"))
         desktop.press("Return")
-        desktop.await_window(MAIN)
-        pages = self.folder / "mirror/example.test"
-        wait_until(lambda: len(list(pages.glob("**/*.html"))) > 20, what="the first files")
-        self.assertGreater(desktop.shoot("downloading.png"), 50)
-
         desktop.await_window("Done.", 120)
         model = SiteModel(SITE.encode(), web.receive)
         self.assertEqual(sorted(self.site_files()), sorted(model.files))

@@ -10,16 +10,15 @@ from desktop import MAIN, WIZARD, Desktop
 from program import copy_program, wait_until
 
 SITE = "www.example.test"
-PAGES = [f"page{i}.html" for i in range(30)]
-NOT_WANTED = ["ads/banner.html", "clip.wav"]
-WANTED = {"index.html", "sound.ogg", *PAGES}
+NOT_WANTED = {"ads/banner.html", "clip.wav"}
+WANTED = {"index.html", "sound.ogg", *(f"page{i}.html" for i in range(30))}
 
 
 def write_site(root):
     (root / "ads").mkdir(parents=True)
-    for name in [*WANTED, *NOT_WANTED]:
+    for name in WANTED | NOT_WANTED:
         (root / name).write_text("word " * 800)
-    links = [f"<a href='{name}'>{name}</a>" for name in [*PAGES, *NOT_WANTED, "sound.ogg"]]
+    links = (f"<a href='{name}'>{name}</a>" for name in sorted(WANTED | NOT_WANTED))
     (root / "index.html").write_text("\n".join(links))
 
 
@@ -29,9 +28,7 @@ class WizardTest(unittest.TestCase):
         write_site(self.folder / "site")
         # Slow enough for what a user does in the middle of a crawl.
         nginx = private_network.scratch("nginx")
-        server = web.nginx(nginx, {SITE: self.folder / "site"}, "limit_rate 2k;")
-        server.__enter__()
-        self.addCleanup(server.__exit__, None, None, None)
+        self.enterContext(web.nginx(nginx, {SITE: self.folder / "site"}, "limit_rate 2k;"))
         self.access_log = nginx / "access.log"
         self.home = self.folder / "home"
         self.mirror = self.home / "Sites/Copy"
@@ -86,8 +83,7 @@ class WizardTest(unittest.TestCase):
         running = self.start()
         self.fill_in_the_wizard()
         press("Tab", "Tab", "Return")  # past "Close", round to the address
-        await_window(MAIN)
-        wait_until(self.saved, what="the first file")
+        self.await_first_file()
         self.pause()
         await_window("Done.")
         self.assertEqual(self.saved(), WANTED)
@@ -100,8 +96,7 @@ class WizardTest(unittest.TestCase):
         shutil.rmtree(self.mirror)
         running = self.start()
         press("Return")  # nothing but what the first run has stored
-        await_window(MAIN)
-        wait_until(self.saved, what="the first file")
+        self.await_first_file()
         self.stop()
         await_window(WIZARD)
         press("Return")
@@ -110,6 +105,10 @@ class WizardTest(unittest.TestCase):
         press("alt+n")
         self.exit_by_menu(running)
         self.assertIn("Timeout=25", (self.home / ".config/Vantorin/Vantorin.conf").read_text().split())
+
+    def await_first_file(self):
+        self.desktop.await_window(MAIN)
+        wait_until(self.saved, what="the first file")
 
     def pause(self):
         """While paused, what is under way ends and nothing new is asked for."""
