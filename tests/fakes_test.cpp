@@ -37,10 +37,6 @@ struct FakeSocketBench : VirtualTime {
     void PeerSends(const std::string& bytes) { socket->PeerSends(bytes); }
     void PeerCloses() { socket->PeerCloses(); }
     void PeerResets() { socket->PeerResets(); }
-    void PeerSendsAndCloses(const std::string& bytes) {
-        PeerSends(bytes);
-        PeerCloses();
-    }
     std::string PeerReads(std::size_t) { return socket->sent(); }
 };
 

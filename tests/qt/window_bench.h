@@ -15,7 +15,6 @@
 
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_socket.h"
-#include "setup/file_types.h"
 #include "tests/fakes/fake_host.h"
 #include "ui/frm_main.h"
 #include "ui/window_holder.h"
@@ -46,13 +45,17 @@ class LocalSocket : public platform::Socket {
 class WindowTest : public testing::Test {
   protected:
     void SetUp() override {
-        bas_General::MakeFileTypesFolder();
-        bas_General::WriteFileTypes(bas_General::DefaultFileTypes());
+        host.files.Have("c:\\program\\temp\\filetypes.txt", ".html\r\n");
         server_.listen(QHostAddress::LocalHost);
         QObject::connect(&server_, &QTcpServer::newConnection, [this] {
             QTcpSocket* peer = server_.nextPendingConnection();
-            QObject::connect(peer, &QTcpSocket::readyRead, [this, peer] { Answer(*peer); });
-            QObject::connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);
+            QObject::connect(peer, &QTcpSocket::readyRead, [this, peer] {
+                const std::string request = peer->readAll().toStdString();
+                const auto page = pages.find(request.substr(4, request.find(' ', 4) - 4));
+                if (page == pages.end()) return;
+                peer->write(QByteArray::fromStdString("HTTP/1.0 200 OK\r\n\r\n" + page->second));
+                peer->disconnectFromHost();
+            });
         });
     }
 
@@ -67,61 +70,35 @@ class WindowTest : public testing::Test {
         return QTest::qWaitFor(condition, 20'000);
     }
 
-    /// Loads and shows the window; what its activation brings has happened afterwards.
     void Open() {
         holder.Load();
         holder.Show();
         ASSERT_TRUE(WaitFor([&] { return !Window().ShowWizardOnActivate; }));
     }
 
-    /// Types an address and presses Enter.
     void StartByKeys(const char* address) {
         The<QLineEdit>("Text1").setFocus();
         QTest::keyClicks(&The<QLineEdit>("Text1"), address);
         QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_Return);
     }
 
-    /// A crawl that stays busy: its first page never comes.
-    void StartSilentCrawl() {
-        StartByKeys("silent.com");
-        ASSERT_FALSE(Window().Command1Enabled());
-    }
-
-    void Click(const char* button) {
-        QTest::mouseClick(&The<QAbstractButton>(button), Qt::LeftButton);
-    }
+    void Click(const char* button) { The<QAbstractButton>(button).click(); }
     void Choose(const char* menu_entry) { The<QAction>(menu_entry).trigger(); }
-
-    /// The titles of the message boxes there were.
-    std::vector<std::string> Titles() const {
-        std::vector<std::string> titles;
-        for (const auto& box : host.boxes.asked)
-            titles.push_back(box.title);
-        return titles;
-    }
 
     std::map<std::string, std::string> pages;  ///< what the web serves by path; else it is silent
     platform::QtEventLoop events;
     fakes::FakeHost host{events};
     int wizards = 0;
-    std::function<void()> in_wizard;  ///< what happens while the wizard is open
+    std::function<void()> in_wizard = [] {};  ///< what happens while the wizard is open
     ui::WindowHolder holder{
         events,
         {[this](QWidget&) {
              ++wizards;
-             if (in_wizard) in_wizard();
+             in_wizard();
          },
          [this] { return std::make_unique<LocalSocket>(server_.serverPort()); }}};
 
   private:
-    void Answer(QTcpSocket& peer) {
-        const std::string request = peer.readAll().toStdString();
-        const auto page = pages.find(request.substr(4, request.find(' ', 4) - 4));
-        if (page == pages.end()) return;
-        peer.write(QByteArray::fromStdString("HTTP/1.0 200 OK\r\n\r\n" + page->second));
-        peer.disconnectFromHost();
-    }
-
     QTcpServer server_;
 };
 
