@@ -82,7 +82,9 @@ class WindowTest : public testing::Test {
         QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_Return);
     }
 
-    void Click(const char* button) { The<QAbstractButton>(button).click(); }
+    void Click(const char* button) {
+        QTest::mouseClick(&The<QAbstractButton>(button), Qt::LeftButton);
+    }
     void Choose(const char* menu_entry) { The<QAction>(menu_entry).trigger(); }
 
     std::map<std::string, std::string> pages;  ///< what the web serves by path; else it is silent

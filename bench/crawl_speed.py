@@ -1,0 +1,49 @@
+"""Times whole crawls of a documentation tree with different numbers of connections.
+
+    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 bench/crawl_speed.py
+
+Prints the median of three runs each. The network is the loopback, so what shows is the program's own
+pace: the scheduler starts at most one file in 20 ms.
+"""
+
+import statistics
+import sys
+import time
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parent / "tests/e2e"))
+
+import private_network  # noqa: E402
+import web  # noqa: E402
+from program import Crawl, copy_program, tree  # noqa: E402
+
+SITE = "www.example.test"
+ROOT = "/usr/share/doc/xapian-doc"
+RUNS = 3
+
+
+def crawl(connections, run):
+    """Seconds that one crawl took, and how many files it left."""
+    folder = private_network.scratch(f"speed-{connections}-{run}")
+    target = folder / "mirror"
+    target.mkdir()
+    program = copy_program(folder / "program")
+    started = time.monotonic()
+    running = Crawl(program, SITE, target, "--connections", connections)
+    if running.wait() != 0:
+        sys.exit(running.output())
+    return time.monotonic() - started, len(tree(target))
+
+
+def main():
+    with web.nginx(private_network.scratch("nginx"), {SITE: ROOT}):
+        for connections in (1, 4, 24):
+            results = [crawl(connections, run) for run in range(RUNS)]
+            seconds = statistics.median(seconds for seconds, _ in results)
+            print(f"{connections:2} connections: {results[0][1]} files in {seconds:.1f} s")
+
+
+if __name__ == "__main__":
+    private_network.enter()
+    main()
