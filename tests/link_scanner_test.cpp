@@ -60,16 +60,15 @@ TEST(LinkScannerTest, FindsTheLinksOfAPage) {
     const std::string letters(295, 'x');
     for (const std::string& none :
          {"href=\"#top\""s, "href='a.html?https'"s, "href=mailto:me@site.com"s,
-          "content=\"0;URL=b.html\">"s, "href=a href=b.html"s, "href='" + letters + "12345.html"}) {
+          "href=a href=b.html"s, "href='" + letters + "12345.html"}) {
         EXPECT_EQ(LinksOf(none), "") << none;
     }
     const struct {
         std::string html, links;
     } cases[] = {
-        {"href=p.html#top>", "p.html "},       {"href='IRC:x.html'", "IRC:x.html "},
-        {"href=' a.html'", "index.html "},     {"href=\"'a.html'\"", "index.html "},
-        {"page text href", "index.html "},     {"href=   a.html>", "a.html "},
-        {"href='sub\\a.html'", "sub/a.html "}, {"href\r\n='a\r.ht\nml'>", "a.html "},
+        {"href=p.html#top>", "p.html "},   {"href='IRC:x.html'", "IRC:x.html "},
+        {"href=' a.html'", "index.html "}, {"href=\"'a.html'\"", "index.html "},
+        {"href=   a.html>", "a.html "},    {"href\r\n='a\r.ht\nml'>", "a.html "},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(LinksOf(c.html), c.links) << c.html;
@@ -87,7 +86,6 @@ TEST(LinkScannerTest, ConsumesThePageYieldingFiveTimesALinkAndOnceForEachQueued)
     ExtractLinks(page, crawl::List1, base);
     EXPECT_EQ(base, "http://site.com/dir/");
     EXPECT_EQ(page.View(), "ml'>A</a> rest") << "ten characters on from the link";
-    EXPECT_EQ(Items(crawl::List1), Addresses{"site.com/dir/a.html"});
     EXPECT_EQ(crawl.loop.Yields(), 11);
 }
 

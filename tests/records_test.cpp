@@ -57,21 +57,18 @@ TEST_F(Records, ASlotThatIsNoneWritesNothing) {
 }
 
 TEST_F(Records, SweepsFoldersMadeUpToAnEmptyFieldWithoutShortOnes) {
-    const struct {
-        std::string made;
-        bool swept;
-    } cases[] = {
+    const std::pair<std::string, bool> cases[] = {
         {" c:/w/a\\* ", true},
         {"c:\\*c:\\w\\a*", true},
         {"c:\\b\\**c:\\w\\a*", false},
     };
-    for (const auto& c : cases) {
+    for (const auto& [made, swept] : cases) {
         host.files.Have("c:\\w\\a\\1.tmp", "x");
         host.files.Have("c:\\2.tmp", "x");
-        crawl::MadeFolders = c.made;
+        crawl::MadeFolders = made;
         RemoveTempFiles();
-        EXPECT_EQ(host.files.At("c:\\w\\a\\1.tmp") == "(none)", c.swept) << c.made;
-        EXPECT_EQ(host.files.At("c:\\2.tmp"), "x") << c.made;
+        EXPECT_EQ(host.files.At("c:\\w\\a\\1.tmp") == "(none)", swept) << made;
+        EXPECT_EQ(host.files.At("c:\\2.tmp"), "x") << made;
     }
 }
 
