@@ -22,14 +22,6 @@ constexpr const char* kPlaceholder =
 
 using Addresses = std::vector<std::string>;
 
-Addresses Items(const platform::ListItems& list) {
-    Addresses items;
-    for (std::size_t i = 0; i < list.Count(); ++i) {
-        items.push_back(list.Item(i));
-    }
-    return items;
-}
-
 class AdmissionTest : public testing::Test {
   protected:
     AdmissionTest() { BeginCrawl("C:\\Mirror\\"); }
@@ -68,8 +60,8 @@ TEST_F(AdmissionTest, QueuesListsOrDrops) {
         BeginCrawl("C:\\Mirror\\");
         Admit(c.link);
         Admit(c.link);  // a queued link is known from then on; a listed one is listed again
-        EXPECT_EQ(Items(crawl::List1), c.queued.empty() ? Addresses{} : Addresses{c.queued});
-        EXPECT_EQ(Items(crawl::List2), Addresses(c.listed.empty() ? 0 : 2, c.listed));
+        EXPECT_EQ(fakes::Items(crawl::List1), c.queued.empty() ? Addresses{} : Addresses{c.queued});
+        EXPECT_EQ(fakes::Items(crawl::List2), Addresses(c.listed.empty() ? 0 : 2, c.listed));
         EXPECT_EQ(host_.files.files.empty(), c.queued.empty());
         if (!c.queued.empty()) {
             EXPECT_EQ(host_.files.At("C:\\Mirror\\" + c.placeholder + ".tmp"), kPlaceholder);
@@ -85,7 +77,7 @@ TEST_F(AdmissionTest, FiltersMatchAnywhereInAnyCaseAndAfterResolving) {
                              "site.com/ads/../c.gif"}) {
         Admit(link);
     }
-    EXPECT_EQ(Items(crawl::List1), (Addresses{"site.com/ad.gif", "site.com/c.gif"}));
+    EXPECT_EQ(fakes::Items(crawl::List1), (Addresses{"site.com/ad.gif", "site.com/c.gif"}));
     EXPECT_EQ(host_.files.At("C:\\Mirror\\transdd.txt"),
               "site.com/LoADs/a/../b.gif\r\nsite.com/LoADs/b.gif\r\n\r\n"
               "site.com/ads/../c.gif\r\nsite.com/c.gif\r\n\r\n");
@@ -134,7 +126,7 @@ TEST_F(AdmissionTest, ALinkIsQueuedOnceAlsoWhereItsNameIsNotTheOneWritten) {
         Admit(link);
         Admit(link);
     }
-    EXPECT_EQ(Items(crawl::List1), (Addresses{"site.com/a.html", "site.com/w{ww.x.html"}));
+    EXPECT_EQ(fakes::Items(crawl::List1), (Addresses{"site.com/a.html", "site.com/w{ww.x.html"}));
     EXPECT_EQ(host_.files.At("C:\\mirror\\site.com\\x.html.tmp"), kPlaceholder);
 }
 
@@ -144,7 +136,7 @@ TEST_F(AdmissionTest, ALinkWhoseFilesCannotBeWrittenIsQueuedOnce) {
         Admit("site.com/a/b/../y.html");
         Admit("site.com/nul\0.html"s);
     }
-    EXPECT_EQ(Items(crawl::List1), (Addresses{"site.com/a/y.html", "site.com/nul\0.html"s}));
+    EXPECT_EQ(fakes::Items(crawl::List1), (Addresses{"site.com/a/y.html", "site.com/nul\0.html"s}));
 }
 
 }  // namespace

@@ -20,14 +20,6 @@ using std::string_literals::operator""s;
 using text::ConsumableText;
 using Addresses = std::vector<std::string>;
 
-Addresses Items(const platform::ListItems& list) {
-    Addresses items;
-    for (std::size_t i = 0; i < list.Count(); ++i) {
-        items.push_back(list.Item(i));
-    }
-    return items;
-}
-
 /// A host with an empty mirror and a crawl of site.com.
 struct Crawl {
     Crawl() {
@@ -50,7 +42,7 @@ std::string LinksOf(const std::string& html) {
     ConsumableText page(html);
     Scan(page);
     std::string links;
-    for (const std::string& link : Items(crawl::List1)) {
+    for (const std::string& link : fakes::Items(crawl::List1)) {
         links += text::ReplaceAll(link, "site.com/dir/", "") + " ";
     }
     return links;
@@ -118,7 +110,7 @@ void AtEveryYield(const std::function<void(ConsumableText&)>& interfere,
         crawl.loop.AtYield(nth, [&] { interfere(page); });
         Scan(page);
         EXPECT_GE(crawl.loop.Yields(), nth);
-        check(page, Items(crawl::List1));
+        check(page, fakes::Items(crawl::List1));
     }
 }
 

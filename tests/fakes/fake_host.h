@@ -88,6 +88,13 @@ class IdleLoop : public platform::EventLoop {
     void DoEventsOften() override {}
 };
 
+inline std::vector<std::string> Items(const platform::ListItems& list) {
+    std::vector<std::string> items;
+    for (std::size_t i = 0; i < list.Count(); ++i)
+        items.push_back(list.Item(i));
+    return items;
+}
+
 /// A whole host in memory, installed while it lives. It begins with the crawl's variables, the
 /// mirror's memory and the keyword filters as a fresh process has them.
 struct FakeHost {

@@ -1,4 +1,6 @@
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTimer>
 
 #include "setup/settings.h"
@@ -30,6 +32,22 @@ TEST_F(MainWindow, StandsThereAsDesigned) {
     EXPECT_EQ(Window().tmrMove().Interval(), 20);
     EXPECT_EQ(Window().tmrOut(24).Interval(), 20000);
     EXPECT_TRUE(crawl::List1.Empty());
+}
+
+TEST_F(MainWindow, HasItsMenu) {
+    Open();
+    Texts entries;
+    for (const QAction* heading : Window().menuBar()->actions()) {
+        entries.push_back(heading->text().toStdString());
+        for (const QAction* entry : heading->menu()->actions())
+            entries.push_back(entry->isSeparator() ? "-" : entry->text().toStdString());
+    }
+    const Texts expected = {"&File",  "&New Site",       "-",     "&Exit Vantorin",
+                            "&Sites", "Pause Download",  "-",     "&Explore...",
+                            "-",      "&Preferences...", "&Help", "&About"};
+    EXPECT_EQ(entries, expected);
+    Choose("mnuabout");
+    EXPECT_EQ(host.boxes.asked.back().message, "Vantorin Website Downloader 1.9");
 }
 
 TEST_F(MainWindow, LaysItselfOutAtEverySize) {
