@@ -46,6 +46,28 @@ bool HoldsCells(ElementId id) {
     return HoldsRows(id) || id == Id("tr");
 }
 
+/// A box that stands in the line like a letter.
+bool IsBox(Display display) {
+    return display == Display::kInlineBox || display == Display::kReplaced;
+}
+
+/// The distance in lines that a block keeps; nothing for what is no block.
+std::optional<int> EdgeLines(Display display) {
+    switch (display) {
+        case Display::kParagraph:
+            return 2;
+        case Display::kBlock:
+        case Display::kTable:
+            return 1;
+        case Display::kRowGroup:
+        case Display::kRow:
+        case Display::kCell:
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
 }  // namespace
 
 // Start tags ------------------------------------------------------------------------------------
@@ -186,57 +208,15 @@ void PageStructure::PopToTablePart(bool (*stays)(ElementId)) {
 // Edges -----------------------------------------------------------------------------------------
 
 void PageStructure::OpenEdge(Display display) {
-    switch (display) {
-        case Display::kInline:
-        case Display::kNone:
-            break;
-        case Display::kInlineBox:
-        case Display::kReplaced:
-            assembler_.OpenBox();
-            break;
-        case Display::kParagraph:
-            assembler_.BlockEdge(2);
-            break;
-        case Display::kBlock:
-        case Display::kTable:
-            assembler_.BlockEdge(1);
-            break;
-        case Display::kRowGroup:
-            assembler_.BlockEdge(0);
-            break;
-        case Display::kRow:
-            assembler_.BlockEdge(0);
-            if (MarkPart(Display::kTable)) assembler_.RowBreak();
-            break;
-        case Display::kCell:
-            assembler_.BlockEdge(0);
-            if (MarkPart(Display::kRow)) assembler_.Tab();
-            break;
-    }
+    if (IsBox(display)) assembler_.OpenBox();
+    if (const auto lines = EdgeLines(display)) assembler_.BlockEdge(*lines);
+    if (display == Display::kRow && MarkPart(Display::kTable)) assembler_.RowBreak();
+    if (display == Display::kCell && MarkPart(Display::kRow)) assembler_.Tab();
 }
 
 void PageStructure::CloseEdge(Display display) {
-    switch (display) {
-        case Display::kInline:
-        case Display::kNone:
-            break;
-        case Display::kInlineBox:
-        case Display::kReplaced:
-            assembler_.CloseBox();
-            break;
-        case Display::kParagraph:
-            assembler_.BlockEdge(2);
-            break;
-        case Display::kBlock:
-        case Display::kTable:
-            assembler_.BlockEdge(1);
-            break;
-        case Display::kRowGroup:
-        case Display::kRow:
-        case Display::kCell:
-            assembler_.BlockEdge(0);
-            break;
-    }
+    if (IsBox(display)) assembler_.CloseBox();
+    if (const auto lines = EdgeLines(display)) assembler_.BlockEdge(*lines);
 }
 
 /// Notes that the `whole` (a table, a row) around the current position has a part; true when it had
