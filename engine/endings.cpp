@@ -1,8 +1,5 @@
 #include "engine/endings.h"
 
-#include <cstdint>
-#include <string>
-
 #include "engine/crawl_state.h"
 #include "engine/main_window.h"
 #include "engine/rows.h"
@@ -11,7 +8,6 @@
 #include "output/records.h"
 #include "output/save_file.h"
 #include "platform/services.h"
-#include "text/numbers.h"
 #include "text/text.h"
 
 namespace bas_Connections {
@@ -21,11 +17,6 @@ namespace {
 bool Confirmed(const std::string& question, const std::string& title) {
     return platform::Host().boxes.MsgBox(question, platform::BoxStyle::InformationYesNo, title) ==
            platform::BoxAnswer::Yes;
-}
-
-std::string Counted(std::int64_t count, const std::string& unit) {
-    std::string digits = std::to_string(count);
-    return std::string(text::Trim(bas_Extractor::FormatThousands(digits))) + unit;
 }
 
 }  // namespace
@@ -131,11 +122,16 @@ bool Form_Unload() {
     return true;
 }
 
+std::string FormatCount(std::int64_t count) {
+    std::string digits = std::to_string(count);
+    return std::string(text::Trim(bas_Extractor::FormatThousands(digits)));
+}
+
 void UpdateStats() {
     engine::MainWindow& window = engine::Window();
     window.SetLabel5(std::to_string(crawl::List1.Count()) + " Files");
-    window.SetLabel3(Counted(crawl::FilesDone, " Files"));
-    window.SetLabel4(Counted(crawl::TotalBytes, " Bytes"));
+    window.SetLabel3(FormatCount(crawl::FilesDone) + " Files");
+    window.SetLabel4(FormatCount(crawl::TotalBytes) + " Bytes");
 }
 
 }  // namespace bas_Connections

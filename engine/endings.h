@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 /// The crawl engine. This file: how jobs and crawls end, and the counters.
 namespace bas_Connections {
 
@@ -28,6 +31,9 @@ void Resume();
 /// The window is about to be unloaded. Asks, unless it is only being reloaded; false means stay.
 /// True means that the crawl has been stopped and cleaned up.
 bool Form_Unload();
+
+/// A count as the counters show it, "," between groups of three digits.
+std::string FormatCount(std::int64_t count);
 
 /// Brings the counters on the window up to date.
 void UpdateStats();

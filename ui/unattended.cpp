@@ -9,7 +9,6 @@
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
-#include "extractor/addresses.h"
 #include "setup/file_types.h"
 #include "setup/settings.h"
 #include "ui/frm_main.h"
@@ -34,15 +33,11 @@ extern "C" void NoteSignal(int number) {
     std::signal(number, SIG_DFL);
 }
 
-std::string Counted(std::int64_t count, const std::string& unit) {
-    std::string digits = std::to_string(count);
-    return bas_Extractor::FormatThousands(digits) + unit;
-}
-
 std::string Progress() {
-    return Counted(crawl::FilesDone, " files, ") +
-           Counted(static_cast<std::int64_t>(crawl::List1.Count()), " queued, ") +
-           Counted(crawl::TotalBytes, " bytes");
+    const auto queued = static_cast<std::int64_t>(crawl::List1.Count());
+    return bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
+           bas_Connections::FormatCount(queued) + " queued, " +
+           bas_Connections::FormatCount(crawl::TotalBytes) + " bytes";
 }
 
 bool PrepareFolder(const std::string& folder, Terminal& terminal) {
@@ -100,9 +95,9 @@ int RunUnattended(const CrawlOrder& order, WindowHolder& holder, Terminal& termi
     QObject::connect(&look, &QTimer::timeout, [&] { Look(holder, terminal, since_progress); });
     look.start(kLookMilliseconds);
     const int exit_code = QCoreApplication::exec();
-    terminal.Print(Counted(crawl::FilesDone, " files, ") +
-                   Counted(crawl::TotalBytes,
-                           exit_code == kExitComplete ? " bytes." : " bytes when it was stopped."));
+    terminal.Print(bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
+                   bas_Connections::FormatCount(crawl::TotalBytes) +
+                   (exit_code == kExitComplete ? " bytes." : " bytes when it was stopped."));
     return exit_code;
 }
 
