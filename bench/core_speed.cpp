@@ -12,15 +12,15 @@
 #include <string>
 #include <vector>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "extractor/link_scanner.h"
 #include "output/mirror_files.h"
 #include "output/save_file.h"
-#include "platform/host_files.h"
-#include "platform/inner_text/html_inner_text.h"
 #include "platform/memory_settings_store.h"
 #include "platform/path_text.h"
 #include "platform/services.h"
+#include "platform/system_files.h"
+#include "ui/html_page_text.h"
 
 namespace {
 
@@ -132,13 +132,13 @@ int main(int argc, char** argv) {
         return 2;
     }
     NoEvents events;
-    platform::HostFiles files(argv[1]);
+    platform::SystemFiles files(argv[1]);
     platform::MemorySettingsStore settings;
-    platform::HtmlInnerText page_text;
+    ui::HtmlPageText page_text;
     NoProcesses processes;
     NoBoxes boxes;
     const platform::Services services{events, files, settings, page_text, processes, boxes};
-    platform::InstallHost(&services);
+    platform::InstallSystem(&services);
     crawl::TargetFolder = platform::PathTextOf(argv[1]) + "\\";
     crawl::SiteHost = "site.com";
     crawl::FileTypeSet = ":.html:";
@@ -148,5 +148,5 @@ int main(int argc, char** argv) {
     ReportScans();
     ReportSaves();
     ReportQueue();
-    platform::InstallHost(nullptr);
+    platform::InstallSystem(nullptr);
 }

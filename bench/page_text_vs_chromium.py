@@ -4,7 +4,7 @@
     page_text_vs_chromium.py [--saved] [--static] [--sample N] [--show N] TOOL PAGE_OR_FOLDER...
 
 TOOL takes a file name a line and answers with the text's length on a line, the text, and a line
-end (bench/inner_text_tool). Each page is copied to an empty folder first, so that neither side finds
+end (bench/page_text_tool). Each page is copied to an empty folder first, so that neither side finds
 its style sheets and scripts. --static empties those within the page too, as the tool leaves them
 out on purpose. --saved passes the pages through what saving does to their text.
 

@@ -1,9 +1,9 @@
 #include "engine/endings.h"
 
-#include "engine/crawl_state.h"
 #include "engine/main_window.h"
 #include "engine/rows.h"
 #include "engine/scheduler.h"
+#include "engine/state/crawl_state.h"
 #include "extractor/addresses.h"
 #include "output/records.h"
 #include "output/save_file.h"
@@ -15,7 +15,7 @@ namespace bas_Connections {
 namespace {
 
 bool Confirmed(const std::string& question, const std::string& title) {
-    return platform::Host().boxes.MsgBox(question, platform::BoxStyle::InformationYesNo, title) ==
+    return platform::System().boxes.MsgBox(question, platform::BoxStyle::InformationYesNo, title) ==
            platform::BoxAnswer::Yes;
 }
 
@@ -29,7 +29,7 @@ void tmrOut_Timer(int index) {
     std::string address = " \\ " + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile("Unable to download this file. (Timeout)", address,
                          static_cast<std::int16_t>(index));
-    platform::Host().events.DoEvents();
+    platform::System().events.DoEvents();
     // Stopped, or idle and given a new job meanwhile.
     if (crawl::JobOf(index) != job) return;
 
@@ -57,12 +57,12 @@ void SiteComplete() {
     StopNOW();
     engine::Window().SetLabel6("Website Downloaded!");
     bas_Output::RemoveTempFiles();
-    platform::Host().events.DoEvents();
+    platform::System().events.DoEvents();
     UpdateStats();
     if (Confirmed("The website has been downloaded.\r\n\r\n"
                   "Would you like to browse the download directory?",
                   "Done.")) {
-        platform::Host().processes.ExploreFolder(crawl::TargetFolder);
+        platform::System().processes.ExploreFolder(crawl::TargetFolder);
     }
 }
 
@@ -96,7 +96,7 @@ void AskStop() {
     StopNOW();
     crawl::Stopping = true;
     engine::Window().Reload();
-    platform::Host().events.DoEvents();
+    platform::System().events.DoEvents();
     engine::Window().SetLabel6("Operation Cancelled.");
     engine::Window().SetPauseEnabled(false);
 }
@@ -115,7 +115,7 @@ bool Form_Unload() {
     if (!Confirmed("Are you sure you want to exit?", "Exit Vantorin")) return false;
     if (!engine::Window().Command1Enabled()) StopNOW();
     bas_Output::RemoveTempFiles();
-    platform::Host().events.DoEvents();
+    platform::System().events.DoEvents();
     engine::Window().tmrMove().SetEnabled(false);
     CloseAllSockets();
     engine::Window().ShowList1();

@@ -2,11 +2,11 @@
 
 #include <optional>
 
-#include "engine/crawl_state.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/rows.h"
 #include "engine/scheduler.h"
+#include "engine/state/crawl_state.h"
 #include "extractor/addresses.h"
 #include "extractor/link_scanner.h"
 #include "output/save_file.h"
@@ -70,7 +70,7 @@ std::string PageFolder(const std::string& url) {
 
 /// The server has closed its side: saves the response, queues its links and frees the slot.
 void FinishResponse(int index) {
-    platform::EventLoop& events = platform::Host().events;
+    platform::EventLoop& events = platform::System().events;
     const unsigned job = crawl::JobOf(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile(crawl::Slots[index].Response.View(), address,
@@ -141,7 +141,7 @@ void ProcessResponse(std::string_view data, int index) {
     text::ConsumableText& response = crawl::Slots[index].Response;
     if (data.size() < kResponseLimit - response.Size()) response.Append(data);
     const unsigned job = crawl::JobOf(index);
-    platform::Host().events.DoEvents();
+    platform::System().events.DoEvents();
     if (crawl::JobOf(index) != job) return;
     ShowExpectedSize(data, index);
     ShowReceivedSize(index);

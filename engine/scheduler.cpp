@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "engine/crawl_state.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/rows.h"
+#include "engine/state/crawl_state.h"
 #include "extractor/addresses.h"
 #include "platform/services.h"
 #include "text/numbers.h"
@@ -33,8 +33,8 @@ void SplitAddress(crawl::ConnectionSlot& slot) {
 
 void RefuseTypedCount() {
     engine::Window().SetTxtMax("4");
-    platform::Host().boxes.MsgBox("Must be a number of connections from 1 to 24",
-                                  platform::BoxStyle::Stop, "Try Again");
+    platform::System().boxes.MsgBox("Must be a number of connections from 1 to 24",
+                                    platform::BoxStyle::Stop, "Try Again");
 }
 
 }  // namespace

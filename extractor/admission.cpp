@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "extractor/addresses.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
@@ -76,7 +76,7 @@ void Enqueue(const std::string& link, const std::string& placeholder,
     queue_list.AddItem(link);
     Record(kPlaceholderText, placeholder);
     Record(link, crawl::TargetFolder + "log.txt");
-    platform::Host().events.DoEventsOften();
+    platform::System().events.DoEventsOften();
 }
 
 /// What a write to `path` really writes to: records and placeholders lose every "www.", in the
@@ -86,8 +86,8 @@ std::string WrittenForm(const std::string& path) {
 }
 
 bool HasFile(const std::string& path) {
-    // A first failure is not believed; the host may have been busy with the file.
-    const platform::Files& files = platform::Host().files;
+    // A first failure is not believed; the system may have been busy with the file.
+    const platform::Files& files = platform::System().files;
     return files.FileLength(path) || files.FileLength(path) || bas_Output::WriteFailedBefore(path);
 }
 

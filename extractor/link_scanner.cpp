@@ -97,7 +97,7 @@ void StepOverFirstLink(text::ConsumableText& page) {
 
 void Yield(int times) {
     for (int i = 0; i < times; ++i) {
-        platform::Host().events.DoEventsOften();
+        platform::System().events.DoEventsOften();
     }
 }
 

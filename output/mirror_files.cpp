@@ -6,7 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "platform/path_text.h"
 #include "platform/services.h"
 #include "text/text.h"
@@ -15,9 +15,9 @@ namespace bas_Output {
 
 namespace {
 
-/// The folder that a crawl writes into, and what has been found out about it. Asking the host where
-/// a folder really lies follows every symbolic link on the way, which is too slow for every link of
-/// a page, so the folders that lie inside are kept.
+/// The folder that a crawl writes into, and what has been found out about it. Asking the system
+/// where a folder really lies follows every symbolic link on the way, which is too slow for every
+/// link of a page, so the folders that lie inside are kept.
 struct Confines {
     std::string target_folder;       // the text that the rest was made from
     std::vector<std::string> roots;  // resolved
@@ -49,7 +49,7 @@ Confines& CurrentConfines() {
 bool LiesInside(const Confines& confines, std::string_view path) {
     return std::any_of(
         confines.roots.begin(), confines.roots.end(),
-        [path](const std::string& root) { return platform::Host().files.IsInside(path, root); });
+        [path](const std::string& root) { return platform::System().files.IsInside(path, root); });
 }
 
 bool FolderLiesInside(std::string_view resolved_folder) {
@@ -71,7 +71,7 @@ bool IsRootOrItsParent(const std::string& resolved_folder) {
 /// Whether this file lies inside, also when it is itself a symbolic link.
 bool FileLiesInside(const std::string& resolved_path) {
     return FolderLiesInside(platform::ParentOfResolved(resolved_path)) &&
-           (!platform::Host().files.IsLink(resolved_path) ||
+           (!platform::System().files.IsLink(resolved_path) ||
             LiesInside(CurrentConfines(), resolved_path));
 }
 
@@ -102,7 +102,7 @@ void RememberMadeFolder(std::string_view folder) {
 bool WriteMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts) {
     const auto resolved = platform::ResolvePathText(path);
     if (resolved && FileLiesInside(*resolved) &&
-        platform::Host().files.WriteFile(*resolved, parts)) {
+        platform::System().files.WriteFile(*resolved, parts)) {
         return true;
     }
     g_unwritten.insert(KeyOf(path));
@@ -112,7 +112,7 @@ bool WriteMirrorFile(std::string_view path, std::initializer_list<std::string_vi
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts) {
     const auto resolved = platform::ResolvePathText(path);
     if (resolved && FileLiesInside(*resolved) &&
-        platform::Host().files.AppendFile(*resolved, parts)) {
+        platform::System().files.AppendFile(*resolved, parts)) {
         return true;
     }
     g_unwritten.insert(KeyOf(path));
@@ -122,13 +122,13 @@ bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_v
 std::optional<std::string> ReadMirrorFile(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
     if (!resolved || !FileLiesInside(*resolved)) return std::nullopt;
-    return platform::Host().files.ReadFile(*resolved);
+    return platform::System().files.ReadFile(*resolved);
 }
 
 void DeleteMirrorFile(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
     if (resolved && FolderLiesInside(platform::ParentOfResolved(*resolved))) {
-        platform::Host().files.DeleteFile(*resolved);
+        platform::System().files.DeleteFile(*resolved);
     }
 }
 
@@ -143,7 +143,7 @@ void SweepMadeFolder(std::string_view lowered_folder) {
     const std::vector<std::string> folders =
         made != g_made_folders.end() ? made->second : std::vector<std::string>{key};
     for (const std::string& folder : folders) {
-        platform::Host().files.DeleteBySuffix(folder, ".tmp");
+        platform::System().files.DeleteBySuffix(folder, ".tmp");
     }
 }
 

@@ -24,7 +24,7 @@ bool MayMakeFolder(std::string_view folder);
 void RememberMadeFolder(std::string_view folder);
 
 /// Replaces or appends to a file inside the target folder. False when the path lies elsewhere or
-/// the host refuses; such a path is remembered.
+/// the system refuses; such a path is remembered.
 bool WriteMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts);
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts);
 

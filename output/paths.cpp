@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
 #include "platform/services.h"
 #include "text/text.h"
@@ -40,7 +40,7 @@ std::string MakeLocalPath(std::string& path) {
 }
 
 void MakeFolder(const std::string& folder) {
-    if (!platform::Host().files.CreateFolder(folder)) return;
+    if (!platform::System().files.CreateFolder(folder)) return;
     RememberMadeFolder(folder);
     crawl::MadeFolders += text::LowerCase(folder) + "*";
 }

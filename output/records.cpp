@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
 #include "platform/services.h"
@@ -51,11 +51,11 @@ bool AppendToFile(const std::string& text, std::string& path) {
 
 std::string GetPageText(const std::string& path) {
     for (int turn = 0; turn < 4; ++turn) {
-        platform::Host().events.DoEvents();
+        platform::System().events.DoEvents();
     }
     std::string page_text;
     if (auto page = ReadMirrorFile(path)) {
-        page_text = platform::Host().page_text.InnerText(std::move(*page), KindOf(path));
+        page_text = platform::System().page_text.InnerText(std::move(*page), KindOf(path));
     }
     FoldBlanks(page_text);
     return page_text;

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
 #include "output/records.h"
@@ -111,7 +111,7 @@ void SaveFile(std::string_view received, std::string& address, std::int16_t slot
     const std::string save_path = crawl::SavePath;
     const std::string placeholder = crawl::SavePathBeforeRename + ".tmp";
     if (HasSearchText(save_path)) RecordPage(save_path, slot);
-    platform::Host().events.DoEvents();
+    platform::System().events.DoEvents();
     DeleteMirrorFile(placeholder);
     text::AddWithinWidth(crawl::FilesDone, 1);
 }

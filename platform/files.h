@@ -9,9 +9,9 @@
 
 namespace platform {
 
-/// The host's files, named by the program's own path text: "\" separates, "c:" is the user's home
-/// folder where the host knows no drives, "z:" and a leading "\" are its root. "." and ".." are
-/// resolved in the text, clamped at the root, before the host sees the path. A path that holds a
+/// The system's files, named by the program's own path text: "\" separates, "c:" is the user's home
+/// folder where the system knows no drives, "z:" and a leading "\" are its root. "." and ".." are
+/// resolved in the text, clamped at the root, before the system sees the path. A path that holds a
 /// NUL is a fault. A fault is the returned value, never an exception.
 class Files {
   public:
@@ -43,7 +43,7 @@ class Files {
 
     virtual bool DeleteFile(std::string_view path) = 0;
 
-    /// Deletes every file in `folder` whose name ends in `suffix` (case as the host compares
+    /// Deletes every file in `folder` whose name ends in `suffix` (case as the system compares
     /// names).
     virtual void DeleteBySuffix(std::string_view folder, std::string_view suffix) = 0;
 

@@ -49,7 +49,7 @@ std::optional<std::string> TakeRoot(std::string_view& path) {
     return root;
 }
 
-/// A name as the host sees it. Windows drops blanks and dots at the end of a name, so that ".. "
+/// A name as the system sees it. Windows drops blanks and dots at the end of a name, so that ".. "
 /// would climb after all.
 std::string_view HostName(std::string_view name) {
 #ifdef _WIN32
@@ -102,33 +102,33 @@ std::string_view ParentOfResolved(std::string_view resolved) {
 
 #ifdef _WIN32
 
-std::optional<std::string> HostPathOf(std::string_view path) {
-    std::optional<std::string> host_path = ResolvePathText(path);
+std::optional<std::string> SystemPathOf(std::string_view path) {
+    std::optional<std::string> system_path = ResolvePathText(path);
     // "c:" alone would be the current folder of that drive.
-    if (host_path && host_path->find('\\') == std::string::npos) host_path->append("\\");
-    return host_path;
+    if (system_path && system_path->find('\\') == std::string::npos) system_path->append("\\");
+    return system_path;
 }
 
-std::string PathTextOf(std::string_view host_path) {
-    std::string text(host_path);
+std::string PathTextOf(std::string_view system_path) {
+    std::string text(system_path);
     std::replace(text.begin(), text.end(), '/', '\\');
     return text;
 }
 
 #else
 
-std::optional<std::string> HostPathOf(std::string_view path) {
+std::optional<std::string> SystemPathOf(std::string_view path) {
     const std::optional<std::string> resolved = ResolvePathText(path);
     if (!resolved) return std::nullopt;
-    std::string host_path = resolved->front() == 'c' ? HomeFolder() : std::string();
-    host_path.append(*resolved, 2);
-    std::replace(host_path.begin(), host_path.end(), '\\', '/');
-    if (host_path.empty()) host_path = "/";
-    return host_path;
+    std::string system_path = resolved->front() == 'c' ? HomeFolder() : std::string();
+    system_path.append(*resolved, 2);
+    std::replace(system_path.begin(), system_path.end(), '\\', '/');
+    if (system_path.empty()) system_path = "/";
+    return system_path;
 }
 
-std::string PathTextOf(std::string_view host_path) {
-    std::string text(host_path);
+std::string PathTextOf(std::string_view system_path) {
+    std::string text(system_path);
     if (HasDrive(text) || (!text.empty() && text.front() == '\\')) return text;
     if (text.empty() || text.front() != '/') {
         std::error_code error;

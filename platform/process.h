@@ -4,17 +4,18 @@
 
 namespace platform {
 
-/// Starting the host's own programs. The argument is passed as one argument, never through a shell.
+/// Starting the system's own programs. The argument is passed as one argument, never through a
+/// shell.
 class ProcessStarter {
   public:
     virtual ~ProcessStarter() = default;
 
-    /// Shows a folder, given as path text, in the host's file manager. False when it cannot be
+    /// Shows a folder, given as path text, in the system's file manager. False when it cannot be
     /// started.
     virtual bool ExploreFolder(const std::string& folder) = 0;
 
-    /// Opens an "http://" address in the host's browser. False when it is not one or nothing could
-    /// be started.
+    /// Opens an "http://" address in the system's browser. False when it is not one or nothing
+    /// could be started.
     virtual bool OpenAddress(const std::string& address) = 0;
 };
 

@@ -5,16 +5,16 @@
 namespace platform {
 
 namespace {
-const Services* g_host = nullptr;
+const Services* g_system = nullptr;
 }
 
-const Services& Host() {
-    assert(g_host != nullptr);
-    return *g_host;
+const Services& System() {
+    assert(g_system != nullptr);
+    return *g_system;
 }
 
-void InstallHost(const Services* services) {
-    g_host = services;
+void InstallSystem(const Services* services) {
+    g_system = services;
 }
 
 }  // namespace platform

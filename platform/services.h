@@ -9,7 +9,7 @@
 
 namespace platform {
 
-/// The host as the program sees it: one of each, for the life of the process.
+/// The system as the program sees it: one of each, for the life of the process.
 struct Services {
     EventLoop& events;
     Files& files;
@@ -20,9 +20,9 @@ struct Services {
 };
 
 /// The services in use. Installed before anything else runs.
-const Services& Host();
+const Services& System();
 
 /// Makes `services` the ones in use; they must outlive their use. Null takes them away.
-void InstallHost(const Services* services);
+void InstallSystem(const Services* services);
 
 }  // namespace platform

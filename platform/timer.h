@@ -6,7 +6,7 @@
 namespace platform {
 
 /// A repeating interface timer. It fires on the event loop's thread, to the millisecond where the
-/// host allows; a tick that came late is not made up for.
+/// system allows; a tick that came late is not made up for.
 class Timer {
   public:
     virtual ~Timer() = default;

@@ -9,7 +9,7 @@ namespace bas_General {
 namespace {
 
 std::string ListFolder() {
-    return platform::Host().files.ProgramFolder() + "\\temp";
+    return platform::System().files.ProgramFolder() + "\\temp";
 }
 
 std::string ListFile() {
@@ -24,19 +24,19 @@ std::vector<std::string> DefaultFileTypes() {
 }
 
 void WriteFileTypes(const std::vector<std::string>& types) {
-    platform::Host().files.WriteFile(ListFile(), {JoinListFile(types)});
+    platform::System().files.WriteFile(ListFile(), {JoinListFile(types)});
 }
 
 std::vector<std::string> ReadFileTypes() {
-    return SplitListFile(platform::Host().files.ReadFile(ListFile()).value_or(""));
+    return SplitListFile(platform::System().files.ReadFile(ListFile()).value_or(""));
 }
 
 bool FileTypesFileExists() {
-    return platform::Host().files.FileLength(ListFile()).has_value();
+    return platform::System().files.FileLength(ListFile()).has_value();
 }
 
 void MakeFileTypesFolder() {
-    platform::Host().files.CreateFolder(ListFolder());
+    platform::System().files.CreateFolder(ListFolder());
 }
 
 std::string LoadFileTypes() {

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kMostFilters = decltype(KeywordFilters)::kCount;
 
 std::string FiltersFile() {
-    return platform::Host().files.ProgramFolder() + "\\filters.txt";
+    return platform::System().files.ProgramFolder() + "\\filters.txt";
 }
 
 void SetKeywordFilters(const std::vector<std::string>& keywords) {
@@ -34,7 +34,7 @@ std::string Normalized(const std::string& keyword) {
 void LoadKeywordFilters() {
     ClearKeywordFilters();
     std::vector<std::string> keywords =
-        SplitListFile(platform::Host().files.ReadFile(FiltersFile()).value_or(""));
+        SplitListFile(platform::System().files.ReadFile(FiltersFile()).value_or(""));
     if (keywords.size() > kMostFilters) return;
     for (std::string& keyword : keywords) {
         keyword = std::string(text::Trim(keyword));
@@ -61,7 +61,7 @@ void StoreKeywordFilters(const std::vector<std::string>& list) {
         if (!text::Trim(item).empty() && keywords.size() < kMostFilters) keywords.push_back(item);
     }
     SetKeywordFilters(keywords);
-    platform::Host().files.WriteFile(FiltersFile(), {JoinListFile(keywords)});
+    platform::System().files.WriteFile(FiltersFile(), {JoinListFile(keywords)});
 }
 
 }  // namespace bas_General

@@ -1,6 +1,6 @@
 #include "setup/settings.h"
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "output/paths.h"
 #include "platform/services.h"
 #include "text/text.h"
@@ -20,11 +20,11 @@ void MakeFolderText(std::string& folder) {
 }  // namespace
 
 std::string ReadSetting(const std::string& key, const std::string& fallback) {
-    return platform::Host().settings.Get(kApplication, kSection, key, fallback);
+    return platform::System().settings.Get(kApplication, kSection, key, fallback);
 }
 
 void PutSetting(const std::string& key, const std::string& value) {
-    platform::Host().settings.Put(kApplication, kSection, key, value);
+    platform::System().settings.Put(kApplication, kSection, key, value);
 }
 
 std::string StoredFolder() {
@@ -46,13 +46,13 @@ void SetTargetFolder(const std::string& folder) {
 bool TestFolderWritable(std::string& path) {
     MakeFolderText(path);
     const std::string probe = path + "test23893.txt";
-    platform::Files& files = platform::Host().files;
+    platform::Files& files = platform::System().files;
     return files.WriteFile(probe, {"sdkjlf\r\n"}) && files.DeleteFile(probe);
 }
 
 bool TargetFolderAccepted() {
     if (TestFolderWritable(crawl::TargetFolder)) return true;
-    platform::Host().boxes.MsgBox(
+    platform::System().boxes.MsgBox(
         "That is an invalid directory. Check it has no invalid characters.",
         platform::BoxStyle::Stop, "Eror");
     return false;

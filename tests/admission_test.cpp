@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
 #include "setup/keyword_filters.h"
-#include "tests/fakes/fake_host.h"
 #include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_system.h"
 
 namespace {
 
@@ -39,7 +39,7 @@ class AdmissionTest : public testing::Test {
     void Admit(const std::string& link) { AdmitLink("http://" + link, crawl::List1); }
 
     fakes::FakeLoop loop_;
-    fakes::FakeHost host_{loop_};
+    fakes::FakeSystem host_{loop_};
 };
 
 TEST_F(AdmissionTest, QueuesListsOrDrops) {
@@ -110,7 +110,7 @@ TEST_F(AdmissionTest, AnyOfThreeFilesMakesALinkKnownAndEachIsAskedForTwice) {
     DoubtfulFiles files;
     const platform::Services services{loop_,           files,           host_.settings,
                                       host_.page_text, host_.processes, host_.boxes};
-    platform::InstallHost(&services);
+    platform::InstallSystem(&services);
     const std::string path = "C:\\Mirror\\site.com\\x.bmp";
     const std::string page = path + ".html", tmp = path + ".tmp";
     files.Have(tmp, "");

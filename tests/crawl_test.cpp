@@ -37,7 +37,7 @@ class Crawl : public CrawlTest {
     }
 
     Mirror Mirrored() const {
-        Mirror saved = host.files.files;
+        Mirror saved = system.files.files;
         // The order of the records is the order of arrival, which may differ.
         std::erase_if(saved, [](const auto& file) { return file.first.ends_with(".txt"); });
         return saved;
@@ -53,7 +53,7 @@ class Crawl : public CrawlTest {
     void StartOver() {
         window.Reload();
         BlankDisk();
-        host.boxes.asked.clear();
+        system.boxes.asked.clear();
         crawl::Stopping = false;
     }
 };
@@ -69,7 +69,7 @@ TEST_F(Crawl, SavesTheSiteOnce) {
                                      site + "dir\\index.html", site + "dir\\b.html",
                                      site + "dir\\c.php_x=1.html", site + "dir\\gone.html"}));
     EXPECT_EQ(saved.at(site + "dir\\gone.html"), "Not found.\r\n");
-    ASSERT_EQ(host.boxes.asked.size(), 1U);
+    ASSERT_EQ(system.boxes.asked.size(), 1U);
     EXPECT_EQ(network.requests().size(), names.size()) << "each file is asked for once";
 }
 
@@ -94,7 +94,7 @@ class Disturbed : public Crawl {
         for (int n = 1; n <= yields; ++n) {
             SCOPED_TRACE(n);
             StartOver();
-            host.boxes.answers.push_back(BoxAnswer::Yes);
+            system.boxes.answers.push_back(BoxAnswer::Yes);
             bool done = false;
             loop.AtYield(n, [&] {
                 done = true;
@@ -118,7 +118,7 @@ TEST_F(Disturbed, AStopEndsTheCrawlWhereverItComes) {
                      const auto requests = network.requests().size();
                      loop.Advance(120000);
                      EXPECT_EQ(network.requests().size(), requests) << "something runs on";
-                     EXPECT_EQ(host.files.At("C:\\Websites\\_SearchData\\.txt"), "(none)");
+                     EXPECT_EQ(system.files.At("C:\\Websites\\_SearchData\\.txt"), "(none)");
                      for (const auto& [path, bytes] : Mirrored()) {
                          EXPECT_TRUE(path.ends_with(".tmp") || undisturbed.at(path) == bytes)
                              << path;
@@ -151,10 +151,10 @@ TEST_F(Disturbed, NothingIsLostToWhatComesInBetween) {
                     disturb(slot);
             },
             [&] {
-                EXPECT_EQ(host.boxes.asked.size(), 1U) << "completion is reported once";
+                EXPECT_EQ(system.boxes.asked.size(), 1U) << "completion is reported once";
                 if (ends_early) return;
                 for (const auto& [path, bytes] : undisturbed)
-                    EXPECT_TRUE(host.files.files.contains(path)) << path;
+                    EXPECT_TRUE(system.files.files.contains(path)) << path;
             });
     }
 }
@@ -171,7 +171,7 @@ TEST_F(Crawl, PagesThatLeadToThemselvesEnd) {
         StartOver();
         network.PutPage("www.site.com/", page);
         CrawlUndisturbed();
-        for (const auto& [path, bytes] : host.files.files) {
+        for (const auto& [path, bytes] : system.files.files) {
             EXPECT_TRUE(path.starts_with("c:\\Websites\\") || path.starts_with("c:\\program\\"))
                 << path;
         }
@@ -182,8 +182,8 @@ TEST_F(Crawl, PagesThatLeadToThemselvesEnd) {
 TEST_F(Crawl, ALinkWhoseFileCannotBeWrittenIsFetchedOnce) {
     network.PutPage("www.site.com/", "<a href=bad.html>");
     network.PutPage("www.site.com/bad.html", "<a href=bad.html>");
-    host.files.refused = {"c:\\Websites\\site.com\\bad.html",
-                          "c:\\Websites\\site.com\\bad.html.tmp"};
+    system.files.refused = {"c:\\Websites\\site.com\\bad.html",
+                            "c:\\Websites\\site.com\\bad.html.tmp"};
     CrawlUndisturbed();
     EXPECT_EQ(network.requests().size(), 2U);
 }

@@ -34,7 +34,7 @@ TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
     EXPECT_EQ(window.rows[1].received, "-");
     EXPECT_EQ(Saved("a.html"), "(none)")
         << "the timeout text is given a name that no folder ever has";
-    EXPECT_EQ(host.boxes.asked.size(), 1U);
+    EXPECT_EQ(system.boxes.asked.size(), 1U);
     loop.Advance(10 * kTimeout);
     EXPECT_EQ(crawl::FilesDone, 3) << "no timer runs on after the crawl";
 }
@@ -80,9 +80,9 @@ TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
 
 TEST_F(Endings, TheCompletionBoxOffersTheMirror) {
     for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
-        host.boxes.asked.clear();
-        host.processes.folders.clear();
-        host.boxes.answers.push_back(answer);
+        system.boxes.asked.clear();
+        system.processes.folders.clear();
+        system.boxes.answers.push_back(answer);
         Start("www.site.com/a.html");
         Answer(1, "<a href='b.html'>");
         loop.Advance(20);
@@ -91,12 +91,12 @@ TEST_F(Endings, TheCompletionBoxOffersTheMirror) {
             "The website has been downloaded.\r\n\r\n"
             "Would you like to browse the download directory?",
             BoxStyle::InformationYesNo, "Done."};
-        EXPECT_EQ(host.boxes.asked, std::vector{question});
+        EXPECT_EQ(system.boxes.asked, std::vector{question});
         EXPECT_EQ(window.label6, "Website Downloaded!");
         EXPECT_EQ(window.label3, "2 Files") << "the counters are true when the box appears";
-        EXPECT_EQ(host.processes.folders, answer == BoxAnswer::Yes
-                                              ? std::vector<std::string>{"C:\\Websites\\"}
-                                              : std::vector<std::string>{});
+        EXPECT_EQ(system.processes.folders, answer == BoxAnswer::Yes
+                                                ? std::vector<std::string>{"C:\\Websites\\"}
+                                                : std::vector<std::string>{});
         BlankDisk();
     }
 }
@@ -121,22 +121,22 @@ TEST_F(Endings, StopNOWMakesEverythingIdle) {
 
 TEST_F(Endings, TheStopIsAskedFirst) {
     Start("www.site.com/a.html");
-    host.boxes.answers.push_back(BoxAnswer::No);
+    system.boxes.answers.push_back(BoxAnswer::No);
     bas_Connections::AskStop();
     const Asked question{"Are you sure you want to cancel downloading the current website?",
                          BoxStyle::InformationYesNo, "Stop Download"};
-    EXPECT_EQ(host.boxes.asked, std::vector{question});
+    EXPECT_EQ(system.boxes.asked, std::vector{question});
     EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting);
     EXPECT_EQ(window.reloads, 0);
 
-    host.boxes.answers.push_back(BoxAnswer::Yes);
+    system.boxes.answers.push_back(BoxAnswer::Yes);
     bas_Connections::AskStop();
     EXPECT_EQ(window.reloads, 1);
     EXPECT_TRUE(crawl::Stopping);
     EXPECT_EQ(window.label6, "Operation Cancelled.");
     EXPECT_FALSE(window.pause_enabled);
     EXPECT_TRUE(bas_Connections::Form_Unload()) << "a reload asks nothing";
-    EXPECT_EQ(host.boxes.asked.size(), 2U);
+    EXPECT_EQ(system.boxes.asked.size(), 2U);
 }
 
 TEST_F(Endings, PauseOnlyKeepsNewFilesFromStarting) {
@@ -157,18 +157,18 @@ TEST_F(Endings, LeavingIsAskedAndStopsTheCrawl) {
     Start("www.site.com/a.html");
     Answer(1, "<a href='b.html'>");
     const std::string placeholder = "C:\\Websites\\site.com\\b.html.tmp";
-    ASSERT_NE(host.files.At(placeholder), "(none)");
-    host.boxes.answers.push_back(BoxAnswer::No);
+    ASSERT_NE(system.files.At(placeholder), "(none)");
+    system.boxes.answers.push_back(BoxAnswer::No);
     EXPECT_FALSE(bas_Connections::Form_Unload());
     const Asked question{"Are you sure you want to exit?", BoxStyle::InformationYesNo,
                          "Exit Vantorin"};
-    EXPECT_EQ(host.boxes.asked, std::vector{question});
+    EXPECT_EQ(system.boxes.asked, std::vector{question});
     EXPECT_FALSE(window.start_enabled);
-    EXPECT_NE(host.files.At(placeholder), "(none)");
+    EXPECT_NE(system.files.At(placeholder), "(none)");
 
-    host.boxes.answers.push_back(BoxAnswer::Yes);
+    system.boxes.answers.push_back(BoxAnswer::Yes);
     EXPECT_TRUE(bas_Connections::Form_Unload());
-    EXPECT_EQ(host.files.At(placeholder), "(none)");
+    EXPECT_EQ(system.files.At(placeholder), "(none)");
     EXPECT_TRUE(window.start_enabled && window.list1_shown);
     EXPECT_FALSE(window.tmrMove().Enabled());
 }

@@ -7,7 +7,7 @@
 #include <csignal>
 #include <filesystem>
 
-#include "platform/host_files.h"
+#include "platform/system_files.h"
 #include "tests/contracts/files_contract.h"
 #include "tests/fakes/memory_files.h"
 #include "tests/fakes/temp_folder.h"
@@ -21,9 +21,9 @@ INSTANTIATE_TEST_SUITE_P(Memory, FilesContract, testing::Values([] {
                          }));
 
 INSTANTIATE_TEST_SUITE_P(
-    Host, FilesContract, testing::Values([] {
+    System, FilesContract, testing::Values([] {
         auto folder = std::make_shared<fakes::TempFolder>();
-        return FilesUnderTest{std::make_unique<platform::HostFiles>("/"), folder->Text(), folder};
+        return FilesUnderTest{std::make_unique<platform::SystemFiles>("/"), folder->Text(), folder};
     }));
 
 }  // namespace contracts
@@ -34,10 +34,10 @@ class HostFilesTest : public testing::Test {
   protected:
     std::string In(const std::string& name) const { return folder.Text() + "\\" + name; }
     void Link(const std::string& target, const std::string& name) const {
-        std::filesystem::create_symlink(target, folder.HostPath() / name);
+        std::filesystem::create_symlink(target, folder.SystemPath() / name);
     }
     fakes::TempFolder folder;
-    platform::HostFiles files{folder.HostPath().string() + "/"};
+    platform::SystemFiles files{folder.SystemPath().string() + "/"};
 };
 
 TEST_F(HostFilesTest, FullDiskLeavesTheOldFileOrNone) {
@@ -54,11 +54,11 @@ TEST_F(HostFilesTest, FullDiskLeavesTheOldFileOrNone) {
     setrlimit(RLIMIT_FSIZE, &limit);
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(files.ReadFile(In("old")), "old");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.HostPath()), {}), 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.SystemPath()), {}), 1);
 }
 
 TEST_F(HostFilesTest, PipesAreNoFilesAndNobodyWaitsForThem) {
-    const std::string pipe = folder.HostPath() / "pipe";
+    const std::string pipe = folder.SystemPath() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_FALSE(files.AppendFile(In("pipe"), {"x"}));
     EXPECT_EQ(files.ReadFile(In("pipe")), std::nullopt);
@@ -70,9 +70,9 @@ TEST_F(HostFilesTest, PipesAreNoFilesAndNobodyWaitsForThem) {
 }
 
 TEST_F(HostFilesTest, FollowsLinksToSeeWhatLiesInside) {
-    std::filesystem::create_directories(folder.HostPath() / "mirror/real");
-    std::filesystem::create_directory(folder.HostPath() / "mirror/a\\b");
-    std::filesystem::create_directory(folder.HostPath() / "outside");
+    std::filesystem::create_directories(folder.SystemPath() / "mirror/real");
+    std::filesystem::create_directory(folder.SystemPath() / "mirror/a\\b");
+    std::filesystem::create_directory(folder.SystemPath() / "outside");
     Link("../outside", "mirror/out");
     Link("real", "mirror/in");
     Link("../nowhere", "mirror/dangling");

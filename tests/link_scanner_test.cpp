@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/crawl_state.h"
-#include "tests/fakes/fake_host.h"
+#include "engine/state/crawl_state.h"
 #include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_system.h"
 #include "text/text.h"
 
 namespace {
@@ -26,10 +26,10 @@ struct Crawl {
         crawl::SiteHost = "site.com";
         crawl::TargetFolder = "C:\\Mirror\\";
         crawl::FileTypeSet = ":.html::.gif:";
-        host.files.Have("C:\\Mirror\\");
+        system.files.Have("C:\\Mirror\\");
     }
     fakes::FakeLoop loop;
-    fakes::FakeHost host{loop};
+    fakes::FakeSystem system{loop};
 };
 
 void Scan(ConsumableText& page, std::string base = "http://site.com/dir/") {

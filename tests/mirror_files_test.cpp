@@ -8,8 +8,8 @@
 #include "output/paths.h"
 #include "output/records.h"
 #include "output/save_file.h"
-#include "platform/host_files.h"
-#include "tests/fakes/fake_host.h"
+#include "platform/system_files.h"
+#include "tests/fakes/fake_system.h"
 #include "tests/fakes/temp_folder.h"
 
 using namespace bas_Output;
@@ -26,9 +26,9 @@ const std::string kAttacks[] = {
 class Confinement : public testing::Test {
   protected:
     Confinement() {
-        host.files.Have("c:\\mirror");
-        host.files.Have("c:\\mirror-too\\old.txt", "old");
-        host.files.Have("c:\\outside\\old.txt", "old");
+        system.files.Have("c:\\mirror");
+        system.files.Have("c:\\mirror-too\\old.txt", "old");
+        system.files.Have("c:\\outside\\old.txt", "old");
         crawl::TargetFolder = "C:\\mirror\\";
         BeginMirror();
     }
@@ -36,16 +36,16 @@ class Confinement : public testing::Test {
     /// Everything that is not in the target folder.
     std::map<std::string, std::string> Outside() const {
         std::map<std::string, std::string> outside;
-        for (const auto& [path, contents] : host.files.files) {
+        for (const auto& [path, contents] : system.files.files) {
             if (!path.starts_with("c:\\mirror\\")) outside[path] = contents;
         }
-        for (const std::string& folder : host.files.folders) {
+        for (const std::string& folder : system.files.folders) {
             if (!folder.starts_with("c:\\mirror\\")) outside[folder] = "(folder)";
         }
         return outside;
     }
 
-    fakes::FakeHost host;
+    fakes::FakeSystem system;
 };
 
 TEST_F(Confinement, NothingThatASiteSaysWritesOutside) {
@@ -77,7 +77,7 @@ TEST_F(Confinement, ParentsOfTheTargetFolderMayBeMade) {
 }
 
 TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
-    host.files.refused = {"c:\\mirror\\bad"};
+    system.files.refused = {"c:\\mirror\\bad"};
     EXPECT_FALSE(AppendMirrorFile("C:\\mirror\\bad", {"x"}));
     EXPECT_FALSE(WriteMirrorFile("C:\\mirror\\..\\x", {"x"}));
     EXPECT_TRUE(WriteFailedBefore("C:\\mirror\\\\dir\\..\\bad"));
@@ -87,29 +87,33 @@ TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
 }
 
 TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
-    host.files.Have("c:\\mirror\\SITE.com\\kept.tmp", "x");
+    system.files.Have("c:\\mirror\\SITE.com\\kept.tmp", "x");
     for (const std::string file : {"Site.com\\1.tmp", "siTe.com\\2.tmp"}) {
         std::string path = "C:\\mirror\\" + file;
         ASSERT_TRUE(AppendToFile("x", path));
     }
     SweepMadeFolder("c:\\mirror\\site.com\\");
-    EXPECT_EQ(host.files.At("c:\\mirror\\SITE.com\\kept.tmp"), "x");
-    EXPECT_EQ(host.files.At("c:\\mirror\\Site.com\\1.tmp"), "(none)");
-    EXPECT_EQ(host.files.At("c:\\mirror\\siTe.com\\2.tmp"), "(none)");
+    EXPECT_EQ(system.files.At("c:\\mirror\\SITE.com\\kept.tmp"), "x");
+    EXPECT_EQ(system.files.At("c:\\mirror\\Site.com\\1.tmp"), "(none)");
+    EXPECT_EQ(system.files.At("c:\\mirror\\siTe.com\\2.tmp"), "(none)");
 }
 
 TEST(ConfinementOnTheHost, WritesThroughNoLinkThatLeadsOutside) {
     const fakes::TempFolder folder;
-    const auto root = folder.HostPath();
+    const auto root = folder.SystemPath();
     std::filesystem::create_directory(root / "mirror");
     std::ofstream(root / "outside.txt") << "old";
     std::filesystem::create_symlink(root / "outside.txt", root / "mirror/log.txt");
 
-    fakes::FakeHost fake;
-    platform::HostFiles files(root.string());
-    const platform::Services services{platform::Host().events, files,          fake.settings,
-                                      fake.page_text,          fake.processes, fake.boxes};
-    platform::InstallHost(&services);
+    fakes::FakeSystem fake;
+    platform::SystemFiles files(root.string());
+    const platform::Services services{platform::System().events,
+                                      files,
+                                      fake.settings,
+                                      fake.page_text,
+                                      fake.processes,
+                                      fake.boxes};
+    platform::InstallSystem(&services);
     crawl::TargetFolder = folder.Text() + "\\mirror\\";
     const std::string path = crawl::TargetFolder + "log.txt";
     EXPECT_FALSE(AppendMirrorFile(path, {"x"}));

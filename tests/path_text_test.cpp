@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-using platform::HostPathOf;
 using platform::PathTextOf;
 using platform::ResolvePathText;
+using platform::SystemPathOf;
 using namespace std::string_literals;
 
 namespace {
@@ -28,7 +28,7 @@ TEST(PathText, OnePlaceHasOneText) {
 TEST(PathText, WhatIsNoPathGivesNothing) {
     for (const std::string& path : {""s, "c:\\a\0b"s, "\0"s, "d:\\a"s, "Q:"s}) {
         EXPECT_EQ(ResolvePathText(path), std::nullopt) << path;
-        EXPECT_EQ(HostPathOf(path), std::nullopt) << path;
+        EXPECT_EQ(SystemPathOf(path), std::nullopt) << path;
     }
 }
 
@@ -41,18 +41,18 @@ TEST(PathText, DrivesAreTheHomeFolderAndTheRoot) {
     const char* set = std::getenv("HOME");
     const std::string home = set != nullptr ? set : "";
     setenv("HOME", "/home/some body", 1);
-    EXPECT_EQ(HostPathOf("C:\\Websites\\"), "/home/some body/Websites");
-    EXPECT_EQ(HostPathOf("z:\\"), "/");
-    EXPECT_EQ(HostPathOf("\\srv\\c:\\"), "/srv/c:");
+    EXPECT_EQ(SystemPathOf("C:\\Websites\\"), "/home/some body/Websites");
+    EXPECT_EQ(SystemPathOf("z:\\"), "/");
+    EXPECT_EQ(SystemPathOf("\\srv\\c:\\"), "/srv/c:");
     setenv("HOME", "relative", 1);
-    EXPECT_EQ(HostPathOf("c:")->front(), '/');
+    EXPECT_EQ(SystemPathOf("c:")->front(), '/');
     setenv("HOME", home.c_str(), 1);
 }
 
 TEST(PathText, HostPathsBecomeText) {
     EXPECT_EQ(PathTextOf("/srv/mirror"), "\\srv\\mirror");
     EXPECT_EQ(PathTextOf("z:\\srv"), "z:\\srv");
-    EXPECT_EQ(HostPathOf(PathTextOf("./a/../b")), std::filesystem::current_path() / "b");
+    EXPECT_EQ(SystemPathOf(PathTextOf("./a/../b")), std::filesystem::current_path() / "b");
 }
 
 }  // namespace

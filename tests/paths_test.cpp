@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/fakes/fake_host.h"
+#include "tests/fakes/fake_system.h"
 
 using namespace bas_Output;
 
@@ -23,7 +23,7 @@ TEST(CleanNames, ReplacesWhatCannotStandInAName) {
 }
 
 TEST(TopLevel, LooksAfterTheFirstHostFolder) {
-    fakes::FakeHost host;
+    fakes::FakeSystem system;
     crawl::SiteHost = "Site.com";
     // Without the host, it is looked at from the key's length on; one character is skipped.
     for (const char* top : {"C:\\Web\\SITE.com\\a", "C:/Web/site.com/a", "C:\\Web\\site.com\\\\a",
@@ -52,7 +52,7 @@ class MakeLocalPathTest : public testing::Test {
         EXPECT_EQ(crawl::SavePath, path);
         return path;
     }
-    fakes::FakeHost host;
+    fakes::FakeSystem system;
 };
 
 TEST_F(MakeLocalPathTest, TurnsAddressesIntoPaths) {
@@ -66,7 +66,7 @@ TEST_F(MakeLocalPathTest, TurnsAddressesIntoPaths) {
 TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
     LocalPathOf("C:\\Web\\Site.com\\a.html");
     EXPECT_EQ(crawl::MadeFolders, "c:\\web\\*c:\\web\\site.com\\*");
-    EXPECT_TRUE(host.files.FolderExists("c:\\Web\\Site.com"));
+    EXPECT_TRUE(system.files.FolderExists("c:\\Web\\Site.com"));
     crawl::MadeFolders.clear();
     LocalPathOf("C:\\Web\\Site.com\\img\\1.gif");
     MakeFolder("c:\\nowhere\\inner");
@@ -75,8 +75,8 @@ TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
 
 TEST_F(MakeLocalPathTest, LosesBlanksBeforeAFolderButNotInThePath) {
     EXPECT_EQ(LocalPathOf("C:\\Web\\ site.com\\a.html"), "C:\\Web\\ site.com\\a.html");
-    EXPECT_TRUE(host.files.FolderExists("C:\\Web\\site.com"));
-    EXPECT_FALSE(host.files.FolderExists("C:\\Web\\ site.com"));
+    EXPECT_TRUE(system.files.FolderExists("C:\\Web\\site.com"));
+    EXPECT_FALSE(system.files.FolderExists("C:\\Web\\ site.com"));
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/fakes/fake_host.h"
 #include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_system.h"
 
 using namespace bas_Output;
 
@@ -12,7 +12,7 @@ namespace {
 class Records : public testing::Test {
   protected:
     Records() {
-        host.files.Have("c:\\w");
+        system.files.Have("c:\\w");
         crawl::TargetFolder = "C:\\w\\";
         crawl::Slots[3].Host = "www.site.com";
     }
@@ -20,7 +20,7 @@ class Records : public testing::Test {
         RecordSearchText("text", slot, "C:\\w\\" + page);
     }
     fakes::FakeLoop loop;
-    fakes::FakeHost host{loop};
+    fakes::FakeSystem system{loop};
 };
 
 TEST_F(Records, AppendsLinesInFoldersOfTheirOwn) {
@@ -29,30 +29,30 @@ TEST_F(Records, AppendsLinesInFoldersOfTheirOwn) {
         EXPECT_TRUE(AppendToFile(text, path));
         EXPECT_EQ(path, "C:\\w\\site.com\\dir\\log.txt");
     }
-    EXPECT_EQ(host.files.At("c:\\w\\site.com\\dir\\log.txt"), "a\r\n\r\nb\r\n\r\n");
+    EXPECT_EQ(system.files.At("c:\\w\\site.com\\dir\\log.txt"), "a\r\n\r\nb\r\n\r\n");
 }
 
 TEST_F(Records, FoldsThePageTextOntoOneLine) {
-    host.files.Have("c:\\w\\a.html", "the page");
-    host.page_text.text = "a\r\nb\nc\rd\n\ne  f   g    h     i";
+    system.files.Have("c:\\w\\a.html", "the page");
+    system.page_text.text = "a\r\nb\nc\rd\n\ne  f   g    h     i";
     EXPECT_EQ(GetPageText("C:\\w\\a.html"), "a b c d e f g h  i");
     EXPECT_EQ(loop.Yields(), 4);
     EXPECT_EQ(GetPageText("C:\\w\\missing.html"), "");
-    EXPECT_EQ(host.page_text.pages, std::vector<std::string>{"the page"});
+    EXPECT_EQ(system.page_text.pages, std::vector<std::string>{"the page"});
 }
 
 TEST_F(Records, SuppressesOnlyTheImmediateRepeat) {
     for (const char* page : {"A.html", "a.html", "b.html ", "a.html", "a.htm"}) {
         Record(page);
     }
-    EXPECT_EQ(host.files.At("c:\\w\\_SearchData\\site.com.txt"),
+    EXPECT_EQ(system.files.At("c:\\w\\_SearchData\\site.com.txt"),
               "! a.html\r\ntext\r\n! b.html\r\ntext\r\n! a.html\r\ntext\r\n! a.htm\r\ntext\r\n");
     EXPECT_EQ(crawl::LastSearchPage, ":a.htm:");
 }
 
 TEST_F(Records, ASlotThatIsNoneWritesNothing) {
     Record("a.html", 0);
-    EXPECT_TRUE(host.files.files.empty());
+    EXPECT_TRUE(system.files.files.empty());
     EXPECT_EQ(crawl::LastSearchPage, ":a.html:");
 }
 
@@ -63,12 +63,12 @@ TEST_F(Records, SweepsFoldersMadeUpToAnEmptyFieldWithoutShortOnes) {
         {"c:\\b\\**c:\\w\\a*", false},
     };
     for (const auto& [made, swept] : cases) {
-        host.files.Have("c:\\w\\a\\1.tmp", "x");
-        host.files.Have("c:\\2.tmp", "x");
+        system.files.Have("c:\\w\\a\\1.tmp", "x");
+        system.files.Have("c:\\2.tmp", "x");
         crawl::MadeFolders = made;
         RemoveTempFiles();
-        EXPECT_EQ(host.files.At("c:\\w\\a\\1.tmp") == "(none)", swept) << made;
-        EXPECT_EQ(host.files.At("c:\\2.tmp"), "x") << made;
+        EXPECT_EQ(system.files.At("c:\\w\\a\\1.tmp") == "(none)", swept) << made;
+        EXPECT_EQ(system.files.At("c:\\2.tmp"), "x") << made;
     }
 }
 

@@ -5,8 +5,8 @@
 #include <map>
 
 #include "output/records.h"
-#include "tests/fakes/fake_host.h"
 #include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_system.h"
 
 using namespace bas_Output;
 
@@ -15,7 +15,7 @@ namespace {
 class SaveFileTest : public testing::Test {
   protected:
     SaveFileTest() {
-        host.files.Have("c:\\w");
+        system.files.Have("c:\\w");
         crawl::TargetFolder = "C:\\w\\";
         crawl::SiteHost = "site.com";
         crawl::Slots[1].Host = "www.site.com";
@@ -27,13 +27,13 @@ class SaveFileTest : public testing::Test {
     std::string Rewritten(const std::string& body, const std::string& address = "site.com/d/e.bin",
                           std::int16_t slot = 1) {
         Save(body, "\\" + address, slot);
-        std::string saved = host.files.At(crawl::SavePath);
+        std::string saved = system.files.At(crawl::SavePath);
         EXPECT_TRUE(saved.ends_with("\r\n"));
         return saved.substr(0, saved.size() - 2);
     }
 
     fakes::FakeLoop loop;
-    fakes::FakeHost host{loop};
+    fakes::FakeSystem system{loop};
 };
 
 TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
@@ -50,11 +50,11 @@ TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
     for (const auto& c : cases) {
         const std::string placeholder =
             "C:\\w\\" + (c.placeholder.empty() ? c.path : c.placeholder) + ".tmp";
-        host.files.Have(placeholder, "queued");
+        system.files.Have(placeholder, "queued");
         Save("body", "\\" + c.address);
         EXPECT_EQ(crawl::SavePath, "C:\\w\\" + c.path);
-        EXPECT_EQ(host.files.At("C:\\w\\" + c.path), "body\r\n") << c.address;
-        EXPECT_EQ(host.files.At(placeholder), "(none)") << c.address;
+        EXPECT_EQ(system.files.At("C:\\w\\" + c.path), "body\r\n") << c.address;
+        EXPECT_EQ(system.files.At(placeholder), "(none)") << c.address;
         EXPECT_EQ(crawl::SavePathBeforeRename + ".tmp", placeholder);
     }
     EXPECT_EQ(crawl::FilesDone, static_cast<std::int32_t>(std::size(cases)));
@@ -72,7 +72,7 @@ TEST_F(SaveFileTest, TakesTheHeaderOffAndCleansTheCallersAddress) {
         std::string address = "\\site.com//a?b\\\\c.gif";
         SaveFile(received, address, 1);
         EXPECT_EQ(address, "\\site.com//a_b\\c.gif");
-        EXPECT_EQ(host.files.At("c:\\w\\site.com\\a_b\\c.gif"), saved + "\r\n") << received;
+        EXPECT_EQ(system.files.At("c:\\w\\site.com\\a_b\\c.gif"), saved + "\r\n") << received;
     }
 }
 
@@ -81,7 +81,7 @@ TEST_F(SaveFileTest, ARefusedDownloadLeavesNoTrace) {
     SaveFile(" CanceL  ", address, 1);
     EXPECT_EQ(address, "\\site.com/a*.html");
     EXPECT_EQ(crawl::FilesDone, 0);
-    EXPECT_TRUE(host.files.files.empty());
+    EXPECT_TRUE(system.files.files.empty());
 }
 
 TEST_F(SaveFileTest, DoublesLineEndsInPagesOnly) {
@@ -125,9 +125,9 @@ TEST_F(SaveFileTest, RecordsTheTextOfPagesOnly) {
     for (const char* name : {"a.gif", "a.HTM", "x.tx/b.css"}) {
         Save("body", std::string("\\site.com/") + name);
     }
-    EXPECT_EQ(host.files.At("c:\\w\\_SearchData\\site.com.txt"),
+    EXPECT_EQ(system.files.At("c:\\w\\_SearchData\\site.com.txt"),
               "! site.com\\a.htm\r\npage text\r\n! site.com\\x.tx\\b.css\r\npage text\r\n");
-    EXPECT_EQ(host.page_text.pages.at(0), "body\r\n");
+    EXPECT_EQ(system.page_text.pages.at(0), "body\r\n");
 }
 
 TEST_F(SaveFileTest, ASaveInsideASaveMixesNothingUp) {
@@ -137,13 +137,13 @@ TEST_F(SaveFileTest, ASaveInsideASaveMixesNothingUp) {
         SCOPED_TRACE(yield);
         const std::string number = std::to_string(yield);
         const std::string outer = "c:\\w\\site.com\\" + number + ".html";
-        host.files.Have(outer + ".tmp", "queued");
+        system.files.Have(outer + ".tmp", "queued");
         loop.AtYield(yield, [&] { Save("inner", "\\other.net/" + number + ".php", 2); });
         Save("outer", "\\site.com/" + number + ".html");
-        EXPECT_EQ(host.files.At(outer), "outer\r\n");
-        EXPECT_EQ(host.files.At("c:\\w\\other.net\\" + number + ".php.html"), "inner\r\n");
-        EXPECT_EQ(host.files.At(outer + ".tmp"), "(none)");
-        EXPECT_TRUE(host.files.At("c:\\w\\_SearchData\\site.com.txt")
+        EXPECT_EQ(system.files.At(outer), "outer\r\n");
+        EXPECT_EQ(system.files.At("c:\\w\\other.net\\" + number + ".php.html"), "inner\r\n");
+        EXPECT_EQ(system.files.At(outer + ".tmp"), "(none)");
+        EXPECT_TRUE(system.files.At("c:\\w\\_SearchData\\site.com.txt")
                         .ends_with("! site.com\\" + number + ".html\r\npage text\r\n"));
     }
 }

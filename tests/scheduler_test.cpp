@@ -112,14 +112,15 @@ TEST_F(Scheduler, RefusesTypedCountsThatAreNoneOrTooHigh) {
                           {"23", "23"}, {"0", "0"},    {"-1", "-1"}, {" 7 ", " 7 "}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.typed);
-        host.boxes.asked.clear();
+        system.boxes.asked.clear();
         window.txt_max = c.typed;
         bas_Connections::txtMax_Change();
         EXPECT_EQ(window.txt_max, c.kept);
         const bool refused = std::string(c.typed) != c.kept;
         const fakes::ScriptedBoxes::Asked refusal{"Must be a number of connections from 1 to 24",
                                                   platform::BoxStyle::Stop, "Try Again"};
-        EXPECT_EQ(std::count(host.boxes.asked.begin(), host.boxes.asked.end(), refusal), refused);
+        EXPECT_EQ(std::count(system.boxes.asked.begin(), system.boxes.asked.end(), refusal),
+                  refused);
     }
 }
 

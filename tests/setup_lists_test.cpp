@@ -6,7 +6,7 @@
 #include "setup/keyword_filters.h"
 #include "setup/list_file.h"
 #include "setup/settings.h"
-#include "tests/fakes/fake_host.h"
+#include "tests/fakes/fake_system.h"
 
 using namespace bas_General;
 using Lines = std::vector<std::string>;
@@ -35,18 +35,18 @@ TEST(ListFile, SplitsIntoNonBlankLines) {
 }
 
 TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
-    fakes::FakeHost host;
-    host.files.Have(kTypesFile, "\r\n  .GIF \r\n   \r\n.b");
+    fakes::FakeSystem system;
+    system.files.Have(kTypesFile, "\r\n  .GIF \r\n   \r\n.b");
     EXPECT_EQ(LoadFileTypes(), ":.gif::.b:");
     WriteFileTypes(ReadFileTypes());
-    EXPECT_EQ(host.files.At(kTypesFile), ".GIF\r\n.b\r\n");
+    EXPECT_EQ(system.files.At(kTypesFile), ".GIF\r\n.b\r\n");
     WriteFileTypes(DefaultFileTypes());
     EXPECT_EQ(LoadFileTypes(),
               ":.htm::.html::.php::.asp::.txt::.gif::.jpg::.jpeg::.png::.pdf::.zip::.css:");
 }
 
 TEST(Filters, LoadsAtMostAHundredOrNone) {
-    fakes::FakeHost host;
+    fakes::FakeSystem system;
     const std::map<std::string, Lines> cases = {
         {"ads\r\n\r\n  Track \r\n", {"ads", "Track"}},
         {JoinListFile(Numbered(100)) + " \r\n\n", Numbered(100)},
@@ -54,7 +54,7 @@ TEST(Filters, LoadsAtMostAHundredOrNone) {
     };
     for (auto [bytes, expected] : cases) {
         KeywordFilters[100] = "old";
-        host.files.Have(kFiltersFile, bytes);
+        system.files.Have(kFiltersFile, bytes);
         LoadKeywordFilters();
         expected.resize(100);
         EXPECT_EQ(Filters(), expected);
@@ -62,7 +62,7 @@ TEST(Filters, LoadsAtMostAHundredOrNone) {
 }
 
 TEST(Filters, StoresWhatTheNextStartLoads) {
-    fakes::FakeHost host;
+    fakes::FakeSystem system;
     Lines list = Numbered(102);
     list[1] = "   ";
     StoreKeywordFilters(list);
@@ -75,16 +75,16 @@ TEST(Filters, StoresWhatTheNextStartLoads) {
 }
 
 TEST(Settings, AFolderIsWritableWhenAProbeComesAndGoes) {
-    fakes::FakeHost host;
-    host.files.Have("c:\\fine");
+    fakes::FakeSystem system;
+    system.files.Have("c:\\fine");
     std::string probe;
-    host.files.on_write = [&probe](const std::string& path) { probe = path; };
+    system.files.on_write = [&probe](const std::string& path) { probe = path; };
     std::string path = "c:/fine";
     EXPECT_TRUE(TestFolderWritable(path));
     EXPECT_EQ(path, "c:\\fine\\");
     EXPECT_EQ(probe, "c:\\fine\\test23893.txt");
-    EXPECT_TRUE(host.files.files.empty());
-    host.files.read_only = {"c:\\fine"};
+    EXPECT_TRUE(system.files.files.empty());
+    system.files.read_only = {"c:\\fine"};
     EXPECT_FALSE(TestFolderWritable(path));
 }
 

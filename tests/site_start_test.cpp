@@ -52,7 +52,7 @@ TEST_F(SiteStart, BeginsWithNothingLeftOfTheCrawlBefore) {
 }
 
 TEST_F(SiteStart, FetchesTheStartPageAtOnceAndShowsACrawl) {
-    host.files.Have("C:\\program\\temp\\filetypes.txt", ".GIF \r\n\r\n.htm\n");
+    system.files.Have("C:\\program\\temp\\filetypes.txt", ".GIF \r\n\r\n.htm\n");
     Start("www.site.com/dir/a.html");
     EXPECT_EQ(crawl::FileTypeSet, ":.gif::.htm:");
     EXPECT_EQ(crawl::Slots[1].Path, "/dir/a.html");

@@ -12,7 +12,7 @@
 #include <algorithm>
 
 #include "platform/qt/local_text.h"
-#include "ui/elided_text.h"
+#include "widgets/elided_text.h"
 
 namespace ui {
 

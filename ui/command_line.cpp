@@ -4,7 +4,7 @@
 #include <limits>
 #include <optional>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "text/numbers.h"

@@ -4,7 +4,7 @@
 #include <QScrollBar>
 
 #include "platform/qt/local_text.h"
-#include "ui/label_font.h"
+#include "widgets/label_font.h"
 
 namespace ui {
 

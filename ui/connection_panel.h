@@ -5,10 +5,10 @@
 #include <QScrollArea>
 #include <string>
 
-#include "engine/crawl_state.h"
+#include "engine/state/crawl_state.h"
 #include "text/one_based.h"
-#include "ui/elided_label.h"
 #include "ui/rate_graph.h"
+#include "widgets/elided_label.h"
 
 namespace ui {
 

@@ -34,7 +34,7 @@ void frmMain::Form_Load() {
         txt_max_->addItem(QString::number(i));
     }
     SetTxtMax("4");
-    bas_Output::MakeFolder(platform::Host().files.ProgramFolder() + "\\dldata");
+    bas_Output::MakeFolder(platform::System().files.ProgramFolder() + "\\dldata");
     ShowWizardOnActivate = true;
     // The lists are this window's controls: a fresh one has them empty.
     crawl::List1.Clear();

@@ -10,15 +10,15 @@
 #include <QToolButton>
 #include <memory>
 
-#include "engine/crawl_state.h"
 #include "engine/main_window.h"
+#include "engine/state/crawl_state.h"
 #include "platform/qt/qt_timer.h"
 #include "text/one_based.h"
 #include "ui/activity_light.h"
 #include "ui/address_list.h"
 #include "ui/connection_panel.h"
-#include "ui/elided_label.h"
-#include "ui/icons.h"
+#include "widgets/elided_label.h"
+#include "widgets/icons.h"
 
 class QDialog;
 

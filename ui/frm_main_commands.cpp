@@ -92,13 +92,14 @@ void frmMain::mnuexit_Click() {
 }
 
 void frmMain::mnuabout_Click() {
-    platform::Host().boxes.MsgBox("Vantorin Website Downloader 1.9",
-                                  platform::BoxStyle::Information, "About");
+    platform::System().boxes.MsgBox("Vantorin Website Downloader 1.9",
+                                    platform::BoxStyle::Information, "About");
 }
 
 void frmMain::ExploreTarget() {
     const std::string& folder = crawl::TargetFolder;
-    platform::Host().processes.ExploreFolder(folder.empty() ? bas_General::StoredFolder() : folder);
+    platform::System().processes.ExploreFolder(folder.empty() ? bas_General::StoredFolder()
+                                                              : folder);
 }
 
 void frmMain::OpenSelectedAddress() {
@@ -107,7 +108,7 @@ void frmMain::OpenSelectedAddress() {
     if (text::LowerCase(text::Left(address, 7)) != "http://") {
         address = "http://" + std::string(text::Trim(address));
     }
-    platform::Host().processes.OpenAddress(address);
+    platform::System().processes.OpenAddress(address);
 }
 
 void frmMain::ShowFilters() {

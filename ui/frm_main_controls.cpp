@@ -1,9 +1,9 @@
 #include <QMenuBar>
 
-#include "ui/address_box.h"
 #include "ui/frm_main.h"
-#include "ui/label_font.h"
 #include "ui/window_holder.h"
+#include "widgets/address_box.h"
+#include "widgets/label_font.h"
 
 /// The main window's controls, menu, sockets and timers as they are when it is designed.
 namespace ui {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "ui/frm_main.h"
-#include "ui/twips.h"
+#include "widgets/twips.h"
 
 /// The main window's layout. The client area below the menu is what is laid out, in twips.
 namespace ui {

@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 
 #include "engine/endings.h"
-#include "ui/label_font.h"
+#include "widgets/label_font.h"
 
 namespace ui {
 

@@ -10,7 +10,7 @@
 #include "platform/qt/qt_socket.h"
 #include "setup/forms/frm_new.h"
 #include "ui/command_line.h"
-#include "ui/host_services.h"
+#include "ui/system_services.h"
 #include "ui/terminal.h"
 #include "ui/unattended.h"
 #include "ui/window_holder.h"
@@ -30,7 +30,7 @@ void ShowWizard(QWidget& window) {
     wizard.exec();
 }
 
-/// Whether this host can show windows at all. Elsewhere than on Unix a program always can.
+/// Whether this system can show windows at all. Elsewhere than on Unix a program always can.
 bool HasDisplay() {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -53,7 +53,7 @@ void SayThatNoDisplayIsThere() {
         stderr);
 }
 
-/// The toolkit aborts, leaving a core, when a display is named that cannot be reached.
+/// Qt aborts, leaving a core, when a display is named that cannot be reached.
 void ExitInsteadOfAbort(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type == QtFatalMsg) {
         SayThatNoDisplayIsThere();
@@ -74,14 +74,14 @@ int RunWindow(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     platform::QtSettingsStore settings;
     platform::QtMessageBoxes boxes;
-    ui::HostServices host(settings, boxes);
-    ui::WindowHolder holder(host.Events(), {ShowWizard, MakeSocket});
+    ui::SystemServices system(settings, boxes);
+    ui::WindowHolder holder(system.Events(), {ShowWizard, MakeSocket});
     holder.Load();
     holder.Show();
     return QApplication::exec();
 }
 
-/// The toolkit remarks on what an environment without a desktop lacks. That is no news here.
+/// Qt remarks on what an environment without a desktop lacks. That is no news here.
 void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtCriticalMsg && type != QtFatalMsg) return;
     std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
@@ -95,8 +95,8 @@ int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
     platform::MemorySettingsStore settings;
     ui::Terminal terminal;
     ui::TerminalBoxes boxes(terminal);
-    ui::HostServices host(settings, boxes);
-    ui::WindowHolder holder(host.Events(), {nullptr, MakeSocket});
+    ui::SystemServices system(settings, boxes);
+    ui::WindowHolder holder(system.Events(), {nullptr, MakeSocket});
     holder.Load();
     return ui::RunUnattended(order, holder, terminal);
 }

@@ -5,10 +5,10 @@
 #include <QTimer>
 #include <csignal>
 
-#include "engine/crawl_state.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
+#include "engine/state/crawl_state.h"
 #include "setup/file_types.h"
 #include "setup/settings.h"
 #include "ui/frm_main.h"

@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QThread>
 
-#include "engine/crawl_state.h"
 #include "engine/main_window.h"
+#include "engine/state/crawl_state.h"
 #include "platform/qt/qt_event_loop.h"
 #include "ui/frm_main.h"
 

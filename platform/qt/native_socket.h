@@ -15,7 +15,8 @@
 #include <cerrno>
 #endif
 
-/// The host's own stream sockets, non-blocking, with the few differences between hosts evened out.
+/// The system's own stream sockets, non-blocking, with the few differences between systems evened
+/// out.
 namespace platform::native {
 
 #ifdef _WIN32
@@ -36,7 +37,7 @@ inline bool MakeNonBlocking(Handle handle) {
     u_long on = 1;
     return ioctlsocket(handle, FIONBIO, &on) == 0;
 }
-/// Readies the host's sockets for this process, once.
+/// Readies the system's sockets for this process, once.
 inline bool Startup() {
     static const bool started = [] {
         WSADATA data;

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// Lets the toolkit's pending events run.
+/// Lets Qt's pending events run.
 class QtEventLoop final : public EventLoop {
   public:
     void DoEvents() override;

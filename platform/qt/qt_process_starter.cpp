@@ -51,8 +51,8 @@ QString AddressOpener() {
 }  // namespace
 
 bool QtProcessStarter::ExploreFolder(const std::string& folder) {
-    // A host path starts at the root (or with a drive), so it is never taken for an option.
-    const auto path = HostPathOf(folder);
+    // A system path starts at the root (or with a drive), so it is never taken for an option.
+    const auto path = SystemPathOf(folder);
     return path && Start(FolderOpener(), FromBytes(*path));
 }
 

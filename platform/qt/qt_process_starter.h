@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// Starts the host's file manager and browser: the explorer on Windows, elsewhere the desktop's
+/// Starts the system's file manager and browser: the explorer on Windows, elsewhere the desktop's
 /// own opener, which is looked for on the PATH.
 class QtProcessStarter final : public ProcessStarter {
   public:

@@ -1,5 +1,5 @@
 #include "platform/qt/native_socket.h"
-// native_socket.h comes first because the hosts' socket headers are touchy about their order.
+// native_socket.h comes first because the systems' socket headers are touchy about their order.
 #include "platform/qt/qt_socket.h"
 
 #include <QCoreApplication>
@@ -33,7 +33,7 @@ bool CanBeHost(const std::string& host) {
            std::all_of(host.begin(), host.end(), [](char c) { return c > ' ' && c < '\x7f'; });
 }
 
-/// An address in the form that the host's calls take.
+/// An address in the form that the system's calls take.
 struct NativeAddress {
     sockaddr_storage storage{};
     std::size_t size = 0;
@@ -89,7 +89,7 @@ class QtSocket::Connection : public QObject {
             return;
         }
         // The receiver is the application, and the lookup is not aborted when the connection ends:
-        // for an aborted one and for one whose receiver is gone, the toolkit leaks the handler.
+        // for an aborted one and for one whose receiver is gone, Qt leaks the handler.
         QHostInfo::lookupHost(name, qApp, [self = QPointer(this)](const QHostInfo& found) {
             if (!self) return;
             self->addresses_ = found.addresses();
@@ -123,7 +123,7 @@ class QtSocket::Connection : public QObject {
         state = SocketState::Error;
     }
 
-    /// Listens for the outcome of the connecting; some hosts report a failure as an exception.
+    /// Listens for the outcome of the connecting; some systems report a failure as an exception.
     void Watch() {
         readable_ = MakeNotifier(QSocketNotifier::Read, [this] { Check(); });
         readable_->setEnabled(false);
@@ -193,7 +193,7 @@ class QtSocket::Connection : public QObject {
         if (count >= 0) {
             outgoing_.erase(0, static_cast<std::size_t>(count));
         } else if (!native::IsPending(native::LastError())) {
-            // The host tells of a reset once only. What came before it is still read; the end
+            // The system tells of a reset once only. What came before it is still read; the end
             // after that is then no orderly close.
             sending_failed_ = true;
             outgoing_.clear();

@@ -8,7 +8,7 @@ namespace platform {
 
 /// The real socket.
 ///
-/// It stands on the host's own non-blocking sockets and the toolkit's name lookup and notifiers,
+/// It stands on the system's own non-blocking sockets and Qt's name lookup and notifiers,
 /// not on QTcpSocket: that one reports a reset like an orderly close, and then an answer that was
 /// cut off half-way would be taken for a whole one.
 class QtSocket final : public Socket {

@@ -25,7 +25,7 @@ void QtTimer::SetEnabled(bool enabled) {
 void QtTimer::Restart() {
     timer_.stop();
     if (!enabled_ || interval_ == 0) return;
-    // The toolkit counts 24 days at most; a longer interval would fire no sooner than it must.
+    // Qt counts 24 days at most; a longer interval would fire no sooner than it must.
     constexpr std::int64_t kLongest = std::numeric_limits<int>::max();
     timer_.start(static_cast<int>(std::min(interval_, kLongest)));
 }

@@ -46,7 +46,7 @@ std::string ByteList::SelectedText() const {
 
 void ByteList::RemoveItem(int index) {
     delete takeItem(index);
-    // The toolkit selects the neighbour of what goes; here only the focus moves there.
+    // Qt selects the neighbour of what goes; here only the focus moves there.
     setCurrentRow(std::min(index, count() - 1), QItemSelectionModel::Clear);
 }
 

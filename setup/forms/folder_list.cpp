@@ -21,7 +21,7 @@ constexpr int kPathRole = Qt::UserRole;
 /// The nearest existing folder at or above `path`, as a resolved text.
 std::optional<std::string> NearestFolder(const std::string& path) {
     std::optional<std::string> folder = platform::ResolvePathText(path);
-    while (folder && !platform::Host().files.FolderExists(*folder)) {
+    while (folder && !platform::System().files.FolderExists(*folder)) {
         const std::string_view parent = platform::ParentOfResolved(*folder);
         if (parent == *folder) return std::nullopt;
         folder = std::string(parent);
@@ -39,7 +39,7 @@ bool CanBeNamed(const std::string& name) {
            name.find('\\') == std::string::npos;
 }
 
-/// What the host's own dialogs leave out, too.
+/// What the system's own dialogs leave out, too.
 bool IsHidden(const std::string& name) {
     return name.starts_with('.');
 }
@@ -51,7 +51,7 @@ struct Subfolder {
 
 std::vector<Subfolder> SubfoldersOf(const std::string& folder) {
     std::vector<Subfolder> subfolders;
-    for (std::string& name : platform::Host().files.Subfolders(folder)) {
+    for (std::string& name : platform::System().files.Subfolders(folder)) {
         if (!IsHidden(name)) subfolders.push_back({platform::FromBytes(name), std::move(name)});
     }
     std::stable_sort(subfolders.begin(), subfolders.end(),

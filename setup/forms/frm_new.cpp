@@ -8,9 +8,9 @@
 #include <cstdint>
 #include <optional>
 
-#include "engine/crawl_state.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
+#include "engine/state/crawl_state.h"
 #include "extractor/addresses.h"
 #include "output/paths.h"
 #include "platform/path_text.h"
@@ -21,8 +21,8 @@
 #include "setup/settings.h"
 #include "text/numbers.h"
 #include "text/text.h"
-#include "ui/elided_label.h"
-#include "ui/twips.h"
+#include "widgets/elided_label.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
@@ -102,7 +102,7 @@ void frmNew::txtURL_Change() {
 
 void frmNew::txtDir_Change() {
     bas_General::PutSetting("InDir", TxtDir());
-    ShowHostFolder();
+    ShowSystemFolder();
 }
 
 std::string frmNew::TxtDir() const {
@@ -111,23 +111,23 @@ std::string frmNew::TxtDir() const {
 
 void frmNew::SetTxtDir(const std::string& folder) {
     {
-        // The toolkit is silent about a text that is the same; the handler runs for every write.
+        // Qt is silent about a text that is the same; the handler runs for every write.
         const QSignalBlocker changed_below(txt_dir_);
         txt_dir_->setText(platform::FromBytes(folder));
     }
     txtDir_Change();
 }
 
-void frmNew::ShowHostFolder() {
+void frmNew::ShowSystemFolder() {
     const std::string folder = bas_General::NormalizeFolder(TxtDir());
     const std::optional<std::string> resolved = platform::ResolvePathText(folder);
-    const std::optional<std::string> host_path = platform::HostPathOf(folder);
-    if (!resolved || !host_path) {
-        host_folder_->setText("This computer has no such drive");
-    } else if (host_path->starts_with(*resolved)) {
-        host_folder_->clear();
+    const std::optional<std::string> system_path = platform::SystemPathOf(folder);
+    if (!resolved || !system_path) {
+        system_folder_->setText("This computer has no such drive");
+    } else if (system_path->starts_with(*resolved)) {
+        system_folder_->clear();
     } else {
-        host_folder_->setText("On this computer: " + platform::FromBytes(*host_path));
+        system_folder_->setText("On this computer: " + platform::FromBytes(*system_path));
     }
 }
 

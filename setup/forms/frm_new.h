@@ -44,7 +44,7 @@ class frmNew : public QDialog {
 
     /// Normalises the folder box and makes its folder the target folder.
     void SetToInDIR();
-    void ShowHostFolder();
+    void ShowSystemFolder();
     std::string TxtDir() const;
     void SetTxtDir(const std::string& folder);
     void ApplyTimeout(const std::string& seconds);
@@ -60,7 +60,7 @@ class frmNew : public QDialog {
     bool unloaded_ = false;
     QLineEdit* txt_url_;
     QLineEdit* txt_dir_;
-    ElidedLabel* host_folder_;  ///< where the host has the folder, if it says so differently
+    ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
     QPushButton* command1_;
     QPushButton* command2_;
     QPushButton* command6_;

@@ -7,15 +7,15 @@
 
 #include "setup/forms/byte_list.h"
 #include "setup/forms/decoration.h"
-#include "setup/forms/form_controls.h"
 #include "setup/forms/frm_new.h"
+#include "widgets/controls.h"
 
 #include "setup/forms/wrapping_button.h"
-#include "ui/address_box.h"
-#include "ui/elided_label.h"
-#include "ui/icons.h"
-#include "ui/label_font.h"
-#include "ui/twips.h"
+#include "widgets/address_box.h"
+#include "widgets/elided_label.h"
+#include "widgets/icons.h"
+#include "widgets/label_font.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
@@ -52,11 +52,11 @@ void frmNew::MakeMainArea() {
     txt_dir_ = new AddressBox(this);
     txt_dir_->setObjectName("txtDir");
     txt_dir_->setText("C:\\websites\\");
-    host_folder_ = new ElidedLabel(this);
-    host_folder_->setObjectName("HostFolder");
+    system_folder_ = new ElidedLabel(this);
+    system_folder_->setObjectName("SystemFolder");
     QFont small = font();
     small.setPixelSize(small.pixelSize() * 5 / 6);
-    host_folder_->setFont(small);
+    system_folder_->setFont(small);
     QLabel* label1 = MakeCaption("Label1", "Website to Download", this);
     label1->setBuddy(txt_url_);
     QLabel* label4 = MakeCaption("Label4", "Save to this Directory", this);
@@ -83,7 +83,7 @@ void frmNew::MakeMainArea() {
     PlaceTwips(txt_url_, 600, 1680, 5775, 345);
     PlaceTwips(label4, 600, 2220, 4500, 270);
     PlaceTwips(txt_dir_, 1200, 2520, 5175, 345);
-    PlaceTwips(host_folder_, 1200, 2880, 5175, 240);
+    PlaceTwips(system_folder_, 1200, 2880, 5175, 240);
     PlaceTwips(label8, 600, 3240, 4050, 1335);
     PlaceTwips(command1_, 4800, 3600, 1695, 975);
     PlaceTwips(command2_, 5160, 120, 1455, 375);

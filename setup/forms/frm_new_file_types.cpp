@@ -35,7 +35,7 @@ void frmNew::MakeFileTypesFile() {
 }
 
 void frmNew::Command3_Click() {
-    platform::MessageBoxes& boxes = platform::Host().boxes;
+    platform::MessageBoxes& boxes = platform::System().boxes;
     const std::string answer = boxes.InputBox("Enter a file extension (e.g. .html)", "");
     std::string type(text::Trim(text::LowerCase(answer)));
     if (type.empty()) return;
@@ -50,7 +50,7 @@ void frmNew::Command3_Click() {
 }
 
 void frmNew::Command4_Click() {
-    platform::MessageBoxes& boxes = platform::Host().boxes;
+    platform::MessageBoxes& boxes = platform::System().boxes;
     const std::string selected = list1_->SelectedText();
     if (text::Trim(selected).empty()) {
         boxes.MsgBox("You must select a list item to delete.", platform::BoxStyle::Information,
@@ -65,7 +65,7 @@ void frmNew::Command4_Click() {
 }
 
 void frmNew::Command5_Click() {
-    const auto answer = platform::Host().boxes.MsgBox(
+    const auto answer = platform::System().boxes.MsgBox(
         "Are you sure you want to set the file types list to default?",
         platform::BoxStyle::InformationYesNo, "Default");
     if (answer != platform::BoxAnswer::No) MakeFileTypesFile();

@@ -13,18 +13,18 @@
 #include "platform/qt/local_text.h"
 #include "setup/forms/decoration.h"
 #include "setup/forms/folder_list.h"
-#include "setup/forms/form_controls.h"
 #include "setup/settings.h"
 #include "text/text.h"
-#include "ui/elided_label.h"
-#include "ui/label_font.h"
-#include "ui/twips.h"
+#include "widgets/controls.h"
+#include "widgets/elided_label.h"
+#include "widgets/label_font.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
 namespace {
 
-/// Adds every drive of the host; an item's data is the drive's lower-case letter with its colon.
+/// Adds every drive of the system; an item's data is the drive's lower-case letter with its colon.
 void AddDrives(QComboBox& drives) {
 #ifdef _WIN32
     for (const QFileInfo& root : QDir::drives()) {

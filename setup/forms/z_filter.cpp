@@ -12,11 +12,11 @@
 #include "platform/services.h"
 #include "setup/forms/byte_list.h"
 #include "setup/forms/decoration.h"
-#include "setup/forms/form_controls.h"
 #include "setup/keyword_filters.h"
 #include "text/text.h"
-#include "ui/label_font.h"
-#include "ui/twips.h"
+#include "widgets/controls.h"
+#include "widgets/label_font.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
@@ -137,8 +137,8 @@ void zFilter::Command1_Click() {
     const std::string keyword(text::Trim(platform::ToBytes(text1_->text())));
     if (!keyword.empty()) {
         if (bas_General::FilterExists(keyword, list1_->Items())) {
-            platform::Host().boxes.MsgBox("Filter already exists in the list!",
-                                          platform::BoxStyle::Information, "Filter");
+            platform::System().boxes.MsgBox("Filter already exists in the list!",
+                                            platform::BoxStyle::Information, "Filter");
             if (self == nullptr) return;  // the dialog went while the box was open
         } else {
             list1_->AddItem(text::UpperCase(keyword));
@@ -159,8 +159,8 @@ void zFilter::Command2_Click() {
 void zFilter::Command3_Click() {
     const QPointer<zFilter> self(this);
     const auto answer =
-        platform::Host().boxes.MsgBox("Are you sure you want to remove all the filters?",
-                                      platform::BoxStyle::StopYesNo, "Clear Filters");
+        platform::System().boxes.MsgBox("Are you sure you want to remove all the filters?",
+                                        platform::BoxStyle::StopYesNo, "Clear Filters");
     if (self != nullptr && answer == platform::BoxAnswer::Yes) list1_->clear();
 }
 

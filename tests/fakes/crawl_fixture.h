@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "engine/crawl_state.h"
 #include "engine/site_start.h"
-#include "tests/fakes/fake_host.h"
+#include "engine/state/crawl_state.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_main_window.h"
 #include "tests/fakes/fake_network.h"
+#include "tests/fakes/fake_system.h"
 
 namespace fakes {
 
-/// The engine with everything around it in memory: host, window, virtual time and, where wanted,
+/// The engine with everything around it in memory: system, window, virtual time and, where wanted,
 /// servers.
 class CrawlTest : public testing::Test {
   protected:
@@ -43,18 +43,18 @@ class CrawlTest : public testing::Test {
 
     /// What the mirror of site.com has under this name, or "(none)".
     std::string Saved(const std::string& name) const {
-        return host.files.At("C:\\Websites\\site.com\\" + name);
+        return system.files.At("C:\\Websites\\site.com\\" + name);
     }
 
     /// An empty disk with the list of wanted file types.
     void BlankDisk() {
-        host.files.files.clear();
-        host.files.folders = {"c:", "z:"};
-        host.files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.php\r\n.gif\r\n");
+        system.files.files.clear();
+        system.files.folders = {"c:", "z:"};
+        system.files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.php\r\n.gif\r\n");
     }
 
     FakeLoop loop;
-    FakeHost host{loop};
+    FakeSystem system{loop};
     FakeNetwork network;
     FakeMainWindow window{loop};
 };

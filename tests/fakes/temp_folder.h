@@ -10,27 +10,27 @@
 
 namespace fakes {
 
-/// A folder on the host's disk that is empty at first and gone at the end.
+/// A folder on the system's disk that is empty at first and gone at the end.
 class TempFolder {
   public:
     TempFolder() {
         std::string name = (std::filesystem::temp_directory_path() / "vantorin-XXXXXX").string();
         if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        host_path_ = name;
+        system_path_ = name;
     }
     ~TempFolder() {
         std::error_code error;
-        std::filesystem::remove_all(host_path_, error);
+        std::filesystem::remove_all(system_path_, error);
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    const std::filesystem::path& HostPath() const { return host_path_; }
+    const std::filesystem::path& SystemPath() const { return system_path_; }
     /// As path text, without a final "\".
-    std::string Text() const { return platform::PathTextOf(host_path_.string()); }
+    std::string Text() const { return platform::PathTextOf(system_path_.string()); }
 
   private:
-    std::filesystem::path host_path_;
+    std::filesystem::path system_path_;
 };
 
 }  // namespace fakes

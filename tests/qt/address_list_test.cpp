@@ -6,7 +6,7 @@
 
 #include "platform/list_items.h"
 #include "ui/address_list.h"
-#include "ui/elided_text.h"
+#include "widgets/elided_text.h"
 
 namespace {
 

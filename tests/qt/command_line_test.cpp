@@ -61,7 +61,7 @@ class Program : public testing::Test {
     const fakes::TempFolder folder;
     /// A crawl into that folder from an address of this machine at which nobody answers.
     const QString order = "--site 127.77.77.77/www.test --timeout 0.05 --folder " +
-                          QString::fromStdString(folder.HostPath());
+                          QString::fromStdString(folder.SystemPath());
     QProcess program;
 };
 
@@ -75,7 +75,7 @@ TEST_F(Program, SaysHowItWentAndExitsWithACode) {
         EXPECT_EQ(program.exitCode(), code) << said;
         EXPECT_TRUE(program.readAll().contains(said)) << said;
     }
-    EXPECT_FALSE(std::filesystem::exists(folder.HostPath() / "a_b")) << "made elsewhere";
+    EXPECT_FALSE(std::filesystem::exists(folder.SystemPath() / "a_b")) << "made elsewhere";
 }
 
 #ifndef _WIN32

@@ -14,7 +14,7 @@ class DirectoryChooserTest : public FormTest {
   protected:
     DirectoryChooserTest() {
         for (const char* folder : {"c:\\Websites\\one\\inner", "c:\\Websites\\two", "z:\\srv"})
-            host.files.Have(folder);
+            system.files.Have(folder);
     }
     void Open(const std::string& stored) {
         bas_General::PutSetting("InDir", stored);
@@ -60,7 +60,7 @@ TEST_F(DirectoryChooserTest, BrowsesByMouse) {
     DoubleClick("one");
     EXPECT_EQ(Names(), (std::vector<std::string>{"C:\\", "Websites", "one", "inner"}));
     DoubleClick("Websites");
-    host.files.folders.erase("c:\\Websites\\one");
+    system.files.folders.erase("c:\\Websites\\one");
     DoubleClick("one");
     EXPECT_EQ(Label1(), "C:\\Websites") << "the nearest to one that has gone meanwhile";
     DoubleClick("two");
@@ -81,7 +81,7 @@ TEST_F(DirectoryChooserTest, AnotherDriveOpensAtItsRootAndOneThatIsNotReadyNotAt
     auto* drives = Find<QComboBox>(*chooser, "Drive1");
     QTest::keyClick(drives, Qt::Key_Down);
     EXPECT_EQ(Names(), (std::vector<std::string>{"z:\\", "srv"}));
-    host.files.folders.erase("c:");
+    system.files.folders.erase("c:");
     QTest::keyClick(drives, Qt::Key_Up);
     EXPECT_EQ(Label1(), "z:\\");
     EXPECT_EQ(drives->currentText().left(2), "z:");
@@ -90,7 +90,7 @@ TEST_F(DirectoryChooserTest, AnotherDriveOpensAtItsRootAndOneThatIsNotReadyNotAt
 
 TEST_F(DirectoryChooserTest, OddNames) {
     for (const char* name : {"b\xc3\xa4r", "no \xff text", ".hidden"})
-        host.files.Have(std::string("c:\\many\\") + name);
+        system.files.Have(std::string("c:\\many\\") + name);
     Open("C:\\many\\");
     ASSERT_EQ(Names().size(), 4U);
     DoubleClick("no \xef\xbf\xbd text");

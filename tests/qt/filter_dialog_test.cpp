@@ -28,7 +28,7 @@ class FilterDialogTest : public FormTest {
         QTest::keyClick(Find<QLineEdit>(*dialog, "Text1"), Qt::Key_Return);
     }
     QListWidget* List1() { return Find<QListWidget>(*dialog, "List1"); }
-    std::string Stored() const { return host.files.At("c:\\program\\filters.txt"); }
+    std::string Stored() const { return system.files.At("c:\\program\\filters.txt"); }
 
     QPointer<ui::zFilter> dialog;
 };
@@ -38,7 +38,7 @@ TEST_F(FilterDialogTest, AddsKeywordsInUpperCaseAndOnce) {
     for (const char* typed : {"ads", "   ", " banner ", "Ads", " x y "})
         Add(typed);
     EXPECT_EQ(ItemsOf(*dialog, "List1"), (Keywords{"BANNER", "/Forum/", "ADS", "X Y"}));
-    EXPECT_EQ(host.boxes.asked.size(), 2U);
+    EXPECT_EQ(system.boxes.asked.size(), 2U);
     ExpectAsked("Filter already exists in the list!", BoxStyle::Information, "Filter");
 }
 
@@ -57,7 +57,7 @@ TEST_F(FilterDialogTest, RemovingSelectsWhatMovesUp) {
 
 TEST_F(FilterDialogTest, ClearsAllAfterAQuestion) {
     Open({"A", "B"});
-    host.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
     Click(*dialog, "Command3");
     EXPECT_EQ(List1()->count(), 2);
     Click(*dialog, "Command3");

@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "platform/qt/local_text.h"
-#include "tests/fakes/fake_host.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_main_window.h"
+#include "tests/fakes/fake_system.h"
 
-/// Forms as real widgets, over a host and a main window in memory. Controls are found by name and
+/// Forms as real widgets, over a system and a main window in memory. Controls are found by name and
 /// worked with keys and clicks.
 class FormTest : public testing::Test {
   protected:
@@ -47,10 +47,10 @@ class FormTest : public testing::Test {
     }
     /// What the last message box said.
     void ExpectAsked(const char* message, platform::BoxStyle style, const char* title) {
-        ASSERT_FALSE(host.boxes.asked.empty());
-        EXPECT_EQ(host.boxes.asked.back().message, message);
-        EXPECT_EQ(host.boxes.asked.back().style, style);
-        EXPECT_EQ(host.boxes.asked.back().title, title);
+        ASSERT_FALSE(system.boxes.asked.empty());
+        EXPECT_EQ(system.boxes.asked.back().message, message);
+        EXPECT_EQ(system.boxes.asked.back().style, style);
+        EXPECT_EQ(system.boxes.asked.back().title, title);
     }
     /// Lets dialogs that deleted themselves really go.
     static void RunDeletions() {
@@ -58,6 +58,6 @@ class FormTest : public testing::Test {
     }
 
     fakes::FakeLoop loop;
-    fakes::FakeHost host;
+    fakes::FakeSystem system;
     fakes::FakeMainWindow window{loop};
 };

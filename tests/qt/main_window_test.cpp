@@ -28,7 +28,7 @@ TEST_F(MainWindow, StandsThereAsDesigned) {
     EXPECT_EQ(The<QComboBox>("txtMax").itemText(23), "24");
     EXPECT_EQ(Window().TxtMax(), "4");
 
-    EXPECT_TRUE(host.files.FolderExists("c:\\program\\dldata"));
+    EXPECT_TRUE(system.files.FolderExists("c:\\program\\dldata"));
     EXPECT_EQ(Window().tmrMove().Interval(), 20);
     EXPECT_EQ(Window().tmrOut(24).Interval(), 20000);
     EXPECT_TRUE(crawl::List1.Empty());
@@ -47,7 +47,7 @@ TEST_F(MainWindow, HasItsMenu) {
                             "-",      "&Preferences...", "&Help", "&About"};
     EXPECT_EQ(entries, expected);
     Choose("mnuabout");
-    EXPECT_EQ(host.boxes.asked.back().message, "Vantorin Website Downloader 1.9");
+    EXPECT_EQ(system.boxes.asked.back().message, "Vantorin Website Downloader 1.9");
 }
 
 TEST_F(MainWindow, LaysItselfOutAtEverySize) {
@@ -90,7 +90,7 @@ TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     };
     type("24");
     EXPECT_EQ(Window().TxtMax(), "4");
-    EXPECT_EQ(host.boxes.asked.size(), 1U);
+    EXPECT_EQ(system.boxes.asked.size(), 1U);
     Window().ChooseConnections(23);
     QTest::keyClick(&count, Qt::Key_Down);
     EXPECT_EQ(Window().TxtMax(), "24");
@@ -101,23 +101,23 @@ TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     EXPECT_EQ(The<QLabel>("l5").text(), "Downloading");
     Window().ChooseConnections(4);
     EXPECT_EQ(The<QLabel>("l5").text(), "Not Connected.");
-    EXPECT_EQ(host.boxes.asked.size(), 1U);
+    EXPECT_EQ(system.boxes.asked.size(), 1U);
 }
 
 TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
     bas_General::PutSetting("InDir", "C:\\mirror");
     pages = {{"/", "<a href=\"b.html\">b</a> <a href=\"c.iso\">c</a>"}, {"/b.html", "b"}};
     Open();
-    host.boxes.answers = {BoxAnswer::Yes};
+    system.boxes.answers = {BoxAnswer::Yes};
     StartByKeys("site.com");
     EXPECT_FALSE(Window().Command1Enabled());
     EXPECT_TRUE(The<ui::ActivityLight>("Picture2").Running());
     EXPECT_EQ(The<QLabel>("Label6").text(), "Downloading Site [www.site.com]");
-    ASSERT_TRUE(WaitFor([&] { return !host.processes.folders.empty(); }));
+    ASSERT_TRUE(WaitFor([&] { return !system.processes.folders.empty(); }));
 
-    EXPECT_EQ(host.boxes.asked.back().title, "Done.");
-    EXPECT_EQ(host.processes.folders[0], "C:\\mirror\\");
-    EXPECT_EQ(host.files.At("C:\\mirror\\site.com\\b.html"), "b\r\n");
+    EXPECT_EQ(system.boxes.asked.back().title, "Done.");
+    EXPECT_EQ(system.processes.folders[0], "C:\\mirror\\");
+    EXPECT_EQ(system.files.At("C:\\mirror\\site.com\\b.html"), "b\r\n");
     EXPECT_EQ(The<QLabel>("Label3").text(), "2 Files");
     EXPECT_EQ(The<QLabel>("Label6").text(), "Website Downloaded!");
     EXPECT_FALSE(The<ui::ActivityLight>("Picture2").Running());
@@ -130,11 +130,11 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
 }
 
 TEST_F(MainWindow, StartsNothingInAFolderThatCannotBeWritten) {
-    host.files.refused = {"c:\\Websites"};
+    system.files.refused = {"c:\\Websites"};
     Open();
     StartByKeys("site.com");
-    ASSERT_EQ(host.boxes.asked.size(), 1U);
-    EXPECT_EQ(host.boxes.asked[0].title, "Eror");
+    ASSERT_EQ(system.boxes.asked.size(), 1U);
+    EXPECT_EQ(system.boxes.asked[0].title, "Eror");
     EXPECT_TRUE(Window().Command1Enabled());
 }
 
@@ -143,7 +143,7 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     Choose("mnuexplore");
     crawl::TargetFolder = "c:\\mine\\";
     Click("Command4");
-    EXPECT_EQ(host.processes.folders, (Texts{"C:\\Websites\\", "c:\\mine\\"}));
+    EXPECT_EQ(system.processes.folders, (Texts{"C:\\Websites\\", "c:\\mine\\"}));
 
     auto& queue = The<ui::AddressList>("List1");
     emit queue.Activated();
@@ -152,25 +152,25 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
         QTest::keyClick(&queue, Qt::Key_End);
         QTest::keyClick(&queue, Qt::Key_Return);
     }
-    EXPECT_EQ(host.processes.addresses,
+    EXPECT_EQ(system.processes.addresses,
               (Texts{"http://www.site.com/a", "HTTP://site.com/b", "http://www.site.com/c"}));
 }
 
 TEST_F(MainWindow, AsksBeforeItCloses) {
     Open();
     StartByKeys("silent.com");
-    host.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
     Choose("mnuexit");
     EXPECT_TRUE(Window().isVisible());
     EXPECT_FALSE(Window().Command1Enabled());
 
-    QApplication::setQuitOnLastWindowClosed(false);        // as the program has it
-    host.boxes.while_open = [this] { Window().close(); };  // asks no second time
+    QApplication::setQuitOnLastWindowClosed(false);          // as the program has it
+    system.boxes.while_open = [this] { Window().close(); };  // asks no second time
     QTimer::singleShot(0, [this] { Window().close(); });
     EXPECT_EQ(QCoreApplication::exec(), 0) << "the program ends";
     EXPECT_FALSE(Window().isVisible());
     EXPECT_TRUE(Window().Command1Enabled());
-    EXPECT_EQ(host.boxes.asked.size(), 2U);
+    EXPECT_EQ(system.boxes.asked.size(), 2U);
     Choose("mnunew");
     EXPECT_EQ(wizards, 1) << "a closed window does nothing";
 }

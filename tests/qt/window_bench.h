@@ -15,11 +15,11 @@
 
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_socket.h"
-#include "tests/fakes/fake_host.h"
+#include "tests/fakes/fake_system.h"
 #include "ui/frm_main.h"
 #include "ui/window_holder.h"
 
-/// The real window with real sockets, on a host in memory.
+/// The real window with real sockets, on a system in memory.
 namespace bench {
 
 /// A real socket for which every host is this machine at one port.
@@ -45,7 +45,7 @@ class LocalSocket : public platform::Socket {
 class WindowTest : public testing::Test {
   protected:
     void SetUp() override {
-        host.files.Have("c:\\program\\temp\\filetypes.txt", ".html\r\n");
+        system.files.Have("c:\\program\\temp\\filetypes.txt", ".html\r\n");
         server_.listen(QHostAddress::LocalHost);
         QObject::connect(&server_, &QTcpServer::newConnection, [this] {
             QTcpSocket* peer = server_.nextPendingConnection();
@@ -89,7 +89,7 @@ class WindowTest : public testing::Test {
 
     std::map<std::string, std::string> pages;  ///< what the web serves by path; else it is silent
     platform::QtEventLoop events;
-    fakes::FakeHost host{events};
+    fakes::FakeSystem system{events};
     int wizards = 0;
     std::function<void()> in_wizard = [] {};  ///< what happens while the wizard is open
     ui::WindowHolder holder{

@@ -19,7 +19,7 @@ TEST_F(WindowReload, StopMakesAFreshWindowAndThenOpensTheWizard) {
     QString status_in_wizard;
     in_wizard = [&] { status_in_wizard = The<QLabel>("Label6").text(); };
 
-    host.boxes.answers = {BoxAnswer::Yes};
+    system.boxes.answers = {BoxAnswer::Yes};
     Click("Command2");
     ASSERT_NE(&Window(), old.data());
     EXPECT_EQ(wizards, 1);
@@ -40,7 +40,7 @@ TEST_F(WindowReload, OneWizardOpensAtTheStartAndForANewSite) {
     Open();
     EXPECT_EQ(wizards, 1);
     StartByKeys("silent.com");
-    host.boxes.answers = {BoxAnswer::Yes};
+    system.boxes.answers = {BoxAnswer::Yes};
     Choose("mnunew");
     QTest::qWait(100);
     EXPECT_EQ(wizards, 2);
@@ -74,15 +74,15 @@ TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
              {"/c.html", "c"}};
     Open();
     int nested_stops = 0;
-    host.boxes.while_open = [&] { nested_stops += events.Depth() > 0 ? 1 : 0; };
-    for (int stop_at = 1; host.processes.folders.empty(); ++stop_at) {
+    system.boxes.while_open = [&] { nested_stops += events.Depth() > 0 ? 1 : 0; };
+    for (int stop_at = 1; system.processes.folders.empty(); ++stop_at) {
         SCOPED_TRACE(testing::Message() << "stopped after write " << stop_at);
         const QPointer<ui::frmMain> old(&Window());
         QObject::connect(old, &QObject::destroyed, [this] { EXPECT_EQ(events.Depth(), 0); });
         const int wizards_before = wizards;
         int writes = 0;
-        host.boxes.answers = {BoxAnswer::Yes};
-        host.files.on_write = [&](const std::string&) {
+        system.boxes.answers = {BoxAnswer::Yes};
+        system.files.on_write = [&](const std::string&) {
             if (++writes != stop_at) return;
             QTimer::singleShot(0, [this] {
                 Click("Command2");
@@ -92,9 +92,9 @@ TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
         bas_General::SetTargetFolder("c:\\mirror" + std::to_string(stop_at) + "\\");
         StartByKeys("site.com");
         // At last the crawl is complete before it can be stopped, and opens its folder.
-        ASSERT_TRUE(WaitFor([&] { return old.isNull() || !host.processes.folders.empty(); }));
-        host.files.on_write = nullptr;
-        if (!host.processes.folders.empty()) break;
+        ASSERT_TRUE(WaitFor([&] { return old.isNull() || !system.processes.folders.empty(); }));
+        system.files.on_write = nullptr;
+        if (!system.processes.folders.empty()) break;
         EXPECT_EQ(The<QLabel>("Label6").text(), "Operation Cancelled.");
         ASSERT_TRUE(WaitFor([&] { return wizards == wizards_before + 1; }));
         EXPECT_TRUE(Window().Command1Enabled());

@@ -30,13 +30,13 @@ class WizardTest : public FormTest {
     }
     /// With a list of types on disk, so that it is not a first run; the options are open.
     void OpenWithTypes(const std::string& file) {
-        host.files.Have(kTypesFile, file);
+        system.files.Have(kTypesFile, file);
         Open();
         Click("Command6");
     }
     void Click(const char* name) { FormTest::Click(*wizard, name); }
     void AddType(const char* answer) {
-        host.boxes.inputs = {answer};
+        system.boxes.inputs = {answer};
         Click("Command3");
     }
     QLineEdit* TxtUrl() { return Find<QLineEdit>(*wizard, "txtURL"); }
@@ -44,7 +44,7 @@ class WizardTest : public FormTest {
     QComboBox* List2() { return Find<QComboBox>(*wizard, "List2"); }
     Items Types() { return ItemsOf(*wizard, "List1"); }
     std::string Setting(const std::string& key) {
-        return host.settings.Get("Vantorin", "Settings", key, "(none)");
+        return system.settings.Get("Vantorin", "Settings", key, "(none)");
     }
 
     std::unique_ptr<ui::frmNew> wizard;
@@ -60,10 +60,10 @@ TEST_F(WizardTest, AFirstRunShowsTheDefaults) {
     EXPECT_EQ(Setting("Timeout"), "(none)");
     EXPECT_EQ(List2()->currentText(), "15");
 
-    const std::string defaults = host.files.At(kTypesFile);
+    const std::string defaults = system.files.At(kTypesFile);
     EXPECT_EQ(defaults.size(), 74U);
     Click("Command2");
-    EXPECT_EQ(host.files.At(kTypesFile), defaults + defaults);
+    EXPECT_EQ(system.files.At(kTypesFile), defaults + defaults);
 }
 
 TEST_F(WizardTest, TheBoxesSelectTheirTextAndStoreEveryKey) {
@@ -92,8 +92,8 @@ TEST_F(WizardTest, OptionsGrowAndShrinkAboutTheCentre) {
 }
 
 TEST_F(WizardTest, AnAcceptedFolderSavesTheTypesAndCloses) {
-    host.files.Have("c:\\locked");
-    host.files.read_only = {"c:\\locked"};
+    system.files.Have("c:\\locked");
+    system.files.read_only = {"c:\\locked"};
     const struct {
         const char* typed;
         const char* folder;
@@ -120,11 +120,11 @@ TEST_F(WizardTest, AnAcceptedFolderSavesTheTypesAndCloses) {
             EXPECT_EQ(crawl::TargetFolder, c.folder);
             EXPECT_EQ(wizard->isVisible(), !c.accepted);
             EXPECT_EQ(window.tmrOut(1).Interval(), c.accepted ? 15'000 : 1);
-            EXPECT_EQ(host.files.At(kTypesFile), c.accepted ? ".old\r\n.new\r\n" : ".old\r\n");
+            EXPECT_EQ(system.files.At(kTypesFile), c.accepted ? ".old\r\n.new\r\n" : ".old\r\n");
             const bool starts = c.accepted && button == "Command1";
             EXPECT_EQ(window.text1, starts ? "www.site.com/a" : "");
             EXPECT_EQ(crawl::FileTypeSet, starts ? ":.old::.new:" : "");
-            EXPECT_FALSE(host.files.FileLength(std::string(c.folder) + "test23893.txt"));
+            EXPECT_FALSE(system.files.FileLength(std::string(c.folder) + "test23893.txt"));
             if (c.accepted) continue;
             ExpectAsked("That is an invalid directory. Check it has no invalid characters.",
                         BoxStyle::Stop, "Eror");
@@ -142,7 +142,7 @@ TEST_F(WizardTest, EscapeAppliesTheTimeoutAlone) {
         Retype(List2(), typed);
         QTest::keyClick(wizard.get(), Qt::Key_Escape);
         EXPECT_FALSE(wizard->isVisible());
-        EXPECT_EQ(host.files.At(kTypesFile), ".old\r\n");
+        EXPECT_EQ(system.files.At(kTypesFile), ".old\r\n");
         EXPECT_EQ(Setting("Timeout"), platform::ToBytes(QString(typed).trimmed()));
         EXPECT_EQ(window.tmrOut(24).Interval(), interval) << typed;
     }
@@ -153,10 +153,10 @@ TEST_F(WizardTest, AddsFileTypes) {
     for (const char* answer : {"HTML", " .Jpeg ", "abcde", ".abcd", ".abcde", "   ", ".htm"})
         AddType(answer);
     EXPECT_EQ(Types(), (Items{".htm", ".html", ".jpeg", ".abcd", ".htm"}));
-    EXPECT_EQ(host.boxes.asked.size(), 2U);
+    EXPECT_EQ(system.boxes.asked.size(), 2U);
     ExpectAsked("That file extension is too long! (max 4 characters)", BoxStyle::Information,
                 "Error");
-    EXPECT_EQ(host.boxes.inputs_asked.front(),
+    EXPECT_EQ(system.boxes.inputs_asked.front(),
               std::pair(std::string("Enter a file extension (e.g. .html)"), std::string()));
 }
 
@@ -164,7 +164,7 @@ TEST_F(WizardTest, DeletesTheSelectedFileType) {
     OpenWithTypes(".htm\r\n .gif \r\n.css\r\n");
     auto* types = Find<QListWidget>(*wizard, "List1");
     types->setCurrentRow(1);
-    host.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
     Click("Command4");
     ExpectAsked("Are you sure you want to remove this list item?\r\n\r\n .gif ",
                 BoxStyle::InformationYesNo, "Delete");
@@ -178,14 +178,14 @@ TEST_F(WizardTest, DeletesTheSelectedFileType) {
 
 TEST_F(WizardTest, SetDefaultAsksAndSavesAtOnce) {
     OpenWithTypes(".old\r\n");
-    host.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
     Click("Command5");
     EXPECT_EQ(Types(), (Items{".old"}));
     ExpectAsked("Are you sure you want to set the file types list to default?",
                 BoxStyle::InformationYesNo, "Default");
     Click("Command5");
     EXPECT_EQ(Types(), bas_General::DefaultFileTypes());
-    EXPECT_EQ(host.files.At(kTypesFile).size(), 74U);
+    EXPECT_EQ(system.files.At(kTypesFile).size(), 74U);
 }
 
 TEST_F(WizardTest, TheFiltersCloseWithIt) {
@@ -207,7 +207,7 @@ TEST_F(WizardTest, SaysWhereTheHostHasTheFolder) {
         {"q:\\x", "This computer has no such drive"}};
     for (const auto& [typed, text] : shown) {
         Retype(TxtDir(), typed);
-        EXPECT_EQ(Find<QLabel>(*wizard, "HostFolder")->text(), text) << typed;
+        EXPECT_EQ(Find<QLabel>(*wizard, "SystemFolder")->text(), text) << typed;
     }
 }
 #endif

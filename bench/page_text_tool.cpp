@@ -1,0 +1,21 @@
+// Prints the visible text of pages, for comparing it with a browser's.
+//
+// Reads one file name a line; answers each with the text's length in bytes on a line, the text, and
+// a line end. Names that end in ".txt" are plain text.
+
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <string>
+
+#include "page_text/inner_text.h"
+
+int main() {
+    for (std::string path; std::getline(std::cin, path);) {
+        std::ifstream file(path, std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+        const std::string text = path.ends_with(".txt") ? page_text::InnerTextOfPlainText(bytes)
+                                                        : page_text::InnerTextOfMarkup(bytes);
+        std::cout << text.size() << '\n' << text << '\n' << std::flush;
+    }
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+/// The few character classes that markup is made of.
+namespace page_text {
+
+/// White space between the words of markup.
+inline bool IsMarkupSpace(char c) {
+    return c == ' ' || c == '\n' || c == '\r' || c == '\t' || c == '\f';
+}
+
+inline bool IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+inline bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+inline char LowerLetter(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+/// True when `subject` is `lower_case` but for the case of its letters.
+inline bool EqualsIgnoringCase(std::string_view subject, std::string_view lower_case) {
+    if (subject.size() != lower_case.size()) return false;
+    for (std::size_t i = 0; i < subject.size(); ++i) {
+        if (LowerLetter(subject[i]) != lower_case[i]) return false;
+    }
+    return true;
+}
+
+/// `subject` without white space at its ends.
+inline std::string_view TrimMarkupSpace(std::string_view subject) {
+    while (!subject.empty() && IsMarkupSpace(subject.front())) {
+        subject.remove_prefix(1);
+    }
+    while (!subject.empty() && IsMarkupSpace(subject.back())) {
+        subject.remove_suffix(1);
+    }
+    return subject;
+}
+
+}  // namespace page_text

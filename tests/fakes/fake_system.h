@@ -1,0 +1,137 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "engine/state/crawl_state.h"
+#include "output/mirror_files.h"
+#include "platform/memory_settings_store.h"
+#include "platform/services.h"
+#include "setup/keyword_filters.h"
+#include "tests/fakes/memory_files.h"
+
+namespace fakes {
+
+/// Answers message boxes from queues and keeps what was asked.
+class ScriptedBoxes : public platform::MessageBoxes {
+  public:
+    struct Asked {
+        std::string message;
+        platform::BoxStyle style;
+        std::string title;
+        bool operator==(const Asked&) const = default;
+    };
+    std::vector<Asked> asked;
+    std::deque<platform::BoxAnswer> answers;  ///< without one: Ok, or No where that is a button
+    std::vector<std::pair<std::string, std::string>> inputs_asked;  ///< prompt and title
+    std::deque<std::string> inputs;                                 ///< without one: ""
+    std::function<void()> while_open;  ///< what happens behind an open box
+
+    platform::BoxAnswer MsgBox(const std::string& message, platform::BoxStyle style,
+                               const std::string& title) override {
+        asked.push_back({message, style, title});
+        if (while_open) while_open();
+        const bool ok_only =
+            style == platform::BoxStyle::Information || style == platform::BoxStyle::Stop;
+        return Take(answers, ok_only ? platform::BoxAnswer::Ok : platform::BoxAnswer::No);
+    }
+    std::string InputBox(const std::string& prompt, const std::string& title) override {
+        inputs_asked.emplace_back(prompt, title);
+        if (while_open) while_open();
+        return Take(inputs, std::string());
+    }
+
+  private:
+    template <typename T>
+    static T Take(std::deque<T>& queue, T fallback) {
+        if (queue.empty()) return fallback;
+        T front = queue.front();
+        queue.pop_front();
+        return front;
+    }
+};
+
+class RecordedProcesses : public platform::ProcessStarter {
+  public:
+    std::vector<std::string> folders, addresses;
+
+    bool ExploreFolder(const std::string& folder) override {
+        folders.push_back(folder);
+        return true;
+    }
+    bool OpenAddress(const std::string& address) override {
+        addresses.push_back(address);
+        return true;
+    }
+};
+
+/// Gives a canned text for every page and keeps the pages that it was given.
+class CannedPageText : public platform::PageText {
+  public:
+    std::string text = "page text";
+    std::vector<std::string> pages;
+
+    std::string InnerText(std::string file_bytes, platform::PageKind) override {
+        pages.push_back(std::move(file_bytes));
+        return text;
+    }
+};
+
+/// A loop in which nothing ever waits.
+class IdleLoop : public platform::EventLoop {
+  public:
+    void DoEvents() override {}
+    void DoEventsOften() override {}
+};
+
+inline std::vector<std::string> Items(const platform::ListItems& list) {
+    std::vector<std::string> items;
+    for (std::size_t i = 0; i < list.Count(); ++i)
+        items.push_back(list.Item(i));
+    return items;
+}
+
+/// A whole system in memory, installed while it lives. It begins with the crawl's variables, the
+/// mirror's memory and the keyword filters as a fresh process has them.
+struct FakeSystem {
+    FakeSystem() : FakeSystem(nullptr) {}
+    explicit FakeSystem(platform::EventLoop& loop) : FakeSystem(&loop) {}
+    ~FakeSystem() { platform::InstallSystem(nullptr); }
+    FakeSystem(const FakeSystem&) = delete;
+    FakeSystem& operator=(const FakeSystem&) = delete;
+
+    MemoryFiles files;
+    platform::MemorySettingsStore settings;
+    ScriptedBoxes boxes;
+    RecordedProcesses processes;
+    CannedPageText page_text;
+
+  private:
+    explicit FakeSystem(platform::EventLoop* loop)
+        : services_{loop != nullptr ? *loop : idle_, files, settings, page_text, processes, boxes} {
+        platform::InstallSystem(&services_);
+        ResetProcess();
+    }
+    static void ResetProcess() {
+        crawl::Slots = {};
+        for (std::string* text :
+             {&crawl::SiteHost, &crawl::TargetFolder, &crawl::FileTypeSet, &crawl::SavePath,
+              &crawl::SavePathBeforeRename, &crawl::MadeFolders, &crawl::LastSearchPage}) {
+            text->clear();
+        }
+        crawl::TotalBytes = crawl::FilesDone = 0;
+        crawl::Stopping = false;
+        crawl::List1 = crawl::List2 = {};
+        bas_Output::BeginMirror();
+        bas_General::ClearKeywordFilters();
+    }
+
+    IdleLoop idle_;
+    platform::Services services_;
+};
+
+}  // namespace fakes

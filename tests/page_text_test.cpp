@@ -1,0 +1,204 @@
+// The visible text of pages. What a page gives was read off a browser, row by row.
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <random>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "page_text/inner_text.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+
+std::string TextOf(std::string_view page) {
+    return page_text::InnerTextOfMarkup(page);
+}
+
+using Row = std::pair<std::string_view, std::string_view>;  // a page and its text
+
+void ExpectTexts(std::initializer_list<Row> rows) {
+    for (const auto& [page, text] : rows)
+        EXPECT_EQ(TextOf(page), text) << "page: " << page;
+}
+
+std::string Repeat(std::string_view part, std::size_t times) {
+    std::string whole;
+    for (std::size_t i = 0; i < times; ++i)
+        whole += part;
+    return whole;
+}
+
+/// The parts of a list that has "|" between them.
+std::vector<std::string> Parts(const std::string& list) {
+    std::vector<std::string> parts;
+    std::istringstream rest(list);
+    for (std::string part; std::getline(rest, part, '|');)
+        parts.push_back(part);
+    return parts;
+}
+
+TEST(InnerText, BlocksAndBreaks) {
+    ExpectTexts({
+        {"<div>a</div><div><br></div><div>b</div>", "a\n\n\nb"},
+        {"a </br> b", "a\nb"},
+        {"<p>a<center>b</p>c", "a\n\nb\n\nc"},
+        {"<ul><li>a<div><li>b</div></ul>c", "a\nb\nc"},
+        {"<form>a<div></form>b</div>c", "a\nb\nc"},
+    });
+}
+
+TEST(InnerText, WhiteSpace) {
+    ExpectTexts({
+        {"<p>\r\n\r\n\n a \r\n\r\n\n</p> b", "a\n\nb"},
+        {"a &nbsp; b&nbsp;&nbsp;c", "a \u00A0 b\u00A0\u00A0c"},
+        {"a<pre>\n\nx\n y\n</pre>b", "a\n\nx\n y\n\nb"},
+        {"<div style=\"white-space:pre-wrap\">a  b\n c</div> d", "a  b\n c\nd"},
+        {"a <input> b<input type=hidden> c", "a  b c"},
+        {"a <span style=\"display:inline-block\"> x </span> b", "a x b"},
+    });
+}
+
+TEST(InnerText, Tables) {
+    ExpectTexts({
+        {"a <table>\n<tr>\n<td> 1 </td> <td> 2 </td> </tr> </table> b", "a\n1\t2\nb"},
+        {"a<table><caption>cap</caption><thead><tr><th>1<th>2</thead><tbody><tr><td>3<td>4<tfoot>"
+         "<tr><td>5</table>b",
+         "a\ncap\n1\t2\n3\t4\n5\nb"},
+        {"a<table><tr><td></td><td></td></tr><tr></tr><tr><td></td></tr></table>b", "a\n\t\n\n\nb"},
+        {"<table><tr><td>a<table><tr><td>b</table><td>c</table>", "a\nb\n\tc"},
+    });
+}
+
+TEST(InnerText, WhatIsNotShown) {
+    ExpectTexts({
+        {"<head><title>t</title>x</head>y", "xy"},
+        {"a<script>x<p></script><style>y</style><noscript><p>z</noscript>b", "ab"},
+        {"a<!-- x -- > --!><!--><!---><? y ><!z></3></>b<!-- c", "ab"},
+        {"a<textarea>x<b></textarea><iframe>y</iframe><canvas>z</canvas><video>v</video>b", "ab"},
+        {"a<div hidden>x</div><span hidden=false>y</span><p style=\"DISPLAY : NONE !important\">z",
+         "a"},
+        {"<body style=\"visibility:hidden\">a <b style=\"visibility:visible\">v</b> <p>b", "v"},
+        {"a<details>x<summary>s</summary><summary>t</summary>y</details>b", "a\ns\nb"},
+        // A body that is not displayed at all gives its whole text as it stands.
+        {"<body hidden>a<script>var x;</script><p>b", "avar x;b"},
+    });
+}
+
+TEST(InnerText, ElementsWithTheirOwnWays) {
+    ExpectTexts({
+        {"a<select> foo <option> x  z <option>y</select>b", "a\nx z\ny\nb"},
+        {"a<plaintext>x<b>\n </plaintext>", "a\nx<b>\n </plaintext>"},
+        {"a<span style=\"float:left\"> x </span>b", "a\nx\nb"},
+        {"a<svg>zz<text>x</text><title>t</title><g><text> q <tspan>r</tspan></text></g></svg>b",
+         "a\nx\nq r\nb"},
+    });
+}
+
+TEST(InnerText, BrokenMarkup) {
+    ExpectTexts({
+        {"a < b <3", "a < b <3"},
+        {"a<", "a<"},
+        {"<script>a<!--<script>b</script>c--></script>d", "d"},
+        {"a\0b"sv, "ab"},
+        // A page as it is saved: its scripts have become text.
+        {"<head>< !-- script src=x></script><title>T</title></head><body>a",
+         "< !-- script src=x>a"},
+    });
+}
+
+TEST(InnerText, CharacterReferences) {
+    ExpectTexts({
+        {"&lt;b&amp;c&copy2024&notit;&notin;&hearts;&apos;",
+         "<b&c\u00A92024\u00ACit;\u2209\u2665'"},
+        {"&#128;&#x41;&#65 &unknown; &amp", "\u20ACAA &unknown; &"},
+        {"&#xD800;&#x110000;&#99999999999999999999;&#0;&#;&#x;&;& x",
+         "\uFFFD\uFFFD\uFFFD\uFFFD&#;&#x;&;& x"},
+    });
+}
+
+#ifndef _WIN32  // The texts are in the local encoding, which is UTF-8 elsewhere.
+TEST(InnerText, Encodings) {
+    ExpectTexts({
+        {"<meta charset=windows-1251><p>\xcf\xf0\xe8\xe2\xe5\xf2", "Привет"},
+        {"<meta http-equiv=\"Content-Type\" content=\"text/html; charset=koi8-r\"><p>\xf0\xd2\xc9",
+         "При"},
+        {"<meta charset=shift_jis>\x93\xfa\x96{ \x83\\<b>\xb1", "日本 ソｱ"},
+        {"<meta charset=../utf-8//IGNORE>caf\xe9", "café"},
+        {"<meta charset=utf-8>caf\xe9 \xc3\xa9 \xe2\x82 x \xf0\x9f\x98\x80",
+         "caf\uFFFD é \uFFFD x \U0001F600"},
+        {"caf\xe9 \x93q\x94 \x81", "café “q” \u0081"},
+        {"\xef\xbb\xbf<meta charset=koi8-r>caf\xc3\xa9", "café"},
+        {"\xff\xfe<\0p\0>\0\xe9\0=\xd8\0\xde"
+         "b\0"sv,
+         "é\U0001F600b"},
+    });
+}
+
+TEST(InnerText, DeclarationCountsLateOnlyInTheHead) {
+    const std::string filler = "<!--" + Repeat("x", 2000) + "-->";
+    const std::string declaration = "<meta charset=iso-8859-2>";
+    EXPECT_EQ(TextOf("<head>" + filler + declaration + "\xb1"), "ą");
+    EXPECT_EQ(TextOf("<body>" + filler + "<p>" + declaration + "\xb1"), "±");
+}
+
+TEST(InnerText, CharactersAreWholeAcrossPieces) {
+    for (const std::string shift : {"", "-", "--"}) {
+        EXPECT_EQ(TextOf(shift + Repeat("日", 50000)), shift + Repeat("日", 50000));
+        EXPECT_EQ(TextOf("<meta charset=gbk>" + shift + Repeat("\xd6\xd0,", 50000)),
+                  shift + Repeat("中,", 50000));
+    }
+}
+#endif
+
+TEST(InnerText, PlainTextFile) {
+    EXPECT_EQ(page_text::InnerTextOfPlainText("a <b>  &amp;\r\n\r\n\nc"), "a <b>  &amp;\n\n\nc");
+    EXPECT_EQ(page_text::InnerTextOfPlainText("\xef\xbb\xbfx"), "x");
+}
+
+TEST(InnerText, TakesAnyBytes) {
+    const auto parts = Parts(
+        "<|</|>|/|=|\"|'|&|#|;|<!--|-->|\r\n|\xff|\xe2\x82|table|<td>|</table>|<tr>|<p>|</"
+        "p>|<svg>|<li>"
+        "|<b hidden>|</b>|<script>|</script|<pre>| "
+        "style=|display:none|text|<![CDATA[|<xmp>|<select>");
+    std::mt19937 random(1);
+    for (int round = 0; round < 2000; ++round) {
+        std::string page = round % 3 == 0 ? "<meta charset=euc-jp>" : "";
+        for (int part = 0; part < 60; ++part) {
+            page += parts[random() % parts.size()];
+            if (random() % 4 == 0) page += static_cast<char>(random());
+        }
+        EXPECT_LE(TextOf(page).size(), 4 * page.size()) << page;
+    }
+}
+
+TEST(InnerText, DeepNesting) {
+    for (const std::string& tag : Parts("<div>|<b hidden></b><i>|<table><tr><td>|<ul><li>|<svg>")) {
+        const std::string deep = Repeat(tag, 100000);
+        EXPECT_TRUE(TextOf(deep + "</x><p>inside").ends_with("inside")) << tag;
+    }
+    // What was opened too deep is closed again before what lies around it.
+    const std::string page = "<p>a" + Repeat("<div>", 5000) + "b" + Repeat("</div>", 5000) +
+                             "<table><tr><td>c<td>d</table>e";
+    EXPECT_EQ(TextOf(page), "a\n\nb\nc\td\ne");
+}
+
+TEST(InnerText, LongPagesTakeNoLongerThanTheirLength) {
+    // Each of these makes a reader that starts over, or searches ahead in vain, take hours.
+    constexpr std::size_t kSize = 2'000'000;
+    for (const std::string& part : Parts(
+             "<|</|<!|<!--|--|<a |<a b='|&|&#|&amp|&notit|<script>|<script><!--|<script></script"
+             "|<textarea>|<p>|</p>|<div></b>|<b hidden>|<table>|<table><tr><td>|<tr>x|<li>|<option>"
+             "|<svg><![CDATA[|\r| |\xff|<meta>")) {
+        const std::string page = "<table><tr><td><p>" + Repeat(part, kSize / part.size());
+        EXPECT_LE(TextOf(page).size(), 3 * page.size()) << part;
+    }
+}
+
+}  // namespace

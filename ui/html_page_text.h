@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "page_text/inner_text.h"
+#include "platform/page_text.h"
+
+namespace ui {
+
+/// Reads pages by a pass of our own, where another desktop would lend its browser control.
+class HtmlPageText final : public platform::PageText {
+  public:
+    /// `yield` is called now and then while a large page is read.
+    explicit HtmlPageText(std::function<void()> yield = {}) : yield_(std::move(yield)) {}
+
+    std::string InnerText(std::string file_bytes, platform::PageKind kind) override {
+        return kind == platform::PageKind::PlainText
+                   ? page_text::InnerTextOfPlainText(std::move(file_bytes))
+                   : page_text::InnerTextOfMarkup(file_bytes, yield_);
+    }
+
+  private:
+    std::function<void()> yield_;
+};
+
+}  // namespace ui
