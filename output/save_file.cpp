@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <new>
 
 #include "engine/state/crawl_state.h"
+#include "engine/state/job_watch.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
 #include "output/records.h"
@@ -88,12 +90,15 @@ void WritePage(std::string_view received, std::string& address, std::int16_t slo
 }
 
 /// Adds the page to the search extract, unless the slot's job was ended while the page was read:
-/// then there is no host any more to record it under.
+/// then there is no host any more to record it under. A page too large to be read once more does
+/// without its record.
 void RecordPage(const std::string& save_path, std::int16_t slot) {
-    const auto job = [slot] { return crawl::Slots.Has(slot) ? crawl::JobOf(slot) : 0; };
-    const unsigned before = job();
-    const std::string page_text = GetPageText(save_path);
-    if (job() == before) RecordSearchText(page_text, slot, save_path);
+    const crawl::JobWatch job(slot);
+    try {
+        const std::string page_text = GetPageText(save_path);
+        if (!job.Ended()) RecordSearchText(page_text, slot, save_path);
+    } catch (const std::bad_alloc&) {
+    }
 }
 
 bool HasSearchText(const std::string& path) {

@@ -82,9 +82,9 @@ void frmMain::ConnectHandlers() {
 
 void frmMain::mnunew_Click() {
     if (retired_) return;
-    if (!Command1Enabled()) bas_Connections::AskStop();
+    if (engine::CrawlIsRunning()) bas_Connections::AskStop();
     // A stop has replaced this window by another one.
-    if (engine::Window().Command1Enabled()) holder_.OpenWizard();
+    if (!engine::CrawlIsRunning()) holder_.OpenWizard();
 }
 
 void frmMain::mnuexit_Click() {
