@@ -7,6 +7,7 @@
 #include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
 #include "platform/services.h"
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Output {
@@ -30,7 +31,7 @@ void MakeFoldersOnTheWayTo(std::string_view path) {
 std::string MakeLocalPath(std::string& path) {
     std::string local{text::Trim(path)};
     text::ReplaceAllIn(local, "www.", "");
-    if (text::Left(local, 7) == "http://") local = std::string(text::Trim(text::Mid(local, 8)));
+    if (local.starts_with(text::kHttp)) local = text::Trim(text::WithoutHttp(local));
     text::ReplaceAllIn(local, "/", "\\");
     text::ReplaceAllIn(local, "\\\\", "\\");
     crawl::SavePath = local;
