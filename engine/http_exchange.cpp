@@ -73,8 +73,7 @@ void FinishResponse(int index) {
     platform::EventLoop& events = platform::System().events;
     const unsigned job = crawl::JobOf(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
-    bas_Output::SaveFile(crawl::Slots[index].Response.View(), address,
-                         static_cast<std::int16_t>(index));
+    bas_Output::SaveFile(crawl::Slots[index].Response.View(), address, index);
     events.DoEvents();
     if (crawl::JobOf(index) != job) return;
 
