@@ -17,9 +17,6 @@ namespace bas_Extractor {
 
 namespace {
 
-constexpr const char* kPlaceholderText =
-    "This file is queued to be downloaded, or did not download correctly.";
-
 /// Behind these a ".." would climb out of the site.
 constexpr std::string_view kClimbsAboveHost[] = {
     ".info/..", ".tk/..",  ".uk/..",  ".au/..",  ".mil/..",
@@ -75,7 +72,7 @@ void ResolveAndRecord(std::string& link) {
 void Enqueue(const std::string& link, const std::string& placeholder,
              platform::ListItems& queue_list) {
     queue_list.AddItem(link);
-    Record(kPlaceholderText, placeholder);
+    Record(std::string(bas_Output::kPlaceholderText), placeholder);
     Record(link, crawl::TargetFolder + "log.txt");
     platform::System().events.DoEventsOften();
 }
@@ -84,12 +81,6 @@ void Enqueue(const std::string& link, const std::string& placeholder,
 /// target folder's name too.
 std::string WrittenForm(const std::string& path) {
     return text::ReplaceAll(path, "www.", "");
-}
-
-bool HasFile(const std::string& path) {
-    // A first failure is not believed; the system may have been busy with the file.
-    const platform::Files& files = platform::System().files;
-    return files.FileLength(path) || files.FileLength(path) || bas_Output::WriteFailedBefore(path);
 }
 
 }  // namespace
@@ -138,7 +129,8 @@ bool FileExists(const std::string& path) {
     // Both forms, or a name in which "www." appears only after cleaning, and every name below a
     // target folder that has one, would never be found again and be queued for ever.
     const std::string written = WrittenForm(path);
-    return HasFile(path) || (written != path && HasFile(written));
+    return bas_Output::HasMirrorFile(path) ||
+           (written != path && bas_Output::HasMirrorFile(written));
 }
 
 }  // namespace bas_Extractor
