@@ -1,6 +1,7 @@
 #include "extractor/admission.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 #include "engine/state/crawl_state.h"
@@ -16,6 +17,9 @@
 namespace bas_Extractor {
 
 namespace {
+
+/// Pages that link deeper and deeper into themselves come to an end.
+constexpr std::size_t kLongestLink = 4096;
 
 /// Behind these a ".." would climb out of the site.
 constexpr std::string_view kClimbsAboveHost[] = {
@@ -86,6 +90,7 @@ std::string WrittenForm(const std::string& path) {
 }  // namespace
 
 void AdmitLink(std::string link, platform::ListItems& queue_list) {
+    if (link.size() > kLongestLink) return;
     CutScheme(link);
     if (!text::Contains(text::LowerCase(link), text::LowerCase(crawl::SiteHost))) return;
     CutScheme(link);

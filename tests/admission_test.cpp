@@ -155,6 +155,26 @@ TEST_F(AdmissionTest, AFolderIsNoFile) {
     EXPECT_EQ(crawl::List1.Count(), 1u) << "it cannot be saved, and is not asked for again";
 }
 
+TEST_F(AdmissionTest, LinksThatGrowForEverEndAndNoneCostsMuchMore) {
+    // Folders that can be made, and such that cannot.
+    for (const std::size_t length : {20, 290}) {
+        const std::string name = std::string(length, 'd') + "/";
+        BeginCrawl("C:\\Mirror\\");
+        int looks = 0;
+        system_.files.on_look = [&looks](const std::string&) { ++looks; };
+        std::string base = "site.com/";
+        for (std::size_t queued = 0; queued == crawl::List1.Count() && base.size() < 5000;
+             ++queued, base += name) {
+            looks = 0;
+            Admit(base + "x.html");
+            EXPECT_LE(looks, 25) << queued << " folders deep";
+        }
+        const std::size_t dropped = ("http://" + base + "x.html").size() - name.size();
+        EXPECT_GT(dropped, 4096u);
+        EXPECT_LE(dropped - name.size(), 4096u);
+    }
+}
+
 TEST_F(AdmissionTest, ALinkIsQueuedOnceAlsoWhereItsNameIsNotTheOneWritten) {
     // "www." goes from everything that is written, wherever it comes from.
     BeginCrawl("C:\\www.mirror\\");
