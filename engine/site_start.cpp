@@ -16,16 +16,6 @@ namespace {
 
 constexpr int kEnterKey = 13;
 
-/// What the user typed, without blanks and scheme and with "www." in front unless it has one
-/// somewhere.
-std::string CleanTypedAddress(const std::string& typed) {
-    std::string address{text::Trim(typed)};
-    const std::string lowered = text::LowerCase(address);
-    if (text::Left(lowered, 7) == "http://") address.erase(0, 7);
-    if (!text::Contains(lowered, "www.")) address.insert(0, "www.");
-    return address;
-}
-
 void ResetCrawl() {
     CloseAllSockets();
     crawl::List1.Clear();
@@ -36,6 +26,14 @@ void ResetCrawl() {
 }
 
 }  // namespace
+
+std::string CleanTypedAddress(const std::string& typed) {
+    std::string address{text::Trim(typed)};
+    const std::string lowered = text::LowerCase(address);
+    if (text::Left(lowered, 7) == "http://") address.erase(0, 7);
+    if (!text::Contains(lowered, "www.")) address.insert(0, "www.");
+    return address;
+}
 
 void ConnectNowNow() {
     ResetCrawl();
