@@ -4,6 +4,7 @@
 #include "engine/rows.h"
 #include "engine/scheduler.h"
 #include "engine/state/crawl_state.h"
+#include "engine/state/job_watch.h"
 #include "extractor/addresses.h"
 #include "output/records.h"
 #include "output/save_file.h"
@@ -25,13 +26,13 @@ void tmrOut_Timer(int index) {
     // The blanks around the backslash keep this from replacing a good file: no folder of that name
     // is ever made, so nothing is written. Slots that idle after a success come through here as
     // well.
-    const unsigned job = crawl::JobOf(index);
+    if (crawl::Slots[index].JobAtWork == crawl::Slots[index].Job) return;
+    const crawl::JobWatch job(index);
     std::string address = " \\ " + crawl::Slots[index].Host + crawl::Slots[index].Path;
-    bas_Output::SaveFile("Unable to download this file. (Timeout)", address,
-                         static_cast<std::int16_t>(index));
+    bas_Output::SaveFile("Unable to download this file. (Timeout)", address, index);
     platform::System().events.DoEvents();
     // Stopped, or idle and given a new job meanwhile.
-    if (crawl::JobOf(index) != job) return;
+    if (job.Ended()) return;
 
     engine::MainWindow& window = engine::Window();
     crawl::ConnectionSlot& slot = crawl::Slots[index];
@@ -40,8 +41,8 @@ void tmrOut_Timer(int index) {
     if (slot.Attempts == 1 || slot.Attempts == 2) {
         ++slot.Attempts;
         OpenConnection(index);
-    } else if (crawl::List1.Empty() && AllSocketsClosed()) {
-        SiteComplete();
+    } else {
+        CompleteIfDone();
     }
 }
 
@@ -52,8 +53,12 @@ bool AllSocketsClosed() {
     return true;
 }
 
+void CompleteIfDone() {
+    if (crawl::List1.Empty() && AllSocketsClosed()) SiteComplete();
+}
+
 void SiteComplete() {
-    if (engine::Window().Command1Enabled()) return;
+    if (!engine::CrawlIsRunning()) return;
     StopNOW();
     engine::Window().SetLabel6("Website Downloaded!");
     bas_Output::RemoveTempFiles();
@@ -74,11 +79,12 @@ void StopNOW() {
     CloseAllSockets();
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         crawl::ConnectionSlot& slot = crawl::Slots[i];
-        SetSlotStatus(i, "Not Connected.");
+        SetSlotStatus(i, kNotConnected);
         slot.Path.clear();
         slot.Url.clear();
         slot.Host.clear();
         slot.Response.Clear();
+        ++slot.Job;
         window.Sock(i).Close();
         window.tmrOut(i).SetEnabled(false);
     }
@@ -113,7 +119,7 @@ void Resume() {
 bool Form_Unload() {
     if (crawl::Stopping) return true;
     if (!Confirmed("Are you sure you want to exit?", "Exit Vantorin")) return false;
-    if (!engine::Window().Command1Enabled()) StopNOW();
+    if (engine::CrawlIsRunning()) StopNOW();
     bas_Output::RemoveTempFiles();
     platform::System().events.DoEvents();
     engine::Window().tmrMove().SetEnabled(false);

@@ -13,6 +13,9 @@ void tmrOut_Timer(int index);
 /// Whether all 24 sockets are closed.
 bool AllSocketsClosed();
 
+/// Ends the crawl as complete when nothing is queued and nothing is connected any more.
+void CompleteIfDone();
+
 /// Ends a running crawl as complete and offers the mirror's folder. Nothing when no crawl runs.
 void SiteComplete();
 

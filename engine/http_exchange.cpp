@@ -1,12 +1,16 @@
 #include "engine/http_exchange.h"
 
+#include <new>
 #include <optional>
+#include <utility>
 
+#include "engine/answer_memory.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/rows.h"
 #include "engine/scheduler.h"
 #include "engine/state/crawl_state.h"
+#include "engine/state/job_watch.h"
 #include "extractor/addresses.h"
 #include "extractor/link_scanner.h"
 #include "output/save_file.h"
@@ -18,9 +22,6 @@
 namespace bas_Connections {
 
 namespace {
-
-/// A longer answer is cut here: what would pass it is not appended.
-constexpr std::size_t kResponseLimit = std::size_t{1} << 30;
 
 constexpr std::string_view kContentLength = "Content-Length:";
 
@@ -68,15 +69,29 @@ std::string PageFolder(const std::string& url) {
     return bas_Extractor::ReverseText(reversed);
 }
 
+/// While this lives, the answer of a slot is being worked on: the slot's timeout is passed over,
+/// since the server is not the one who is silent.
+class AnswerAtWork {
+  public:
+    explicit AnswerAtWork(int index)
+        : slot_(crawl::Slots[index]), job_before_(std::exchange(slot_.JobAtWork, slot_.Job)) {}
+    ~AnswerAtWork() { slot_.JobAtWork = job_before_; }
+    AnswerAtWork(const AnswerAtWork&) = delete;
+    AnswerAtWork& operator=(const AnswerAtWork&) = delete;
+
+  private:
+    crawl::ConnectionSlot& slot_;
+    unsigned job_before_;
+};
+
 /// The server has closed its side: saves the response, queues its links and frees the slot.
 void FinishResponse(int index) {
     platform::EventLoop& events = platform::System().events;
-    const unsigned job = crawl::JobOf(index);
+    const crawl::JobWatch job(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
-    bas_Output::SaveFile(crawl::Slots[index].Response.View(), address,
-                         static_cast<std::int16_t>(index));
+    bas_Output::SaveFile(crawl::Slots[index].Response.View(), address, index);
     events.DoEvents();
-    if (crawl::JobOf(index) != job) return;
+    if (job.Ended()) return;
 
     std::string base = crawl::Slots[index].Url;
     if (text::Contains(base, "/")) {
@@ -85,13 +100,27 @@ void FinishResponse(int index) {
     }
     SetSlotStatus(index, "");
     events.DoEvents();
-    if (crawl::JobOf(index) != job) return;
+    if (job.Ended()) return;
 
     bas_Extractor::ExtractLinks(crawl::Slots[index].Response, crawl::List1, base);
-    if (crawl::JobOf(index) != job) return;
+    if (job.Ended()) return;
+    GiveBackLeftover(index);
     engine::Window().Sock(index).Close();
     events.DoEvents();
-    if (crawl::List1.Empty() && AllSocketsClosed()) SiteComplete();
+    CompleteIfDone();
+}
+
+void Receive(std::string_view data, int index) {
+    if (!MakeRoom(data.size(), index)) return;
+    crawl::Slots[index].Response.Append(data);
+    const crawl::JobWatch job(index);
+    platform::System().events.DoEvents();
+    if (job.Ended()) return;
+    ShowExpectedSize(data, index);
+    ShowReceivedSize(index);
+    if (engine::Window().Sock(index).State() == platform::SocketState::Closing) {
+        FinishResponse(index);
+    }
 }
 
 }  // namespace
@@ -101,7 +130,7 @@ void Sock_Connect(int index) {
     crawl::ConnectionSlot& slot = crawl::Slots[index];
     if (slot.Url.empty()) {
         window.Sock(index).Close();
-        SetSlotStatus(index, "Not Connected.");
+        SetSlotStatus(index, kNotConnected);
         return;
     }
     text::ReplaceAllIn(slot.Path, "/index.html", "/");
@@ -117,6 +146,7 @@ void Sock_Connect(int index) {
 
 void Sock_DataArrival(int index) {
     engine::MainWindow& window = engine::Window();
+    const AnswerAtWork at_work(index);
     window.tmrOut(index).SetEnabled(false);
     window.tmrOut(index).SetEnabled(true);
     const std::string data = window.Sock(index).GetData();
@@ -124,12 +154,14 @@ void Sock_DataArrival(int index) {
     text::AddWithinWidth(crawl::TotalBytes, length);
     text::AddWithinWidth(crawl::Slots[index].BytesReceived, length);
     ShowMatrixSizes();
+    const crawl::JobWatch job(index);
     ProcessResponse(data, index);
+    if (job.Ended()) return;
 
     const std::string& url = crawl::Slots[index].Url;
     if (text::Trim(url).empty()) {
         engine::Window().Sock(index).Close();
-        SetSlotStatus(index, "Not Connected.");
+        SetSlotStatus(index, kNotConnected);
     } else if (ConnectionsCount() >= index) {
         SetSlotStatus(index, "Downloading " + url);
     } else {
@@ -138,16 +170,15 @@ void Sock_DataArrival(int index) {
 }
 
 void ProcessResponse(std::string_view data, int index) {
-    text::ConsumableText& response = crawl::Slots[index].Response;
-    if (data.size() < kResponseLimit - response.Size()) response.Append(data);
-    const unsigned job = crawl::JobOf(index);
-    platform::System().events.DoEvents();
-    if (crawl::JobOf(index) != job) return;
-    ShowExpectedSize(data, index);
-    ShowReceivedSize(index);
-    if (engine::Window().Sock(index).State() == platform::SocketState::Closing) {
-        FinishResponse(index);
+    const crawl::JobWatch job(index);
+    try {
+        Receive(data, index);
+    } catch (const std::bad_alloc&) {
+        // An answer for which the system has no memory costs its own job, not the program.
+        if (!job.Ended()) GiveUp(index);
     }
+    // A job that was given up can be the last one that the crawl waited for.
+    if (job.Ended()) CompleteIfDone();
 }
 
 std::string FormatByteSize(std::int32_t value) {

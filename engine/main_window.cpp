@@ -13,6 +13,10 @@ MainWindow& Window() {
     return *g_window;
 }
 
+bool CrawlIsRunning() {
+    return !Window().Command1Enabled();
+}
+
 void SetWindow(MainWindow* window) {
     g_window = window;
 }

@@ -23,7 +23,7 @@ class MainWindow {
     virtual void SetText1Enabled(bool enabled) = 0;
     virtual void FocusText1() = 0;
 
-    /// The start and stop buttons. A crawl runs exactly while the start button is disabled.
+    /// The start and stop buttons.
     virtual bool Command1Enabled() const = 0;
     virtual void SetCommand1Enabled(bool enabled) = 0;
     virtual void SetCommand2Enabled(bool enabled) = 0;
@@ -57,6 +57,9 @@ class MainWindow {
 /// The main window as it stands now. Asked for anew after every place where events run, since a
 /// stop replaces it.
 MainWindow& Window();
+
+/// Whether a crawl is running, which is exactly while the start button is disabled.
+bool CrawlIsRunning();
 
 /// Makes `window` the main window.
 void SetWindow(MainWindow* window);

@@ -46,16 +46,17 @@ void tmrMove_Timer() {
 
 void ConnectNext(std::string address) {
     engine::MainWindow& window = engine::Window();
-    if (window.Command1Enabled()) return;
+    if (!engine::CrawlIsRunning()) return;
     bas_Extractor::StripHttp(address);
     text::ReplaceAllIn(address, ".jpeg", ".jpg");
 
-    const std::int16_t index = FindFreeSlot();
+    const int index = FindFreeSlot();
     if (index == 0) return;
     // The address came from the end of the queue, or the queue is empty.
     crawl::List1.RemoveLast();
 
     crawl::ConnectionSlot& slot = crawl::Slots[index];
+    ++slot.Job;
     slot.Url = std::move(address);
     SplitAddress(slot);
     slot.Response.Clear();
@@ -75,9 +76,9 @@ void OpenConnection(int index) {
     engine::Window().Sock(index).Connect(host, kHttpPort);
 }
 
-std::int16_t FindFreeSlot() {
+int FindFreeSlot() {
     const int count = std::min<std::int32_t>(ConnectionsCount(), crawl::kSlotCount);
-    for (std::int16_t i = 1; i <= count; ++i) {
+    for (int i = 1; i <= count; ++i) {
         if (engine::Window().Sock(i).State() <= platform::SocketState::Closed) return i;
     }
     return 0;

@@ -18,7 +18,7 @@ void ConnectNext(std::string address);
 void OpenConnection(int index);
 
 /// The first slot among the first N whose socket is closed, or 0.
-std::int16_t FindFreeSlot();
+int FindFreeSlot();
 
 /// Closes all 24 sockets, whatever they are doing.
 void CloseAllSockets();

@@ -8,6 +8,7 @@
 #include "extractor/addresses.h"
 #include "output/mirror_files.h"
 #include "setup/file_types.h"
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Connections {
@@ -28,10 +29,8 @@ void ResetCrawl() {
 }  // namespace
 
 std::string CleanTypedAddress(const std::string& typed) {
-    std::string address{text::Trim(typed)};
-    const std::string lowered = text::LowerCase(address);
-    if (text::Left(lowered, 7) == "http://") address.erase(0, 7);
-    if (!text::Contains(lowered, "www.")) address.insert(0, "www.");
+    std::string address{text::WithoutHttp(text::Trim(typed))};
+    if (!text::Contains(text::LowerCase(address), "www.")) address.insert(0, "www.");
     return address;
 }
 

@@ -86,6 +86,10 @@ TEST_F(Crawl, IsTheSameWithOneConnectionAndWithAll) {
 /// Runs the crawl again and again, doing something at its first yield, its second, and so on.
 class Disturbed : public Crawl {
   protected:
+    void SetUp() override {
+        Crawl::SetUp();
+        network.PutSilent("www.site.com/dir/gone.html");  // timeouts yield, too
+    }
     void AtEveryYield(const std::function<void()>& disturb, const std::function<void()>& check) {
         const int before = loop.Yields();
         undisturbed = CrawlUndisturbed();

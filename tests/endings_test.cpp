@@ -51,6 +51,17 @@ TEST_F(Endings, EveryChunkRestartsTheTimeout) {
     EXPECT_EQ(crawl::Slots[1].Response.View(), "dripdripdripdripdrip");
 }
 
+TEST_F(Endings, ATimeoutIsPassedOverWhileTheSlotsOwnAnswerIsWorkedOn) {
+    Start("www.site.com/a.html");
+    for (int nth = 1; nth <= 12; ++nth)
+        loop.AtYield(nth, [] { bas_Connections::tmrOut_Timer(1); });
+    Answer(1, "<a href='b.html'>");
+    EXPECT_EQ(Saved("a.html"), "<a href='b.html'>\r\n");
+    EXPECT_EQ(crawl::List1.Count(), 1U);
+    EXPECT_EQ(crawl::FilesDone, 1);
+    EXPECT_EQ(crawl::Slots[1].Attempts, 1);
+}
+
 TEST_F(Endings, ARetryKeepsThePartInFront) {
     Start("www.site.com/a.css");
     window.Sock(1).PeerAccepts();

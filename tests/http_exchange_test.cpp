@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <new>
+
+#include "engine/answer_memory.h"
 #include "tests/fakes/crawl_fixture.h"
 
 namespace {
@@ -74,6 +78,8 @@ TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
         {"Content-Length:2048\r\n", 48},  // one character after the colon is always passed over
         {"Content-Length:    123456789012\r\n", 0},  // no line end within the window
         {"Content-Length: 12 pages\r\n", 0},
+        {"Content-Length:   12345678\r\n", 12345678},
+        {"Content-Length:   123456789\r\n", 0},
         {"Content-Length: 1\r2\r\n", 12},
         {"Content-Length: 9999999999\r\n", 5},  // does not fit: the old value stays
         {"Content-Length:", 0},
@@ -102,6 +108,15 @@ TEST_F(HttpExchange, ShowsWhatComes) {
     loop.Advance(20);
     EXPECT_EQ(window.label4, "2,147,483,640 Bytes") << "a sum that overflows is passed over";
     EXPECT_EQ(window.rows[1].received, "1.99 GB");
+}
+
+TEST_F(HttpExchange, AFinishedRowIsResetUnlessItsAddressIsAHostAlone) {
+    Start("www.site.com");
+    Answer(1, "");
+    EXPECT_EQ(window.rows[1].received, "19 bytes");
+    Start("www.site.com/a.html");
+    Answer(1, "");
+    EXPECT_EQ(window.rows[1].received, "-");
 }
 
 TEST_F(HttpExchange, ALateChunkBeyondTheCountStillCompletesItsJob) {
@@ -151,6 +166,37 @@ TEST_F(HttpExchange, BytesThatComeWhileAChunkIsHandledAreNotLost) {
     EXPECT_EQ(crawl::FilesDone, 1);
 }
 
+TEST_F(HttpExchange, LetsEventsRunThreeTimesBetweenSavingAndScanning) {
+    std::map<std::string, int> yields;
+    system.files.on_write = [&](const std::string& path) { yields.emplace(path, loop.Yields()); };
+    Request("www.site.com/a.gif");
+    Answer(1, " src=b.gif");
+    const std::string site = "c:\\Websites\\site.com\\";
+    constexpr int kOfTheScannerBeforeALink = 3;
+    EXPECT_EQ(yields.at(site + "b.gif.tmp") - yields.at(site + "a.gif"),
+              3 + kOfTheScannerBeforeALink);
+}
+
+TEST_F(HttpExchange, AHandlerLeavesASlotAloneThatHasAnotherJob) {
+    for (int nth = 1; nth <= 10; ++nth) {
+        SCOPED_TRACE(nth);
+        bool restarted = false;
+        loop.AtYield(nth, [&] {
+            bas_Connections::StopNOW();
+            Start("www.other.com");
+            restarted = true;
+        });
+        Start("www.site.com/dir/page.html");
+        Answer(1, "<a href=x.html>");
+        ASSERT_TRUE(restarted);
+        EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting);
+        EXPECT_EQ(window.rows[1].status, "Connecting to www.other.com");
+        EXPECT_TRUE(crawl::Slots[1].Response.Empty());
+        bas_Connections::StopNOW();
+        BlankDisk();
+    }
+}
+
 TEST_F(HttpExchange, ResolvesLinksAgainstThePagesFolder) {
     struct Case {
         const char* page;
@@ -174,18 +220,81 @@ TEST_F(HttpExchange, ResolvesLinksAgainstThePagesFolder) {
     }
 }
 
-TEST_F(HttpExchange, HoldsAResponseBelowItsLimit) {
-    Request("www.site.com/a.bin");
-    constexpr std::size_t kLimit = std::size_t{1} << 30;
-    std::string large;
-    large.reserve(kLimit);  // or growing it would take twice as much
-    large.resize(kLimit - 10, 'x');
-    crawl::Slots[1].Response.Assign(std::move(large));
-    bas_Connections::ProcessResponse("123456789", 1);
-    EXPECT_EQ(crawl::Slots[1].Response.Size(), kLimit - 1);
-    bas_Connections::ProcessResponse("1", 1);
-    EXPECT_EQ(crawl::Slots[1].Response.Size(), kLimit - 1)
-        << "what would pass the limit is skipped";
+/// Answers may take 1000 bytes together.
+class AnswerMemory : public HttpExchange {
+  protected:
+    AnswerMemory() { bas_Connections::MostAnswerBytes = 1000; }
+    ~AnswerMemory() override { bas_Connections::MostAnswerBytes = before_; }
+
+    /// Two jobs, on slots 1 and 2, that have received so much.
+    void Receiving(std::size_t first, std::size_t second) {
+        for (const int slot : {1, 2}) {
+            bas_Connections::ConnectNext("www.site.com/" + std::to_string(slot) + ".gif");
+            window.Sock(slot).PeerAccepts();
+        }
+        loop.RunUntilIdle();
+        Receive(1, kHeader + std::string(first - kHeader.size(), '1'));
+        Receive(2, kHeader + std::string(second - kHeader.size(), '2'));
+    }
+    void ExpectGivenUp(int slot) {
+        EXPECT_EQ(crawl::Slots[slot].Response.View(), "CANCEL");
+        EXPECT_EQ(window.Sock(slot).State(), SocketState::Closed);
+        EXPECT_EQ(window.rows[slot].status, "Given up: too large for the memory");
+        EXPECT_EQ(Saved(std::to_string(slot) + ".gif"), "(none)");
+    }
+    void ExpectWhole(int slot) {
+        window.Sock(slot).PeerCloses();
+        loop.RunUntilIdle();
+        EXPECT_NE(Saved(std::to_string(slot) + ".gif"), "(none)");
+        EXPECT_EQ(window.Sock(slot).State(), SocketState::Closed);
+    }
+
+  private:
+    std::size_t before_ = bas_Connections::MostAnswerBytes;
+};
+
+TEST_F(AnswerMemory, TheLargestAnswerIsGivenUpForTheOthers) {
+    Receiving(600, 400);
+    Receive(2, "one too many");
+    ExpectGivenUp(1);
+    EXPECT_EQ(crawl::Slots[2].Response.Size(), 412U);
+    ExpectWhole(2);
+}
+
+TEST_F(AnswerMemory, AnAnswerThatIsTheLargestItselfIsGivenUp) {
+    Receiving(400, 600);
+    Receive(2, "one too many");
+    ExpectGivenUp(2);
+    ExpectWhole(1);
+}
+
+TEST_F(AnswerMemory, WhatIdleSlotsKeepGoesFirst) {
+    Receiving(600, 200);
+    ExpectWhole(1);
+    EXPECT_FALSE(crawl::Slots[1].Response.Empty());
+    Receive(2, std::string(700, '2'));
+    ExpectWhole(2);
+}
+
+TEST_F(AnswerMemory, AWholeAnswerIsNeverGivenUp) {
+    Receiving(600, 300);
+    // Slot 1 is being saved and scanned when the rest of slot 2 comes.
+    loop.AtYield(2, [&] {
+        bas_Connections::ProcessResponse(std::string(200, '2'), 2);
+        ExpectGivenUp(2);
+    });
+    ExpectWhole(1);
+}
+
+TEST_F(AnswerMemory, AnAnswerThatTheSystemHasNoMemoryForCostsItsOwnJobOnly) {
+    Receiving(300, 300);
+    system.files.on_write = [](const std::string& path) {
+        if (path.ends_with("\\1.gif")) throw std::bad_alloc();
+    };
+    window.Sock(1).PeerCloses();
+    loop.RunUntilIdle();
+    ExpectGivenUp(1);
+    ExpectWhole(2);
 }
 
 }  // namespace

@@ -72,6 +72,17 @@ TEST_F(Scheduler, LeavesTheQueueAloneWhileNoConnectionIsFree) {
     EXPECT_EQ(crawl::Slots[1].Url, "a.com/1.");
 }
 
+TEST_F(Scheduler, StartsNothingWhenNoCrawlRuns) {
+    bas_Connections::StopNOW();
+    // A scan that was going on when it was stopped may still queue, and closing the pause dialog
+    // turns the tick on.
+    Queue({"a.com/1."});
+    window.tmrMove().SetEnabled(true);
+    loop.Advance(100);
+    EXPECT_EQ(crawl::List1.Count(), 1U);
+    EXPECT_TRUE(bas_Connections::AllSocketsClosed());
+}
+
 TEST_F(Scheduler, ReadsTheConnectionCountAnewEachTime) {
     struct Case {
         const char* text;

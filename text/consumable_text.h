@@ -23,6 +23,8 @@ class ConsumableText {
     std::string_view View() const { return std::string_view(bytes_).substr(eaten_); }
     std::size_t Size() const { return bytes_.size() - eaten_; }
     bool Empty() const { return Size() == 0; }
+    /// What the text takes, the eaten part with it.
+    std::size_t BytesHeld() const { return bytes_.size(); }
 
     /// Replaces the whole text, and begins a new generation of it.
     void Assign(std::string bytes) {
@@ -37,7 +39,11 @@ class ConsumableText {
     /// Empties the text and gives its memory back.
     void Clear() { Assign(std::string()); }
 
-    void Append(std::string_view more) { bytes_.append(more); }
+    void Append(std::string_view more) {
+        const std::size_t needed = bytes_.size() + more.size();
+        if (needed > bytes_.capacity() && needed > kLarge) GrowTo(needed + needed / 4);
+        bytes_.append(more);
+    }
 
     /// Drops the first `count` characters, or all when there are fewer.
     void Consume(std::size_t count) {
@@ -57,6 +63,17 @@ class ConsumableText {
     }
 
   private:
+    /// From here on a text grows by a quarter: the next doubling might be more than there is.
+    static constexpr std::size_t kLarge = std::size_t{16} << 20;
+
+    /// A string doubles when it is asked to reserve more, so a fresh one is filled.
+    void GrowTo(std::size_t capacity) {
+        std::string grown;
+        grown.reserve(capacity);
+        grown.append(bytes_);
+        bytes_.swap(grown);
+    }
+
     /// The old text's memory is given back, which moving a short text in would not do.
     void Replace(std::string bytes) {
         bytes_.swap(bytes);

@@ -76,9 +76,9 @@ void frmMain::ConnectCrawl() {
 }
 
 void frmMain::mnunew_Click() {
-    if (!Command1Enabled()) bas_Connections::AskStop();
+    if (engine::CrawlIsRunning()) bas_Connections::AskStop();
     // A stop has replaced this window by another one.
-    if (engine::Window().Command1Enabled()) holder_.OpenWizard();
+    if (!engine::CrawlIsRunning()) holder_.OpenWizard();
 }
 
 void frmMain::mnuabout_Click() {

@@ -70,9 +70,9 @@ void Start(const CrawlOrder& order, frmMain& window) {
 
 /// Ends the event loop when the crawl has ended, by itself or by a signal.
 void Look(WindowHolder& holder, Terminal& terminal, QElapsedTimer& since_progress) {
-    if (g_signal != 0 && !engine::Window().Command1Enabled()) bas_Connections::StopNOW();
+    if (g_signal != 0 && engine::CrawlIsRunning()) bas_Connections::StopNOW();
     if (!holder.Unwound()) return;
-    if (engine::Window().Command1Enabled()) {
+    if (!engine::CrawlIsRunning()) {
         QCoreApplication::exit(g_signal == 0 ? kExitComplete : 128 + g_signal);
     } else if (since_progress.hasExpired(kProgressMilliseconds)) {
         terminal.ShowProgress(Progress());

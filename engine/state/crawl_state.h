@@ -22,17 +22,12 @@ struct ConnectionSlot {
     std::int32_t ContentLength = 0;  ///< the last "Content-Length:" seen, in bytes
     std::int32_t BytesReceived = 0;
     std::int16_t Attempts = 0;  ///< connection attempts for this job, from 1
+    unsigned Job = 1;           ///< raised when a job begins and when one is ended before its time
+    unsigned JobAtWork = 0;     ///< the job whose answer is being worked on right now; 0 for none
 };
 
 /// A slot is free when its socket is closed; its fields keep the last job until it is reused.
 extern text::OneBased<ConnectionSlot, kSlotCount> Slots;
-
-/// Tells the jobs that a slot has had one after the other apart. Wherever events run, the crawl may
-/// be stopped and the slot be given another job, whose response and connection are not to be
-/// touched.
-inline unsigned JobOf(int slot) {
-    return Slots[slot].Response.Generation();
-}
 
 extern std::string SiteHost;      ///< the start address's host without "www."
 extern std::string TargetFolder;  ///< where the mirror goes, ending in "\"
