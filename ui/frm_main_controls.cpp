@@ -1,6 +1,7 @@
 #include <QMenuBar>
 
 #include "ui/frm_main.h"
+#include "ui/version.h"
 #include "ui/window_holder.h"
 #include "widgets/address_box.h"
 #include "widgets/label_font.h"
@@ -15,7 +16,7 @@ constexpr std::int64_t kFirstTimeoutMilliseconds = 20000;
 }  // namespace
 
 void frmMain::MakeControls() {
-    setWindowTitle("Vantorin Website Downloader 1.9");
+    setWindowTitle(kNameAndVersion);
     setWindowIcon(ButtonIcon(Picture::Explore));
     client_ = new QWidget(this);
     client_->setFont(LabelFont());

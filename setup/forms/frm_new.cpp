@@ -11,8 +11,6 @@
 #include "engine/main_window.h"
 #include "engine/site_start.h"
 #include "engine/state/crawl_state.h"
-#include "extractor/addresses.h"
-#include "output/paths.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "setup/forms/byte_list.h"
@@ -131,16 +129,13 @@ void frmNew::ShowSystemFolder() {
     }
 }
 
-void frmNew::SetToInDIR() {
-    SetTxtDir(bas_Output::CleanLinkName(TxtDir()));
-    SetTxtDir(text::ReplaceAll(TxtDir(), "/", "\\"));
-    if (bas_Extractor::LastChar(TxtDir()) != "\\") SetTxtDir(TxtDir() + "\\");
-    bas_General::SetTargetFolder(TxtDir());
+bool frmNew::SetToInDIR() {
+    SetTxtDir(bas_General::NormalizeFolder(TxtDir()));
+    return bas_General::PrepareTargetFolder(TxtDir());
 }
 
 void frmNew::Command1_Click() {
-    SetToInDIR();
-    if (!bas_General::TargetFolderAccepted()) return;
+    if (!SetToInDIR()) return;
     SaveFileTypes();
     engine::Window().SetText1(platform::ToBytes(txt_url_->text()));
     bas_Connections::ConnectNowNow();
@@ -148,8 +143,7 @@ void frmNew::Command1_Click() {
 }
 
 void frmNew::Command2_Click() {
-    SetToInDIR();
-    if (!bas_General::TargetFolderAccepted()) return;
+    if (!SetToInDIR()) return;
     SaveFileTypes();
     accept();
 }
