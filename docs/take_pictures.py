@@ -1,7 +1,7 @@
 """Takes the pictures in docs/pictures from the real program: its window in the middle of a crawl, and
 each dialog.
 
-    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 docs/take_pictures.py
+scripts/take_pictures builds the program, installs the site that is shown, and starts this.
 """
 
 import os

@@ -31,12 +31,11 @@ std::vector<std::string> ReadFileTypes() {
     return SplitListFile(platform::System().files.ReadFile(ListFile()).value_or(""));
 }
 
-bool FileTypesFileExists() {
-    return platform::System().files.FileLength(ListFile()).has_value();
-}
-
-void MakeFileTypesFolder() {
+bool MakeFirstFileTypesFile() {
     platform::System().files.CreateFolder(ListFolder());
+    if (platform::System().files.FileLength(ListFile())) return false;
+    WriteFileTypes(DefaultFileTypes());
+    return true;
 }
 
 std::string LoadFileTypes() {

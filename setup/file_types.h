@@ -15,11 +15,9 @@ void WriteFileTypes(const std::vector<std::string>& types);
 /// The non-blank lines of the file as they stand there; none when it cannot be read.
 std::vector<std::string> ReadFileTypes();
 
-/// Whether the list has a file yet.
-bool FileTypesFileExists();
-
-/// Creates the folder of the list's file; an existing one is fine.
-void MakeFileTypesFolder();
+/// Gives the list its file, with the default types, when it has none yet; true when it had none. A
+/// fault is passed over silently.
+bool MakeFirstFileTypesFile();
 
 /// The wanted types for a crawl, each lower-cased, trimmed and wrapped in colons; "" without a
 /// file.

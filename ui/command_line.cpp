@@ -1,21 +1,19 @@
 #include "ui/command_line.h"
 
 #include <QCommandLineParser>
-#include <limits>
 #include <optional>
 
 #include "engine/state/crawl_state.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "text/numbers.h"
+#include "ui/version.h"
 
 namespace ui {
 
 namespace {
 
 constexpr int kBadArguments = 2;
-
-const char kVersion[] = "Vantorin Website Downloader 1.9\n";
 
 CommandLine Refuse(const QString& why) {
     return {CommandLine::Action::Print, {}, why + "\nTry \"vantorin --help\".\n", kBadArguments};
@@ -81,7 +79,9 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     if (parser.isSet(options.help)) {
         return {CommandLine::Action::Print, {}, parser.helpText(), 0};
     }
-    if (parser.isSet(options.version)) return {CommandLine::Action::Print, {}, kVersion, 0};
+    if (parser.isSet(options.version)) {
+        return {CommandLine::Action::Print, {}, QString(kNameAndVersion) + "\n", 0};
+    }
     if (!parser.positionalArguments().isEmpty()) {
         return Refuse("Unknown word \"" + parser.positionalArguments().first() + "\".");
     }

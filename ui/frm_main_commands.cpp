@@ -8,6 +8,7 @@
 #include "setup/settings.h"
 #include "text/text.h"
 #include "ui/frm_main.h"
+#include "ui/version.h"
 #include "ui/window_holder.h"
 
 /// What the main window's buttons, menu entries, sockets and timers do.
@@ -20,8 +21,8 @@ constexpr int kEnterKey = 13;
 /// A crawl from the address box, before a wizard has chosen a folder, goes into the stored one.
 bool FolderIsReady() {
     if (!crawl::TargetFolder.empty()) return true;
-    bas_General::SetTargetFolder(bas_General::NormalizeFolder(bas_General::StoredFolder()));
-    if (bas_General::TargetFolderAccepted()) return true;
+    const std::string stored = bas_General::NormalizeFolder(bas_General::StoredFolder());
+    if (bas_General::PrepareTargetFolder(stored)) return true;
     crawl::TargetFolder.clear();
     return false;
 }
@@ -82,8 +83,7 @@ void frmMain::mnunew_Click() {
 }
 
 void frmMain::mnuabout_Click() {
-    platform::System().boxes.MsgBox("Vantorin Website Downloader 1.9",
-                                    platform::BoxStyle::Information, "About");
+    platform::System().boxes.MsgBox(kNameAndVersion, platform::BoxStyle::Information, "About");
 }
 
 void frmMain::ExploreTarget() {

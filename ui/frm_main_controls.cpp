@@ -3,6 +3,7 @@
 
 #include "engine/rows.h"
 #include "ui/frm_main.h"
+#include "ui/version.h"
 #include "ui/window_holder.h"
 #include "widgets/address_box.h"
 #include "widgets/app_icon.h"
@@ -20,7 +21,7 @@ constexpr std::int64_t kFirstTimeoutMilliseconds = 20000;
 }  // namespace
 
 void frmMain::MakeControls() {
-    setWindowTitle("Vantorin Website Downloader 1.9");
+    setWindowTitle(kNameAndVersion);
     setWindowIcon(AppIcon());
     auto* whole = new QWidget(this);
     client_ = new QWidget(whole);

@@ -13,6 +13,7 @@
 #include "ui/system_services.h"
 #include "ui/terminal.h"
 #include "ui/unattended.h"
+#include "ui/version.h"
 #include "ui/window_holder.h"
 
 namespace {
@@ -81,7 +82,8 @@ int RunWindow(int argc, char** argv) {
     return QApplication::exec();
 }
 
-/// Qt remarks on what an environment without a desktop lacks. That is no news here.
+/// Qt warns about what an environment without a desktop lacks, which an unattended run does not
+/// use.
 void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtCriticalMsg && type != QtFatalMsg) return;
     std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
@@ -105,7 +107,7 @@ int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
 
 int main(int argc, char** argv) {
     QCoreApplication::setApplicationName("Vantorin");
-    QCoreApplication::setApplicationVersion("1.9");
+    QCoreApplication::setApplicationVersion(ui::kVersion);
     QStringList words;
     for (int i = 0; i < argc; ++i)
         words += QString::fromLocal8Bit(argv[i]);

@@ -17,7 +17,7 @@ namespace ui {
 
 namespace {
 
-constexpr int kLookMilliseconds = 50;
+constexpr int kCheckMilliseconds = 50;
 constexpr int kProgressMilliseconds = 1000;
 
 #ifdef _WIN32
@@ -48,15 +48,7 @@ bool PrepareFolder(const std::string& folder, Terminal& terminal) {
         terminal.Print("The folder's name has characters that this program does not keep.");
         return false;
     }
-    bas_General::SetTargetFolder(cleaned);
-    return bas_General::TargetFolderAccepted();
-}
-
-void PrepareFileTypes() {
-    bas_General::MakeFileTypesFolder();
-    if (!bas_General::FileTypesFileExists()) {
-        bas_General::WriteFileTypes(bas_General::DefaultFileTypes());
-    }
+    return bas_General::PrepareTargetFolder(cleaned);
 }
 
 void Start(const CrawlOrder& order, frmMain& window) {
@@ -68,8 +60,8 @@ void Start(const CrawlOrder& order, frmMain& window) {
     }
 }
 
-/// Ends the event loop when the crawl has ended, by itself or by a signal.
-void Look(WindowHolder& holder, Terminal& terminal, QElapsedTimer& since_progress) {
+/// Shows how far the crawl is, and ends the event loop when it has ended, by itself or by a signal.
+void CheckCrawl(WindowHolder& holder, Terminal& terminal, QElapsedTimer& since_progress) {
     if (g_signal != 0 && engine::CrawlIsRunning()) bas_Connections::StopNOW();
     if (!holder.Unwound()) return;
     if (!engine::CrawlIsRunning()) {
@@ -84,16 +76,17 @@ void Look(WindowHolder& holder, Terminal& terminal, QElapsedTimer& since_progres
 
 int RunUnattended(const CrawlOrder& order, WindowHolder& holder, Terminal& terminal) {
     if (!PrepareFolder(order.folder, terminal)) return kExitUnusableFolder;
-    PrepareFileTypes();
+    bas_General::MakeFirstFileTypesFile();
     for (const int number : kEndingSignals)
         std::signal(number, NoteSignal);
     Start(order, holder.Current());
 
     QElapsedTimer since_progress;
     since_progress.start();
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] { Look(holder, terminal, since_progress); });
-    look.start(kLookMilliseconds);
+    QTimer check;
+    QObject::connect(&check, &QTimer::timeout,
+                     [&] { CheckCrawl(holder, terminal, since_progress); });
+    check.start(kCheckMilliseconds);
     const int exit_code = QCoreApplication::exec();
     terminal.Print(bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
                    bas_Connections::FormatCount(crawl::TotalBytes) +

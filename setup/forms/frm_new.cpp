@@ -140,14 +140,13 @@ void frmNew::ShowSystemFolder() {
     }
 }
 
-void frmNew::SetToInDIR() {
+bool frmNew::SetToInDIR() {
     SetTxtDir(bas_General::NormalizeFolder(TxtDir()));
-    bas_General::SetTargetFolder(TxtDir());
+    return bas_General::PrepareTargetFolder(TxtDir());
 }
 
 void frmNew::Command1_Click() {
-    SetToInDIR();
-    if (!bas_General::TargetFolderAccepted()) return;
+    if (!SetToInDIR()) return;
     SaveFileTypes();
     engine::Window().SetText1(platform::ToBytes(txt_url_->text()));
     bas_Connections::ConnectNowNow();
@@ -155,8 +154,7 @@ void frmNew::Command1_Click() {
 }
 
 void frmNew::Command2_Click() {
-    SetToInDIR();
-    if (!bas_General::TargetFolderAccepted()) return;
+    if (!SetToInDIR()) return;
     SaveFileTypes();
     accept();
 }

@@ -45,8 +45,9 @@ class frmNew : public QDialog {
     void Command7_Click();  ///< the picture button
     void Command8_Click();  ///< Filters
 
-    /// Normalises the folder box and makes its folder the target folder.
-    void SetToInDIR();
+    /// Normalises the folder box and makes its folder the target folder; false when it cannot be
+    /// written into.
+    bool SetToInDIR();
     void ShowSystemFolder();
     std::string TxtDir() const;
     void SetTxtDir(const std::string& folder);
@@ -55,6 +56,7 @@ class frmNew : public QDialog {
     // frm_new_file_types.cpp
     void LoadFileTypesList();
     void SaveFileTypes();
+    void ListDefaultTypes();
     void MakeFileTypesFile();
     void Command3_Click();  ///< Add
     void Command4_Click();  ///< Delete
