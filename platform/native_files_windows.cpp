@@ -30,17 +30,16 @@ std::optional<Path> Widened(std::string_view text) {
 /// Whether the system, and every other program, knows a device by this name, as they do with any
 /// extension: "con", "nul.txt", "com1".
 bool IsDevice(PathView name) {
-    PathView stem = name.substr(0, name.find(L'.'));
-    stem = stem.substr(0, stem.find_last_not_of(L' ') + 1);
-    // 1 to 9; the raised 1, 2 and 3 count too.
-    const bool is_numbered =
-        stem.size() == 4 && PathView(L"123456789\xB9\xB2\xB3").find(stem[3]) != PathView::npos;
-    if (is_numbered) stem.remove_suffix(1);
-    const auto is_stem = [stem](PathView device) { return IsSameName(stem, device); };
-    if (is_numbered) return is_stem(L"com") || is_stem(L"lpt");
-    constexpr std::array<PathView, 6> kDevices = {L"con", L"prn",    L"aux",
-                                                  L"nul", L"conin$", L"conout$"};
-    return std::any_of(kDevices.begin(), kDevices.end(), is_stem);
+    Path stem(name.substr(0, name.find(L'.')));
+    stem.resize(stem.find_last_not_of(L' ') + 1);
+    // The numbers 1 to 9 are alike; the raised 1, 2 and 3 count too.
+    if (stem.size() == 4 && PathView(L"23456789\xB9\xB2\xB3").find(stem[3]) != PathView::npos) {
+        stem[3] = L'1';
+    }
+    constexpr std::array<PathView, 8> kDevices = {L"con",    L"prn",     L"aux",  L"nul",
+                                                  L"conin$", L"conout$", L"com1", L"lpt1"};
+    return std::any_of(kDevices.begin(), kDevices.end(),
+                       [&stem](PathView device) { return IsSameName(stem, device); });
 }
 
 /// Whether the system takes `name` for the name of a file and nothing else: what follows a ":"
@@ -126,17 +125,13 @@ bool IsLink(const Path& path) {
 std::optional<Path> FinalPath(const Path& path) {
     const bool is_drive = path.ends_with(L':');
     const OpenedFile file = OpenToAsk(is_drive ? path + L"\\" : path);
-    constexpr DWORD kLongestPath = 32768;
-    Path followed(kLongestPath, L'\0');
-    const DWORD length =
-        file ? GetFinalPathNameByHandleW(file.get(), followed.data(), kLongestPath, 0) : 0;
-    if (length == 0 || length >= kLongestPath) {
-        // Some systems cannot tell it for a long path: it is looked for from the folder, then.
-        if (file) errno = ENOENT;
-        // Above a drive there is nothing to look in.
-        if (is_drive) errno = EIO;
-        return std::nullopt;
-    }
+    Path followed(32768, L'\0');
+    const auto size = static_cast<DWORD>(followed.size());
+    const DWORD length = file ? GetFinalPathNameByHandleW(file.get(), followed.data(), size, 0) : 0;
+    // Some systems cannot tell it for a long path: it is looked for from the folder, then. Above a
+    // drive there is nothing to look in.
+    if (file || is_drive) errno = is_drive ? EIO : ENOENT;
+    if (length == 0 || length >= size) return std::nullopt;
     followed.resize(length);
     if (followed.ends_with(L'\\')) followed.pop_back();
     return followed;

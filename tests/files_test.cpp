@@ -16,13 +16,20 @@ INSTANTIATE_TEST_SUITE_P(Memory, FilesContract, testing::Values([] {
                              return FilesUnderTest{std::move(files), "z:\\work", nullptr};
                          }));
 
-INSTANTIATE_TEST_SUITE_P(
-    System, FilesContract, testing::Values([] {
-        auto folder = std::make_shared<fakes::TempFolder>();
-        auto files = std::make_unique<platform::SystemFiles>("/");
-        const bool tells_case_apart =
-            !std::filesystem::exists(text::UpperCase(folder->SystemPath().string()));
-        return FilesUnderTest{std::move(files), folder->Text(), folder, tells_case_apart};
-    }));
+/// On the system's disk, in a folder below `depth` others with long names.
+FilesUnderTest SystemFilesIn(int depth) {
+    auto folder = std::make_shared<fakes::TempFolder>();
+    auto files = std::make_unique<platform::SystemFiles>("/");
+    std::string path = folder->Text();
+    while (depth-- > 0) {
+        files->CreateFolder(path += "\\" + std::string(100, 'n'));
+    }
+    const auto other_case = text::UpperCase(folder->SystemPath().string());
+    return {std::move(files), path, folder, !std::filesystem::exists(other_case)};
+}
+
+INSTANTIATE_TEST_SUITE_P(System, FilesContract,
+                         testing::Values([] { return SystemFilesIn(0); },
+                                         [] { return SystemFilesIn(5); }));
 
 }  // namespace contracts

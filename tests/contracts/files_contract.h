@@ -88,24 +88,6 @@ TEST_P(FilesContract, ResolvesDotsInTheTextAndComparesNamesAsTheSystemDoes) {
     EXPECT_EQ(files.IsInside(In("A\\x"), In("a")), !subject.tells_case_apart);
 }
 
-TEST_P(FilesContract, HoldsPathsOfAnyLength) {
-    std::string folder = "f";
-    for (int depth = 0; depth < 4; ++depth) {
-        ASSERT_TRUE(files.CreateFolder(In(folder)));
-        folder += "\\" + std::string(100, 'n');
-    }
-    ASSERT_TRUE(files.CreateFolder(In(folder)));
-    EXPECT_TRUE(files.FolderExists(In(folder)));
-    EXPECT_TRUE(files.IsInside(In(folder), In("f")));
-    const std::string file = folder + "\\a.tmp";
-    EXPECT_TRUE(files.WriteFile(In(file), {"x"}));
-    EXPECT_TRUE(files.AppendFile(In(file), {"y"}));
-    EXPECT_EQ(files.FileLength(In(file)), 2);
-    EXPECT_EQ(Read(file), "xy");
-    files.DeleteBySuffix(In(folder), ".tmp");
-    EXPECT_EQ(files.FileLength(In(file)), std::nullopt);
-}
-
 TEST_P(FilesContract, DeletesBySuffixInOneFolderAndListsSubfoldersSorted) {
     for (const char* folder : {"b.tmp", "a", "a\\b", "C"}) {
         ASSERT_TRUE(files.CreateFolder(In(folder)));
