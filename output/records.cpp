@@ -46,7 +46,7 @@ void SweepFolder(std::string_view field) {
 
 bool AppendToFile(const std::string& text, std::string& path) {
     MakeLocalPath(path);
-    return AppendMirrorFile(path, {text, "\r\n"});
+    return AppendMirrorFile(path, {text + "\r\n"});
 }
 
 std::string GetPageText(const std::string& path) {
@@ -73,7 +73,7 @@ void RecordSearchText(const std::string& text, int slot, const std::string& path
 
     if (!crawl::Slots.Has(slot)) return;
     const std::string host = text::ReplaceAll(crawl::Slots[slot].Host, "www.", "");
-    AppendMirrorFile(folder + "\\" + host + ".txt", {"! ", page_path, "\r\n", text, "\r\n"});
+    AppendMirrorFile(folder + "\\" + host + ".txt", {"! " + page_path + "\r\n", text, "\r\n"});
 }
 
 void RemoveTempFiles() {

@@ -69,12 +69,11 @@ void RewritePage(std::string& page, const std::string& save_path, int slot) {
     DisableScripts(page);
 }
 
-/// The name of the folder that the host of `address` has in the mirror.
+/// The name of the folder that the host of `address` has in the mirror. The one of a timed-out job,
+/// which begins with blanks, is none.
 std::string HostFolder(std::string_view address) {
-    constexpr std::string_view kSeparators = "\\/";
-    address = text::Trim(address);
-    address.remove_prefix(std::min(address.find_first_not_of(kSeparators), address.size()));
-    const std::string name(address.substr(0, address.find_first_of(kSeparators)));
+    if (address.starts_with('\\')) address.remove_prefix(1);
+    const std::string name(address.substr(0, address.find_first_of("\\/")));
     return text::ReplaceAll(name, "www.", "");
 }
 
