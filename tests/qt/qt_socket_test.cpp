@@ -137,13 +137,18 @@ TEST_F(QtSocketTest, AResetThatSendingMeetsIsNoClose) {
     EXPECT_EQ(EventsInClosing(), 0);
 }
 
-TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaint) {
+TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaintAndTimersFire) {
     struct Window : QWidget {
         int unpainted = 0;  // pieces since the last time
         void paintEvent(QPaintEvent*) override { unpainted = 0; }
     } window;
     window.show();
     bench_.Wait(50);
+    const auto timer = bench_.NewTimer();
+    int ticks = 0;
+    timer->on_timer = [&] { ++ticks; };
+    timer->SetInterval(10);
+    timer->SetEnabled(true);
     int pieces = 0;
     int most_unpainted = 0;
     bench_.socket->on_data = [&] {
@@ -161,6 +166,39 @@ TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaint) {
     EXPECT_TRUE(Becomes(SocketState::Closing));
     sender.join();
     EXPECT_LT(most_unpainted, pieces / 4);
+    EXPECT_GE(ticks, 5);
+}
+
+// The second socket's handler blocks in the very turn that the due timer waited for.
+TEST_F(QtSocketTest, EverySocketGoesBeforeATimerHoweverLongTheOthersTake) {
+    QtSocketBench other;
+    ConnectAndAccept();
+    other.Connect();
+    other.Accept();
+    EXPECT_TRUE(bench_.RunUntil([&] { return other.socket->State() == SocketState::Connected; }));
+
+    std::string order;
+    const auto timer = bench_.NewTimer();
+    timer->SetInterval(20);
+    timer->on_timer = [&] {
+        order += " timer";
+        timer->SetEnabled(false);
+    };
+    in_data = [&] {
+        order += " " + received;
+        if (std::exchange(received, "") != "first") return;
+        timer->SetEnabled(true);
+        other.PeerSends("x");
+        bench_.Block(100);
+    };
+    other.socket->on_data = [&] {
+        order += " " + other.socket->GetData();
+        bench_.PeerSends("late");
+        bench_.Block(100);
+    };
+    bench_.PeerSends("first");
+    EXPECT_TRUE(bench_.RunUntil([&] { return order.ends_with("timer"); }));
+    EXPECT_EQ(order, " first x late timer");
 }
 
 TEST_F(QtSocketTest, WithoutMemoryForItsBytesAConnectionFails) {
@@ -172,5 +210,5 @@ TEST_F(QtSocketTest, WithoutMemoryForItsBytesAConnectionFails) {
     g_refused_from = SIZE_MAX;
     EXPECT_TRUE(failed);
     bench_.Settle();
-    EXPECT_TRUE(states.empty());
+    EXPECT_EQ(Events(), 1) << "the connecting only";
 }
