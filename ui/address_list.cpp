@@ -79,10 +79,18 @@ void AddressList::CopySelected() {
 }
 
 void AddressList::Refresh() {
-    const bool at_end = AtEnd();
-    model_->Update();
-    if (at_end) scrollToBottom();
+    // A list out of sight, as in a run without a window, costs nothing.
+    if (isVisible()) {
+        const bool at_end = AtEnd();
+        model_->Update();
+        if (at_end) scrollToBottom();
+    }
     emit Refreshed();
+}
+
+void AddressList::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    Refresh();
 }
 
 /// Whether the end is to be kept in view: nobody has scrolled away from it.

@@ -35,12 +35,13 @@ class AddressList : public QTableView {
     /// The selected row was double-clicked, opened from its menu, or Enter was pressed on it.
     void Activated();
 
-    /// The rows have changed on screen.
+    /// The items have changed, and the rows with them where they are in sight.
     void Refreshed();
 
   protected:
     void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

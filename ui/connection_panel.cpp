@@ -90,11 +90,11 @@ void ConnectionPanel::MakeRows() {
 }
 
 int ConnectionPanel::FullHeight() const {
-    return OnPixelGrid(Twips(kHeader) + crawl::kSlotCount * RowHeight() + 2 * frameWidth());
+    return OnPixelGrid(Twips(kHeader) + crawl::kSlotCount * RowHeight() + 2 * frameWidth() + 1);
 }
 
 int ConnectionPanel::LeastHeight() const {
-    return OnPixelGrid(Twips(kHeader) + kLeastRows * RowHeight() + 2 * frameWidth());
+    return OnPixelGrid(Twips(kHeader) + kLeastRows * RowHeight() + 2 * frameWidth() + 1);
 }
 
 void ConnectionPanel::SetStatus(int row, const std::string& text) {
@@ -131,8 +131,9 @@ void ConnectionPanel::resizeEvent(QResizeEvent* event) {
     connections_heading_->setGeometry(inside.left() + Twips(kStatusLeft), inside.top(),
                                       Twips(kHeadingWidth), heading_height);
     picture3_->setVisible(width() >= Twips(kLeastWidthForGraph));
-    scroller_->setGeometry(inside.left(), inside.top() + header, inside.width(),
-                           std::max(0, inside.height() - header));
+    // A pixel is left to the frame on each side: at 150 % it is more than one wide.
+    scroller_->setGeometry(inside.left() + 1, inside.top() + header, inside.width() - 2,
+                           std::max(0, inside.height() - header - 1));
     PlaceRows();
 }
 

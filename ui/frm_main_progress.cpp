@@ -28,7 +28,7 @@ void frmMain::CrawlEnds() {
 }
 
 void frmMain::ShowProgress() {
-    const bool running = !Command1Enabled();
+    const bool running = engine::CrawlIsRunning();
     picture2_->Show(!running  ? ActivityLight::State::Idle
                     : paused_ ? ActivityLight::State::Paused
                               : ActivityLight::State::Downloading);
@@ -47,7 +47,7 @@ int frmMain::OpenConnections() const {
 }
 
 QString frmMain::WordsOnProgress(std::int64_t done, std::int64_t known) const {
-    if (Command1Enabled()) {
+    if (!engine::CrawlIsRunning()) {
         return answered_ ? Count(done) + " files done"
                          : "No file came: http://" + text1_->text() +
                                " did not answer, or not to the end.";

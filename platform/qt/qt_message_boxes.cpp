@@ -1,12 +1,12 @@
 #include "platform/qt/qt_message_boxes.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
-#include <QTimer>
 
 #include "platform/qt/local_text.h"
 
@@ -30,16 +30,18 @@ QWidget* Owner() {
     return nullptr;
 }
 
-/// Shows a box until it is answered. When another program is in front, the box asks for attention
-/// and leaves the keyboard where it is.
-int Run(QDialog& box) {
-    if (QGuiApplication::applicationState() != Qt::ApplicationActive) {
-        box.setAttribute(Qt::WA_ShowWithoutActivating);
-        QTimer::singleShot(0, &box, [&box] {
-            QApplication::alert(box.parentWidget() != nullptr ? box.parentWidget() : &box);
-        });
-    }
-    return box.exec();
+/// Waits until the program is in front, asking for attention meanwhile: a box would take the
+/// keyboard from another program, and the next key typed there would answer it.
+void AwaitFront() {
+    QWidget* const owner = Owner();
+    if (owner == nullptr || QGuiApplication::applicationState() == Qt::ApplicationActive) return;
+    QApplication::alert(owner);
+    QEventLoop in_front;
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &in_front,
+                     [&in_front](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive) in_front.quit();
+                     });
+    in_front.exec();
 }
 
 }  // namespace
@@ -49,6 +51,7 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
     const bool asks = style == BoxStyle::InformationYesNo || style == BoxStyle::StopYesNo;
     const bool stops = style == BoxStyle::Stop || style == BoxStyle::StopYesNo;
 
+    AwaitFront();
     // On the heap and watched, since the window above it may be unloaded while it is open.
     const QPointer<QMessageBox> box(new QMessageBox(Owner()));
     box->setIcon(stops ? QMessageBox::Critical : QMessageBox::Information);
@@ -61,7 +64,7 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
         box->setDefaultButton(QMessageBox::Yes);
         box->setEscapeButton(QMessageBox::No);  // what closing the frame answers, too
     }
-    const int button = Run(*box);
+    const int button = box->exec();
     delete box.data();
     if (!asks) return BoxAnswer::Ok;
     return button == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
@@ -74,7 +77,7 @@ std::string QtMessageBoxes::InputBox(const std::string& prompt, const std::strin
     for (QLabel* label : box->findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     std::string text;
-    if (Run(*box) == QDialog::Accepted && box) text = ToBytes(box->textValue());
+    if (box->exec() == QDialog::Accepted && box) text = ToBytes(box->textValue());
     delete box.data();
     return text;
 }
