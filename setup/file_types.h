@@ -19,6 +19,13 @@ std::vector<std::string> ReadFileTypes();
 /// fault is passed over silently.
 bool MakeFirstFileTypesFile();
 
+/// The path text of the list's file.
+std::string FileTypesFile();
+
+/// Whether the list names a type that a file can have: a dot, and then printable characters without
+/// another dot.
+bool AnyFileTypeKnown();
+
 /// The wanted types for a crawl, each lower-cased, trimmed and wrapped in colons; "" without a
 /// file.
 std::string LoadFileTypes();
