@@ -22,16 +22,15 @@ def environment(home, **more):
 
 
 class Crawl:
-    """One unattended crawl, running from construction on. `limit` is a shell command to run before."""
+    """One unattended crawl, running from construction on; `under` is a command to run it under."""
 
-    def __init__(self, program, site, folder, *words, limit=":"):
+    def __init__(self, program, site, folder, *words, under=()):
         self.folder = Path(folder)
         self.output_file = program.parent / f"output-{time.monotonic_ns()}.txt"
         self.started, self.peak = time.monotonic(), 0
         with self.output_file.open("wb") as output:
             self.process = subprocess.Popen(
-                ["sh", "-c", limit + '; exec "$0" "$@"',
-                 program, "--site", site, "--folder", folder, *map(str, words)],
+                [*under, program, "--site", site, "--folder", folder, *map(str, words)],
                 env=environment(program.parent.parent / "home"), stdin=subprocess.DEVNULL,
                 stdout=output, stderr=subprocess.STDOUT)
 

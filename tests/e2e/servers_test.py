@@ -225,7 +225,7 @@ class LargeAnswers(unittest.TestCase):
 
         good = {b"good%d.html" % i: page(b"good") for i in range(20)}
         files, _, _ = self.crawl(good | {b"endless%d.zip" % i: endless for i in range(3)}, "--timeout", 2,
-                                 limit="ulimit -v 600000")
+                                 under=["prlimit", "--as=600000000"])
         self.assertEqual(sorted(files), sorted([*good, b"index.html"]))
 
     @staticmethod
