@@ -62,6 +62,32 @@ class Escapes(FaultTest):
         late = {b"/" + link for link in ESCAPES[len(CLIMBS):]}
         self.assertEqual(late - set(server.paths()), set(), "each was tried")
 
+    def test_files_of_the_user_in_the_folder_are_left_alone(self):
+        mine, answers = {}, {}
+        for kind, answer in ((b"told", page(b"harm")), (b"silent", silent)):
+            for name in (b".%src", b"%s.html", b"%s.tmp", b"other.test/%s.html", b"other.test/%s.tmp"):
+                mine[name % kind] = b"mine"
+                answers[b"/x.php?.html/.*./.*./" + (name % kind).removesuffix(b".tmp")] = answer
+        for path in map(os.fsdecode, mine):
+            (self.mirror / path).parent.mkdir(parents=True, exist_ok=True)
+            (self.mirror / path).write_text("mine")
+        links = [path[1:] + b"?" for path in answers]  # the "?" keeps each from being known
+        server = self.crawl(answers | {b"/": page(links_to(*links))}, "--connections", 24, "--timeout", 0.5)
+        self.assertEqual(set(server.paths()), {b"/", *answers}, "each was tried")
+        files = tree(self.mirror)
+        self.assertEqual({path: files.get(path) for path in mine}, mine)
+        added = [path for path in files.keys() - mine.keys() if not path.endswith(b"_.tmp")]
+        self.assertEqual(set(added), {HOME, b"_SearchData/example.test.txt", b"log.txt"})
+
+    def test_no_one_learns_which_files_lie_outside(self):
+        (self.folder / "there.html").write_text("a user's")
+        climbs = [b"../../", b"a/../../../", b".*./.*./", b"a/.*./.*./.*./", b"a.php?/.*./.*./.*./"]
+        links = [climb + name for climb in climbs for name in (b"there.html", b"missing.html")]
+        server = self.crawl({b"/": page(links_to(*links))}, "--timeout", 1)
+        asked = [path.replace(b"missing", b"there") for path in server.paths() if path != b"/"]
+        self.assertTrue(asked)
+        self.assertEqual({path: asked.count(path) % 2 for path in asked}, dict.fromkeys(asked, 0))
+
     def outside(self):
         """Everything of the test's folder but the mirror and the program's own lists; and the roots."""
         near = {path: data for path, data in tree(self.folder).items()
@@ -86,11 +112,19 @@ class ManyLinks(FaultTest):
         self.assertEqual(len(self.saved()), len(names) + 1)
         self.assertEqual(len(read(self.mirror / "log.txt").splitlines()), len(names))
 
+    def test_addresses_that_grow_for_ever(self):
+        class Anything(dict):
+            def get(self, *_):
+                return page(links_to(b"d" * 290 + b"/"))
+
+        server = self.crawl(Anything())
+        self.assertLess(len(server.requests), 20)
+
     def test_pages_that_lead_to_themselves(self):
         long_name = b"n" * 260 + b".html"
         refresh = b"<meta http-equiv=refresh content='0; url=http://www.example.test/%s'>"
         loops = [b"again.html", long_name, b"taken.html/inner.html", b"taken.html", b"other/taken.html",
-                 b"other/taken.html/inner.html", b"colon:.html", b"a\0b.html"]
+                 b"other/taken.html/inner.html", b"colon:.html", b"a\0b.html", b"index.php/5.html", b"index.php"]
         answers = {b"/": page(links_to(*loops))}
         for name in loops:
             own = name.rpartition(b"/")[2]
@@ -98,6 +132,7 @@ class ManyLinks(FaultTest):
         server = self.crawl(answers, "--connections", 4)
         for name in loops:
             self.assertLessEqual(server.paths().count(b"/" + name), 3, name)
+        self.assertIn(b"example.test/index.php.html", self.saved(), "a folder of that name is no file")
 
 
 class TargetFolder(FaultTest):
@@ -157,7 +192,8 @@ class ListFiles(FaultTest):
         for what, data in damaged.items():
             with self.subTest(damage=what):
                 (self.program.parent / "temp/filetypes.txt").write_bytes(data)
-                (self.program.parent / "filters.txt").write_bytes(data if what != "many lines" else b"zz\n" * 101)
+                filters = data if what != "many lines" else b"zz\n" * 101
+                (self.program.parent / "filters.txt").write_bytes(filters)
                 self.crawl(answers, folder=self.folder / what)
                 self.assertTrue((self.folder / what / "example.test/index.html").is_file())
 
