@@ -19,17 +19,6 @@ import private_network
 from program import copy_program, environment, tree
 from web import ScriptedServer, links_to, page
 
-ROWS = []
-
-
-def row(name, *words):
-    """Enters a function into the table. It gives whether all was well, and what was seen."""
-    def enter(function):
-        ROWS.append((name, lambda: function(*words)))
-        return function
-    return enter
-
-
 def silent(_, ending):
     ending.wait()
 
@@ -42,9 +31,13 @@ def count_good(crawl, count):
     return sum(crawl.saved(f"good{i}.html") == b"good %d\r\n" % i for i in range(count))
 
 
-def names(answers):
-    return [path[1:] for path in answers]
+def site_of(answers):
+    """The answers, and a start page that links to them all."""
+    return {b"/": page(links_to(*[path[1:] for path in answers])), **answers}
 
+
+# Each function below plays one row of the table at the end: it gives whether the program took it as it
+# should, and what was seen.
 
 # --- Memory ---------------------------------------------------------------------------------------
 
@@ -66,11 +59,6 @@ def is_whole(path, megabytes):
         return all(file.read(ONE_MB) == PART for _ in range(megabytes)) and file.read() == b"\r\n"
 
 
-@row("one file of 700 MB, timeout 5 s, another page busy for 40 s", 700, 5, 40)
-@row("one file of 700 MB, timeout 15 s, another page busy for 40 s", 700, 15, 40)
-@row("one file of 600 MB, timeout 15 s", 600, 15, 0)
-@row("one file of 400 MB, timeout 5 s, another page busy for 20 s", 400, 5, 20)
-@row("one file of 900 MB, timeout 3 s", 900, 3, 0)
 def large_file(megabytes, timeout, busy_seconds):
     def busy(connection, ending):
         connection.sendall(b"HTTP/1.0 200 OK\r\n\r\n")
@@ -78,9 +66,8 @@ def large_file(megabytes, timeout, busy_seconds):
             connection.sendall(b"busy ")
             ending.wait(1)
 
-    answers = {b"/": page(links_to(b"large.zip", b"busy.html")),
-               b"/large.zip": send_large(megabytes), b"/busy.html": busy}
-    with ScriptedServer(answers) as server:
+    answers = {b"/large.zip": send_large(megabytes), b"/busy.html": busy}
+    with ScriptedServer(site_of(answers)) as server:
         crawl = WatchedCrawl("--timeout", timeout)
         status = crawl.wait(400)
     path = crawl.mirror / HOST / "large.zip"
@@ -91,7 +78,6 @@ def large_file(megabytes, timeout, busy_seconds):
                                    f"asked for {server.paths().count(b'/large.zip')} times; {crawl.figures()}")
 
 
-@row("4 endless answers beside 200 pages, 24 connections")
 def endless_answers():
     def endless(connection, ending):
         connection.sendall(b"HTTP/1.0 200 OK\r\n\r\n")
@@ -100,7 +86,7 @@ def endless_answers():
 
     good = good_pages(200)
     answers = good | {b"/endless%d.zip" % i: endless for i in range(4)}
-    with ScriptedServer({b"/": page(links_to(*sorted(names(answers)))), **answers}):
+    with ScriptedServer(site_of(answers)):
         crawl = WatchedCrawl("--connections", 24, "--timeout", 5)
         status = crawl.wait(300)
     found = count_good(crawl, 200)
@@ -109,11 +95,10 @@ def endless_answers():
     return well, f"{found} of 200 pages, {len(left)} cut files; {crawl.figures()}"
 
 
-@row("an answer of 300 MB where the program may have 600 MB")
 def refused_memory():
     good = good_pages(50)
     answers = good | {b"/large.zip": send_large(300)}
-    with ScriptedServer({b"/": page(links_to(*names(answers))), **answers}):
+    with ScriptedServer(site_of(answers)):
         crawl = WatchedCrawl("--timeout", 3, under=["prlimit", "--as=600000000"])
         status = crawl.wait(120)
     found = count_good(crawl, 50)
@@ -124,7 +109,6 @@ def refused_memory():
 
 # --- Many links -----------------------------------------------------------------------------------
 
-@row("300 pages of 20,000 links, 24 connections, timeout 3 s")
 def many_links():
     pages = [b"page%d.html" % i for i in range(300)]
     body = page(links_to(*(pages * 67)[:20_000]))
@@ -136,8 +120,6 @@ def many_links():
     return well, f"{found} of 300 files, {len(server.requests)} requests; {crawl.figures()}"
 
 
-@row("every page links to a folder below its own, 290 characters a name", 290)
-@row("every page links to a folder below its own, 2 characters a name", 2)
 def growing_addresses(length):
     class Everywhere(dict):
         def get(self, path, _=None):
@@ -157,7 +139,6 @@ def growing_addresses(length):
 
 # --- Files ----------------------------------------------------------------------------------------
 
-@row("the user's files in the target folder, and names that lead to them")
 def users_files():
     scratch = private_network.scratch("users")
     answers = {}
@@ -168,7 +149,8 @@ def users_files():
             path.write_text("mine")
             answers[b"/x.php?.html/.*./.*./" + (name % kind).removesuffix(b".tmp")] = answer
     mine = tree(scratch / "mirror")
-    with ScriptedServer(answers | {b"/": page(links_to(*[path[1:] + b"?" for path in answers]))}):
+    links = [path[1:] + b"?" for path in answers]  # the "?" keeps each from being known
+    with ScriptedServer({b"/": page(links_to(*links)), **answers}):
         crawl = WatchedCrawl("--timeout", 1, "--connections", 24, scratch=scratch)
         status = crawl.wait(120)
     left = tree(crawl.mirror)
@@ -177,7 +159,6 @@ def users_files():
                                         f"{crawl.figures()}")
 
 
-@row("links to existing and to missing files outside the folder")
 def looks_outside():
     folder = private_network.scratch("outside")
     (folder / "there.html").write_text("a user's")
@@ -194,7 +175,6 @@ def looks_outside():
                                               f"{len(there)} that are there; {crawl.figures()}")
 
 
-@row('"index.php/article/5.html", then "index.php" and what it links to')
 def file_named_like_a_folder():
     answers = {b"/": page(links_to(b"next.html", b"index.php/article/5.html")),
                b"/index.php/article/5.html": page(b"five"), b"/next.html": page(links_to(b"index.php")),
@@ -207,123 +187,120 @@ def file_named_like_a_folder():
     return status == 0 and found == wanted, f"{len(found)} of 5 files; {crawl.figures()}"
 
 
-# --- Unattended -----------------------------------------------------------------------------------
+# --- The shell ------------------------------------------------------------------------------------
 
-def run(program, *words, seconds=20, **more):
-    """A run of the program to its end: exit status (None when it did not end), what it said."""
-    home = program.parent.parent / "home"
-    try:
-        done = subprocess.run([program, "--site", SITE, *map(str, words)], capture_output=True, text=True,
-                              timeout=seconds, check=False, env=environment(home, **more), stdin=subprocess.DEVNULL)
-    except subprocess.TimeoutExpired:
-        return None, ""
-    return done.returncode, (done.stdout + done.stderr).strip()
+def run(scratch, *words, other=page(b"b"), **more):
+    """Crawls two pages and a third that answers `other`: whether the two were saved, the exit status
+    (None for no end), and what was said.
+    """
+    command = [scratch / "program/vantorin", "--site", SITE, *words]
+    with ScriptedServer(site_of({b"/a.html": page(b"a"), b"/other.html": other})):
+        try:
+            done = subprocess.run(command, capture_output=True, text=True, timeout=20, check=False,
+                                  env=environment(scratch / "home", **more))
+        except subprocess.TimeoutExpired:
+            return False, None, "never ended"
+    both = (scratch / "mirror" / HOST / "a.html").is_file()
+    said = (done.stdout + done.stderr).strip()[:150]
+    return both, done.returncode, f"{'both' if both else 'not both'} pages, exit {done.returncode}: {said!r}"
 
 
-TWO_PAGES = {b"/": page(links_to(b"a.html")), b"/a.html": page(b"a")}
+def place(name):
+    """A scratch folder with a copy of the program."""
+    scratch = private_network.scratch(name)
+    copy_program(scratch / "program")
+    return scratch
 
 
-@row("home and program folder unwritable")
-def nowhere_to_keep_lists():
-    folder = private_network.scratch("unwritable")
-    program = copy_program(folder / "program")
-    environment(folder / "home")
+def unwritable_lists():
+    scratch = place("unwritable")
+    environment(scratch / "home")
     for name in ("program", "home"):
-        subprocess.run(["mount", "--bind", folder / name, folder / name], check=True)
-        subprocess.run(["mount", "-o", "remount,ro,bind", folder / name], check=True)
-    with ScriptedServer(TWO_PAGES):
-        status, said = run(program, "--folder", folder / "mirror")
+        subprocess.run(["mount", "--bind", scratch / name, scratch / name], check=True)
+        subprocess.run(["mount", "-o", "remount,ro,bind", scratch / name], check=True)
+    both, status, said = run(scratch, "--folder", scratch / "mirror")
     for name in ("program", "home"):
-        subprocess.run(["umount", folder / name], check=True)
-    both = (folder / "mirror" / HOST / "a.html").is_file()
-    return (status == 0) == both and status in (0, 1), f"exit {status}, {'both pages' if both else 'not both'}: {said!r}"
+        subprocess.run(["umount", scratch / name], check=True)
+    return status == (0 if both else 1), said
 
 
-@row("a damaged list of file types")
-def damaged_types():
-    folder = private_network.scratch("damaged")
-    program = copy_program(folder / "program")
-    (folder / "program/temp").mkdir()
-    (folder / "program/temp/filetypes.txt").write_bytes(bytes(1000))
-    with ScriptedServer(TWO_PAGES):
-        status, said = run(program, "--folder", folder / "mirror")
-    return status == 1, f"exit {status}: {said!r}"
+def damaged_list():
+    scratch = place("damaged")
+    (scratch / "program/temp").mkdir()
+    (scratch / "program/temp/filetypes.txt").write_bytes(bytes(1000))
+    _, status, said = run(scratch, "--folder", scratch / "mirror")
+    return status == 1, said
 
 
-@row("the output goes into a closed pipe")
+def no_display():
+    scratch = place("display")
+    both, status, said = run(scratch, "--folder", scratch / "mirror", QT_QPA_PLATFORM="xcb")
+    return both and status == 0, said
+
+
+def altered_folder_name():
+    scratch = place("altered")
+    _, status, said = run(scratch, "--folder", scratch / "www.mirror")
+    return status == 1 and not (scratch / "mirror").exists(), said
+
+
+def tiny_timeout():
+    scratch = place("tiny")
+    both, status, said = run(scratch, "--folder", scratch / "mirror", "--timeout", "0.0001", other=silent)
+    return status == 2 or (both and status == 0), said
+
+
+def crawl_into_pipe(writer):
+    """Starts a crawl of 100 pages, each of which comes late, whose output goes into a pipe."""
+    scratch = place("pipe")
+    process = subprocess.Popen([scratch / "program/vantorin", "--site", SITE, "--folder", scratch / "mirror"],
+                               stdout=writer, stderr=subprocess.STDOUT, env=environment(scratch / "home"))
+    os.close(writer)
+    return process, scratch / "mirror"
+
+
+def late(connection, ending):
+    ending.wait(0.1)
+    connection.sendall(page(b"late"))
+
+
+LATE_PAGES = site_of({b"/page%d.html" % i: late for i in range(100)})
+
+
 def closed_pipe():
-    answers = {b"/": page(links_to(*[b"page%d.html" % i for i in range(100)]))}
-    answers |= {b"/page%d.html" % i: lambda connection, ending: ending.wait(0.1) or connection.sendall(page(b"x"))
-                for i in range(100)}
-    folder = private_network.scratch("pipe")
-    program = copy_program(folder / "program")
-    with ScriptedServer(answers):
-        reader, writer = os.pipe()
-        process = subprocess.Popen([program, "--site", SITE, "--folder", folder / "mirror"], stdout=writer,
-                                   stderr=subprocess.STDOUT, env=environment(folder / "home"))
-        os.close(writer)
+    reader, writer = os.pipe()
+    with ScriptedServer(LATE_PAGES):
+        process, mirror = crawl_into_pipe(writer)
         os.read(reader, 10)
         os.close(reader)
         status = ended_within(process, 30)
-    left = [path for path in tree(folder / "mirror") if path.endswith(b".tmp")]
+    left = [path for path in tree(mirror) if path.endswith(b".tmp")]
     return status is not None and status >= 0 and not left, f"exit {status}, {len(left)} placeholders left"
 
 
-@row("the output goes into a pipe that nobody reads")
 def unread_pipe():
-    answers = {b"/": page(links_to(*[b"page%d.html" % i for i in range(100)]))}
-    answers |= {b"/page%d.html" % i: lambda connection, ending: ending.wait(0.1) or connection.sendall(page(b"x"))
-                for i in range(100)}
-    folder = private_network.scratch("unread")
-    program = copy_program(folder / "program")
-    with ScriptedServer(answers) as server:
-        reader, writer = os.pipe()
-        os.set_blocking(writer, False)
-        try:
-            while True:
-                os.write(writer, bytes(4096))
-        except BlockingIOError:
-            os.set_blocking(writer, True)
-        process = subprocess.Popen([program, "--site", SITE, "--folder", folder / "mirror"], stdout=writer,
-                                   stderr=subprocess.STDOUT, env=environment(folder / "home"))
-        os.close(writer)
+    reader, writer = os.pipe()
+    os.set_blocking(writer, False)
+    with contextlib.suppress(BlockingIOError):
+        while True:
+            os.write(writer, bytes(4096))
+    os.set_blocking(writer, True)
+    with ScriptedServer(LATE_PAGES) as server:
+        process, _ = crawl_into_pipe(writer)
         status = ended_within(process, 30)
-        os.close(reader)
-    return status == 0 and len(server.requests) == 101, f"exit {status}, {len(server.requests)} of 101 pages asked for"
+    os.close(reader)
+    asked, pages = len(server.requests), len(LATE_PAGES)
+    return status == 0 and asked == pages, f"exit {status}, {asked} of {pages} pages asked for"
 
 
 def ended_within(process, seconds):
+    """The exit status; None for a process that had to be killed."""
     try:
         return process.wait(seconds)
     except subprocess.TimeoutExpired:
         process.kill()
         process.wait()
         return None
-
-
-@row("QT_QPA_PLATFORM=xcb without a display")
-def no_display():
-    folder = private_network.scratch("xcb")
-    with ScriptedServer(TWO_PAGES):
-        status, said = run(copy_program(folder / "program"), "--folder", folder / "mirror", QT_QPA_PLATFORM="xcb")
-    return status == 0 and (folder / "mirror" / HOST / "a.html").is_file(), f"exit {status}: {said[:60]!r}"
-
-
-@row("--folder X/www.mirror")
-def altered_folder_name():
-    folder = private_network.scratch("www")
-    with ScriptedServer(TWO_PAGES):
-        status, said = run(copy_program(folder / "program"), "--folder", folder / "www.mirror")
-    beside = sorted(path.name for path in folder.iterdir() if path.name not in ("program", "home", "www.mirror"))
-    return status == 1 and not beside, f"exit {status}, beside it {beside}: {said[:80]!r}"
-
-
-@row("--timeout 0.0001 and a silent page")
-def tiny_timeout():
-    folder = private_network.scratch("tiny")
-    with ScriptedServer({b"/": page(links_to(b"silent.html")), b"/silent.html": silent}):
-        status, said = run(copy_program(folder / "program"), "--folder", folder / "mirror", "--timeout", "0.0001")
-    return status in (0, 2), f"exit {status}: {said[:80]!r}"
 
 
 # --- Look-ups -------------------------------------------------------------------------------------
@@ -340,7 +317,6 @@ def silent_name_server():
 DEAD = [b"http://dead%d.example.test/x.html" % i for i in range(20)]
 
 
-@row("20 names that the name server is silent about, beside 40 live ones")
 def dead_names():
     live = [b"live%d.example.test" % i for i in range(40)]
     with open("/etc/hosts", "ab") as hosts:
@@ -358,7 +334,6 @@ def dead_names():
     return found == 40 and took < 5, f"{found} of 40 live ones asked for after {took:.1f} s"
 
 
-@row("SIGTERM while the name server is silent")
 def ended_during_look_ups():
     with silent_name_server(), ScriptedServer({b"/": page(links_to(*DEAD))}):
         crawl = WatchedCrawl("--connections", 24)
@@ -370,15 +345,40 @@ def ended_during_look_ups():
     return gone < 1, f"gone after {gone:.1f} s, exit {status}"
 
 
+ROWS = [
+    ("one file of 700 MB, timeout 5 s, another page busy for 40 s", large_file, 700, 5, 40),
+    ("one file of 700 MB, timeout 15 s, another page busy for 40 s", large_file, 700, 15, 40),
+    ("one file of 600 MB, timeout 15 s", large_file, 600, 15, 0),
+    ("one file of 400 MB, timeout 5 s, another page busy for 20 s", large_file, 400, 5, 20),
+    ("one file of 900 MB, timeout 3 s", large_file, 900, 3, 0),
+    ("300 pages of 20,000 links, 24 connections, timeout 3 s", many_links),
+    ("4 endless answers beside 200 pages, 24 connections", endless_answers),
+    ("an answer of 300 MB where the program may have 600 MB", refused_memory),
+    ("the user's files in the target folder, and names that lead to them", users_files),
+    ("links to existing and to missing files outside the folder", looks_outside),
+    ("every page links to a folder below its own, 290 characters a name", growing_addresses, 290),
+    ("every page links to a folder below its own, 2 characters a name", growing_addresses, 2),
+    ('"index.php/article/5.html", then "index.php" and what it links to', file_named_like_a_folder),
+    ("home and program folder unwritable", unwritable_lists),
+    ("a damaged list of file types", damaged_list),
+    ("20 names that the name server is silent about, beside 40 live ones", dead_names),
+    ("SIGTERM while the name server is silent", ended_during_look_ups),
+    ("the output goes into a closed pipe", closed_pipe),
+    ("the output goes into a pipe that nobody reads", unread_pipe),
+    ("QT_QPA_PLATFORM=xcb without a display", no_display),
+    ("--folder X/www.mirror", altered_folder_name),
+    ("--timeout 0.0001 and a silent page", tiny_timeout),
+]
+
+
 def main():
-    wanted = [(name, function) for name, function in ROWS
-              if not sys.argv[1:] or any(part in name for part in sys.argv[1:])]
+    wanted = [row for row in ROWS if not sys.argv[1:] or any(part in row[0] for part in sys.argv[1:])]
     print("| what was done | well | what was seen |\n|---|---|---|", flush=True)
     failed = 0
-    for name, function in wanted:
-        well, seen = function()
+    for name, function, *words in wanted:
+        well, seen = function(*words)
         failed += not well
-        print(f"| {name} | {'yes' if well else 'NO'} | {seen.replace(chr(10), ' ')} |", flush=True)
+        print(f"| {name} | {'yes' if well else 'NO'} | {seen} |", flush=True)
     sys.exit(failed > 0)
 
 

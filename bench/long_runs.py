@@ -143,7 +143,8 @@ def killed():
     return well
 
 
-RUNS = {"level": level, "valgrind": valgrind, "full-disk": full_disk, "folder-gone": folder_gone, "killed": killed}
+RUNS = {"level": level, "valgrind": valgrind, "full-disk": full_disk, "folder-gone": folder_gone,
+        "killed": killed}
 
 
 def main():

@@ -124,7 +124,8 @@ class ManyLinks(FaultTest):
         long_name = b"n" * 260 + b".html"
         refresh = b"<meta http-equiv=refresh content='0; url=http://www.example.test/%s'>"
         loops = [b"again.html", long_name, b"taken.html/inner.html", b"taken.html", b"other/taken.html",
-                 b"other/taken.html/inner.html", b"colon:.html", b"a\0b.html", b"index.php/5.html", b"index.php"]
+                 b"other/taken.html/inner.html", b"colon:.html", b"a\0b.html", b"index.php/5.html",
+                 b"index.php"]
         answers = {b"/": page(links_to(*loops))}
         for name in loops:
             own = name.rpartition(b"/")[2]
