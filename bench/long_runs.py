@@ -53,6 +53,7 @@ def level():
         since, before = time.monotonic(), 0
         while crawl.process.poll() is None:
             time.sleep(0.1)
+            crawl.peak = max(crawl.peak, crawl.memory("VmHWM:"))
             done = len(server.requests)
             if done >= before + count // 10:
                 now = time.monotonic()
@@ -60,7 +61,6 @@ def level():
                 print(f"| {done} | {(done - before) / (now - since):.1f} | "
                       f"{crawl.memory('VmRSS:') / ONE_MB:.0f} MB | {handles} |", flush=True)
                 since, before = now, done
-        crawl.wait()
     files = sum(len(names) for _, _, names in os.walk(crawl.mirror / HOST))
     print(f"{files} files, {len(server.requests)} requests; {crawl.figures()}")
     return crawl.process.returncode == 0 and files == count + 1
