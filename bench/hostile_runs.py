@@ -8,7 +8,6 @@ ten minutes and 2 GB of disk in $TMPDIR. The small forms of these rows run in te
 
 import contextlib
 import os
-import socket
 import subprocess
 import sys
 import time
@@ -305,15 +304,6 @@ def ended_within(process, seconds):
 
 # --- Look-ups -------------------------------------------------------------------------------------
 
-@contextlib.contextmanager
-def silent_name_server():
-    with open("/etc/resolv.conf", "w") as settings:
-        settings.write("nameserver 127.0.0.1\n")
-    with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as name_server:
-        name_server.bind(("127.0.0.1", 53))
-        yield
-
-
 DEAD = [b"http://dead%d.example.test/x.html" % i for i in range(20)]
 
 
@@ -323,7 +313,7 @@ def dead_names():
         hosts.write(b"127.0.0.1 " + b" ".join(live) + b"\n")
     links = [b"http://%s/x.html" % name for name in live] + DEAD
     answers = {b"/": page(links_to(*links)), b"/x.html": page(b"x")}
-    with silent_name_server(), ScriptedServer(answers) as server:
+    with private_network.silent_name_server(), ScriptedServer(answers) as server:
         crawl = WatchedCrawl("--connections", 24)
         while server.paths().count(b"/x.html") < 40 and time.monotonic() < crawl.started + 60:
             time.sleep(0.02)
@@ -335,7 +325,7 @@ def dead_names():
 
 
 def ended_during_look_ups():
-    with silent_name_server(), ScriptedServer({b"/": page(links_to(*DEAD))}):
+    with private_network.silent_name_server(), ScriptedServer({b"/": page(links_to(*DEAD))}):
         crawl = WatchedCrawl("--connections", 24)
         time.sleep(2)
         crawl.process.terminate()

@@ -21,6 +21,7 @@ class WatchedCrawl(Crawl):
     def __init__(self, *words, scratch=None, under=()):
         self.scratch = scratch or private_network.scratch("crawl")
         self.mirror = self.scratch / "mirror"
+        self.started = time.monotonic()
         super().__init__(copy_program(self.scratch / "program"), SITE, self.mirror, *words, under=under)
 
     def saved(self, name):

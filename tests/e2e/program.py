@@ -27,7 +27,7 @@ class Crawl:
     def __init__(self, program, site, folder, *words, under=()):
         self.folder = Path(folder)
         self.output_file = program.parent / f"output-{time.monotonic_ns()}.txt"
-        self.started, self.peak = time.monotonic(), 0
+        self.peak = 0
         with self.output_file.open("wb") as output:
             self.process = subprocess.Popen(
                 [*under, program, "--site", site, "--folder", folder, *map(str, words)],
@@ -39,9 +39,10 @@ class Crawl:
 
         Notes in `peak` the most memory that was held, in bytes.
         """
+        deadline = time.monotonic() + seconds
         while self.process.poll() is None:
             self.peak = max(self.peak, self.memory("VmHWM:"))
-            if time.monotonic() > self.started + seconds or self.peak > most_memory:
+            if time.monotonic() > deadline or self.peak > most_memory:
                 self.process.kill()
                 self.process.wait()
                 return None

@@ -1,6 +1,8 @@
 """A table of how servers behave: what came whole is saved, what did not is asked for three times."""
 
 import contextlib
+import os
+import signal
 import socket
 import struct
 import time
@@ -8,7 +10,7 @@ import unittest
 from collections import Counter
 
 import private_network
-from program import Crawl, copy_program, tree
+from program import Crawl, copy_program, tree, wait_until
 from site_model import SiteModel
 from web import ScriptedServer, links_to, page
 
@@ -217,6 +219,7 @@ class LargeAnswers(unittest.TestCase):
         self.assertTrue(files[b"large.zip"] == PART * self.SIZE + b"\r\n")
         self.assertLess(peak, 2.7 * len(files[b"large.zip"]))
 
+    @unittest.skipIf("sanitize" in os.environ["VANTORIN_PROGRAM"], "the sanitizers need all the address space")
     def test_answers_for_which_there_is_no_memory(self):
         def endless(connection, ending):
             connection.sendall(page(b""))
@@ -243,6 +246,21 @@ class LargeAnswers(unittest.TestCase):
             self.assertEqual(crawl.wait(60), 0, crawl.output())
         files = tree(folder / "mirror/example.test")
         return files, crawl.peak, server
+
+
+class SilentNameServer(unittest.TestCase):
+    def test_other_names_are_looked_up_meanwhile_and_the_program_ends_at_once(self):
+        dead = [b"http://dead%d.example.test/x.html" % i for i in range(20)]
+        live = [b"/example.test/%d.html" % i for i in range(20)]
+        links = links_to(*[b"http://www.second.test" + path for path in live], *dead)
+        folder = private_network.scratch("names")
+        with private_network.silent_name_server(), ScriptedServer({b"/": page(links)}) as server:
+            crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror", "--connections", 24)
+            try:
+                wait_until(lambda: set(live) <= set(server.paths()), seconds=5, what="each live name's turn")
+            finally:
+                crawl.process.terminate()
+            self.assertEqual(crawl.wait(1), 128 + signal.SIGTERM)
 
 
 if __name__ == "__main__":
