@@ -3,6 +3,7 @@
 BUILD_PACKAGES=(
     cmake
     g++
+    libc-ares-dev
     ninja-build
     qt6-base-dev
 )
