@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -41,7 +42,7 @@ class ConsumableText {
 
     void Append(std::string_view more) {
         const std::size_t needed = bytes_.size() + more.size();
-        if (needed > bytes_.capacity() && needed > kLarge) GrowTo(needed + needed / 4);
+        if (needed > bytes_.capacity() && needed > kLarge) GrowFor(needed);
         bytes_.append(more);
     }
 
@@ -65,6 +66,21 @@ class ConsumableText {
   private:
     /// From here on a text grows by a quarter: the next doubling might be more than there is.
     static constexpr std::size_t kLarge = std::size_t{16} << 20;
+
+    /// Growing holds the old text beside the new one for a moment. A text of this size therefore
+    /// grows only once more: room that is not written to takes no memory yet.
+    static constexpr std::size_t kHuge = std::size_t{512} << 20;
+    static constexpr std::size_t kRoomForHuge = std::size_t{1} << 31;
+
+    void GrowFor(std::size_t needed) {
+        const std::size_t quarter_more = needed + needed / 4;
+        if (needed < kHuge || needed > kRoomForHuge) return GrowTo(quarter_more);
+        try {
+            GrowTo(kRoomForHuge);
+        } catch (const std::bad_alloc&) {  // where even room has to be paid for
+            GrowTo(quarter_more);
+        }
+    }
 
     /// A string doubles when it is asked to reserve more, so a fresh one is filled.
     void GrowTo(std::size_t capacity) {

@@ -1,28 +1,20 @@
-"""Servers, pages, disks and list files at their worst: the crawl goes on, and ends."""
+"""Pages, folders, disks and list files at their worst: the crawl goes on, and ends."""
 
 import functools
-import hashlib
 import os
 import random
 import shutil
 import signal
-import socket
-import struct
 import subprocess
 import time
 import unittest
 
 import private_network
 from program import Crawl, copy_program, read, tree, wait_until
-from site_model import SiteModel
-from web import NOT_FOUND, ScriptedServer, page
+from web import ScriptedServer, links_to, page
 
 START = "www.example.test"
 HOME = b"example.test/index.html"
-
-
-def links_to(*targets):
-    return b"<html>" + b"".join(b"<a href='%s'>x</a>\n" % target for target in targets) + b"</html>"
 
 
 class FaultTest(unittest.TestCase):
@@ -49,113 +41,8 @@ class FaultTest(unittest.TestCase):
         return {path: data for path, data in tree(self.mirror).items() if path.startswith(b"example.test/")}
 
 
-ODD_ANSWERS = {
-    b"garbage.html": bytes(range(256)) * 40,
-    b"header_only.html": b"HTTP/1.0 200 OK\r\nContent-Length: 0\r\n\r\n",
-    b"unfinished_header.html": b"HTTP/1.0 200 OK\r\nContent-Type: text/ht",
-    b"no_header.html": b"<html><body>Nothing before this.</body></html>",
-    b"two_bytes.html": b"ab",
-    b"wrong_length.html": b"HTTP/1.0 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\nshort",
-    b"bare_lines.html": b"HTTP/1.0 200 OK\n\n<html>\n<a href='a.html'>\r</html>",
-    b"nul.html": page(b"<html>\0\0<a href='a\0b.html'>\0</a>\0</html>"),
-    b"nul.gif": page(bytes(1000), "image/gif"),
-    b"long_line.html": page(b"<p>" + b"word " * 2_000_000 + b"</p>"),
-    b"long_link.html": page(links_to(b"y" * 100_000)),
-    b"deep.html": page(b"<div>" * 200_000 + b"deep"),
-    b"open.html": page(b"<a href='" + b"<b title=\"" * 1000 + b"<!--"),
-}
-
-
-class OddAnswers(FaultTest):
-    def test_each_is_saved_as_the_rules_say(self):
-        answers = {b"/": page(links_to(*ODD_ANSWERS, b"a.html"))}
-        answers |= {b"/" + name: answer for name, answer in ODD_ANSWERS.items()}
-        model = SiteModel(START.encode(), lambda _, path: answers.get(path, NOT_FOUND))
-        self.crawl(answers, "--connections", 24)
-        files = self.saved()
-        expected = {path: data for path, data in model.files.items() if b"\0" not in path}
-        self.assertEqual(sorted(files), sorted(expected))
-        for path, data in expected.items():
-            self.assertTrue(files[path] == data, path)
-
-    def test_an_answer_of_300_mb(self):
-        part, parts = bytes(range(256)) * 4096, 300
-        size = len(part) * parts
-
-        def send_it(connection, _):
-            connection.sendall(b"HTTP/1.0 200 OK\r\nContent-Length: %d\r\n\r\n" % size)
-            for _ in range(parts):
-                connection.sendall(part)
-
-        with ScriptedServer({b"/": page(links_to(b"big.zip")), b"/big.zip": send_it}):
-            crawl = self.start()
-            memory, started = 0, time.monotonic()
-            while crawl.process.poll() is None and time.monotonic() < started + 120:
-                memory = max(memory, crawl.peak_memory())
-                time.sleep(0.02)
-            self.assertEqual(crawl.wait(0), 0, crawl.output())
-        print(f"300 MB: {time.monotonic() - started:.1f} s, {memory / size:.2f} times its size in memory")
-        self.assertLess(memory, 3 * size)
-        expected = hashlib.sha256()
-        for _ in range(parts):
-            expected.update(part)
-        expected.update(b"\r\n")
-        with open(self.mirror / "example.test/big.zip", "rb") as file:
-            self.assertEqual(hashlib.file_digest(file, "sha256").digest(), expected.digest())
-
-
 def silent(_, ending):
     ending.wait()
-
-
-def never_closing(connection, ending):
-    connection.sendall(page(b"whole, but nobody says so"))
-    ending.wait()
-
-
-def hangs_up(connection, _):
-    connection.close()
-
-
-def resets(connection, _):
-    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
-    connection.close()
-
-
-def resets_within(connection, ending):
-    connection.sendall(page(b"x" * 5000)[:3000])
-    time.sleep(0.2)  # the first part is to arrive before the reset
-    resets(connection, ending)
-
-
-def drips(connection, _):
-    connection.sendall(b"\r\n\r\n")
-    for byte in b"drop":
-        time.sleep(1)  # the fault itself
-        connection.sendall(bytes([byte]))
-
-
-NEVER_ENDING = {b"silent.html": silent, b"never_closing.html": never_closing, b"hangs_up.html": hangs_up,
-                b"resets.html": resets, b"resets_within.html": resets_within}
-UNREACHABLE = [b"http://refused.example.test/x.html", b"http://nowhere.example.test/x.html"]
-
-
-class BadConnections(FaultTest):
-    def test_the_rest_is_downloaded(self):
-        good = [b"good%d.html" % i for i in range(20)]
-        answers = {b"/": page(links_to(*good[:10], *NEVER_ENDING, *UNREACHABLE, b"drips.html", *good[10:])),
-                   b"/drips.html": drips}
-        answers |= {b"/" + name: page(name) for name in good}
-        answers |= {b"/" + name: fault for name, fault in NEVER_ENDING.items()}
-        server = self.crawl(answers, "--connections", 24, "--timeout", 2)
-        files = tree(self.mirror)
-        for name in good:
-            self.assertEqual(files.pop(b"example.test/" + name), name + b"\r\n")
-        self.assertEqual(files.pop(b"example.test/drips.html"), b"drop\r\n")
-        rest = {path for path in files if not path.startswith(b"_SearchData/")}
-        self.assertEqual(rest, {HOME, b"log.txt"})
-        for name in NEVER_ENDING:
-            self.assertEqual(server.paths().count(b"/" + name), 3, name)
 
 
 # Names are cleaned late, so ".*./" and its like become "../" after every test for that.
@@ -182,6 +69,32 @@ class Escapes(FaultTest):
         late = {b"/" + link for link in ESCAPES[len(CLIMBS):]}
         self.assertEqual(late - set(server.paths()), set(), "each was tried")
 
+    def test_files_of_the_user_in_the_folder_are_left_alone(self):
+        mine, answers = {}, {}
+        for kind, answer in ((b"told", page(b"harm")), (b"silent", silent)):
+            for name in (b".%src", b"%s.html", b"%s.tmp", b"other.test/%s.html", b"other.test/%s.tmp"):
+                mine[name % kind] = b"mine"
+                answers[b"/x.php?.html/.*./.*./" + (name % kind).removesuffix(b".tmp")] = answer
+        for path in map(os.fsdecode, mine):
+            (self.mirror / path).parent.mkdir(parents=True, exist_ok=True)
+            (self.mirror / path).write_text("mine")
+        links = [path[1:] + b"?" for path in answers]  # the "?" keeps each from being known
+        server = self.crawl(answers | {b"/": page(links_to(*links))}, "--connections", 24, "--timeout", 0.5)
+        self.assertEqual(set(server.paths()), {b"/", *answers}, "each was tried")
+        files = tree(self.mirror)
+        self.assertEqual({path: files.get(path) for path in mine}, mine)
+        added = [path for path in files.keys() - mine.keys() if not path.endswith(b"_.tmp")]
+        self.assertEqual(set(added), {HOME, b"_SearchData/example.test.txt", b"log.txt"})
+
+    def test_no_one_learns_which_files_lie_outside(self):
+        (self.folder / "there.html").write_text("a user's")
+        climbs = [b"../../", b"a/../../../", b".*./.*./", b"a/.*./.*./.*./", b"a.php?/.*./.*./.*./"]
+        links = [climb + name for climb in climbs for name in (b"there.html", b"missing.html")]
+        server = self.crawl({b"/": page(links_to(*links))}, "--timeout", 1)
+        asked = [path.replace(b"missing", b"there") for path in server.paths() if path != b"/"]
+        self.assertTrue(asked)
+        self.assertEqual({path: asked.count(path) % 2 for path in asked}, dict.fromkeys(asked, 0))
+
     def outside(self):
         """Everything of the test's folder but the mirror and the program's own lists; and the roots."""
         near = {path: data for path, data in tree(self.folder).items()
@@ -199,6 +112,14 @@ class ManyLinks(FaultTest):
         server = self.crawl(answers)
         self.assertEqual(sorted(server.paths()), [b"/", b"/known.html"])
 
+    def test_pages_that_keep_the_program_busy_for_longer_than_the_timeout(self):
+        names = [b"page%d.html" % i for i in range(30)]
+        body = page(links_to(*(names * 250)))
+        answers = {path: body for path in (b"/", *(b"/" + name for name in names))}
+        server = self.crawl(answers, "--connections", 24, "--timeout", 0.5)
+        self.assertEqual(len(self.saved()), len(answers))
+        self.assertLessEqual(len(server.requests), 1.1 * len(answers))
+
     def test_each_of_many_files_is_asked_for_once(self):
         names = [b"dir%d/file%d.html" % (i % 7, i) for i in range(600)]
         server = self.crawl({b"/": page(links_to(*names, *names))}, "--connections", 24)
@@ -206,11 +127,20 @@ class ManyLinks(FaultTest):
         self.assertEqual(len(self.saved()), len(names) + 1)
         self.assertEqual(len(read(self.mirror / "log.txt").splitlines()), len(names))
 
+    def test_addresses_that_grow_for_ever(self):
+        class Anything(dict):
+            def get(self, *_):
+                return page(links_to(b"d" * 290 + b"/"))
+
+        server = self.crawl(Anything())
+        self.assertLess(len(server.requests), 20)
+
     def test_pages_that_lead_to_themselves(self):
         long_name = b"n" * 260 + b".html"
         refresh = b"<meta http-equiv=refresh content='0; url=http://www.example.test/%s'>"
         loops = [b"again.html", long_name, b"taken.html/inner.html", b"taken.html", b"other/taken.html",
-                 b"other/taken.html/inner.html", b"colon:.html", b"a\0b.html"]
+                 b"other/taken.html/inner.html", b"colon:.html", b"a\0b.html", b"index.php/5.html",
+                 b"index.php"]
         answers = {b"/": page(links_to(*loops))}
         for name in loops:
             own = name.rpartition(b"/")[2]
@@ -218,6 +148,7 @@ class ManyLinks(FaultTest):
         server = self.crawl(answers, "--connections", 4)
         for name in loops:
             self.assertLessEqual(server.paths().count(b"/" + name), 3, name)
+        self.assertIn(b"example.test/index.php.html", self.saved(), "a folder of that name is no file")
 
 
 class TargetFolder(FaultTest):
@@ -277,7 +208,8 @@ class ListFiles(FaultTest):
         for what, data in damaged.items():
             with self.subTest(damage=what):
                 (self.program.parent / "temp/filetypes.txt").write_bytes(data)
-                (self.program.parent / "filters.txt").write_bytes(data if what != "many lines" else b"zz\n" * 101)
+                filters = data if what != "many lines" else b"zz\n" * 101
+                (self.program.parent / "filters.txt").write_bytes(filters)
                 if what == "many lines":
                     self.crawl(answers)
                     self.assertIn(HOME, self.saved())

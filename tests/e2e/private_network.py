@@ -6,9 +6,11 @@ with it. Where the machine forbids that, the test counts as skipped.
 """
 
 import atexit
+import contextlib
 import itertools
 import os
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
@@ -26,6 +28,7 @@ WAYS_IN = [
 
 NAMES = """\
 127.0.0.1 localhost www.example.test example.test www.second.test www.third.test other.test
+127.0.0.8 full.example.test
 127.0.0.9 refused.example.test
 """
 
@@ -67,6 +70,18 @@ def prepare(folder):
         if Path(path).exists():
             subprocess.run(["mount", "--bind", ours, os.path.realpath(path)], check=True)
     subprocess.run(["ip", "link", "set", "lo", "up"], check=True)
+
+
+@contextlib.contextmanager
+def silent_name_server():
+    """A name server that hears and never answers, and that nobody gives up soon."""
+    settings = Path("/etc/resolv.conf")
+    before = settings.read_text()
+    settings.write_text("nameserver 127.0.0.1\n")
+    with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as server:
+        server.bind(("127.0.0.1", 53))
+        yield
+    settings.write_text(before)
 
 
 def scratch(name, numbers=itertools.count(1)):

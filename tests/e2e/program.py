@@ -22,38 +22,45 @@ def environment(home, **more):
 
 
 class Crawl:
-    """One unattended crawl, running from construction on."""
+    """One unattended crawl, running from construction on; `under` is a command to run it under."""
 
-    def __init__(self, program, site, folder, *words, output=None, before=None, **variables):
+    def __init__(self, program, site, folder, *words, under=(), output=None, before=None, **variables):
         """`output` takes the place of the file that `output()` reads; `before` is called in the new
         process, and `variables` join its environment."""
         self.folder = Path(folder)
         self.output_file = program.parent / f"output-{time.monotonic_ns()}.txt"
+        self.peak = 0
         with self.output_file.open("wb") as file:
             self.process = subprocess.Popen(
-                [program, "--site", site, "--folder", folder, *map(str, words)],
+                [*under, program, "--site", site, "--folder", folder, *map(str, words)],
                 env=environment(program.parent.parent / "home", **variables), preexec_fn=before,
                 stdin=subprocess.DEVNULL, stdout=output or file, stderr=subprocess.STDOUT)
 
-    def wait(self, seconds=120):
-        """The exit status; a crawl that does not end in time is killed and counts as status None."""
-        try:
-            return self.process.wait(seconds)
-        except subprocess.TimeoutExpired:
-            self.process.kill()
-            self.process.wait()
-            return None
+    def wait(self, seconds=120, most_memory=4 << 30):
+        """The exit status; a crawl that takes more time or memory is killed and counts as status None.
+
+        Notes in `peak` the most memory that was held, in bytes.
+        """
+        deadline = time.monotonic() + seconds
+        while self.process.poll() is None:
+            self.peak = max(self.peak, self.memory("VmHWM:"))
+            if time.monotonic() > deadline or self.peak > most_memory:
+                self.process.kill()
+                self.process.wait()
+                return None
+            time.sleep(0.02)
+        return self.process.returncode
 
     def output(self):
         return self.output_file.read_text(errors="replace")
 
-    def peak_memory(self):
-        """The most memory the running program held so far, in bytes; 0 when it has ended."""
+    def memory(self, kind):
+        """What the system says of the running program's memory, in bytes; 0 when it has ended."""
         try:
             status = Path(f"/proc/{self.process.pid}/status").read_text()
         except OSError:
             return 0
-        lines = [line for line in status.splitlines() if line.startswith("VmHWM:")]
+        lines = [line for line in status.splitlines() if line.startswith(kind)]
         return int(lines[0].split()[1]) * 1024 if lines else 0
 
 

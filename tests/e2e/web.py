@@ -68,6 +68,10 @@ def page(body, kind="text/html"):
     return f"HTTP/1.0 200 OK\r\nContent-Type: {kind}\r\nContent-Length: {len(body)}\r\n\r\n".encode() + body
 
 
+def links_to(*targets):
+    return b"<html>" + b"".join(b"<a href='%s'>x</a>\n" % target for target in targets) + b"</html>"
+
+
 NOT_FOUND = b"HTTP/1.0 404 Not Found\r\nContent-Length: 8\r\n\r\nnot here"
 
 

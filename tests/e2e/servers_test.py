@@ -1,0 +1,268 @@
+"""A table of how servers behave: what came whole is saved, what did not is asked for three times."""
+
+import contextlib
+import os
+import signal
+import socket
+import struct
+import time
+import unittest
+from collections import Counter
+
+import private_network
+from program import Crawl, copy_program, tree, wait_until
+from site_model import SiteModel
+from web import ScriptedServer, links_to, page
+
+SITE = b"www.example.test"
+TIMEOUT = 1.5  # seconds; no server below that answers at all pauses for more than a third of it
+
+
+def sends(*parts, pause=0.05):
+    """Sends one part after the other, each as a packet of its own."""
+    def send(connection, _):
+        connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+        for i, part in enumerate(parts):
+            time.sleep(pause if i else 0)
+            connection.sendall(part)
+    return send
+
+
+def then(send, end):
+    """Sends as `send` does and goes on with `end`."""
+    def both(connection, ending):
+        send(connection, ending)
+        end(connection, ending)
+    return both
+
+
+def waits(_, ending):
+    ending.wait()
+
+
+def waits_a_moment(_, ending):
+    ending.wait(TIMEOUT / 3)
+
+
+def closes(connection, _):
+    connection.close()
+
+
+def ends_its_side(connection, ending):
+    connection.shutdown(socket.SHUT_WR)
+    ending.wait()
+
+
+def resets(connection, ending):
+    ending.wait(0.2)  # what was sent is to arrive before the reset
+    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+    connection.close()
+
+
+def sends_urgent(connection, _):
+    connection.send(b"!", socket.MSG_OOB)
+
+
+def fills_small_packets(connection, _):
+    connection.setsockopt(socket.SOL_SOCKET, socket.SO_SNDBUF, 4096)
+    connection.sendall(LONG)
+
+
+ANSWER = page(b"<p>some\ntext</p>")
+PART = bytes(range(256)) * 4096
+BODY_AT = ANSWER.index(b"\r\n\r\n") + 4
+LONG = page(b"<p>" + b"word " * 300_000 + b"</p>")
+
+
+def header(*lines, body=b"text"):
+    return b"".join(line + b"\r\n" for line in lines) + b"\r\n" + body
+
+
+# What comes, when the server ends its side after it.
+ANSWERS = {
+    "plain": ANSWER, "empty_body": page(b""), "long": LONG, "nul": page(b"\0<a href='a\0b.html'>\0</a>\0"),
+    "no_header": b"<html><body>Nothing before this.</body></html>", "garbage": bytes(range(256)) * 40,
+    "bare_lines": b"HTTP/1.0 200 OK\n\n<html>\n<p>\r</html>", "blank_first": b"\r\n\r\n" + ANSWER,
+    "length_short": header(b"HTTP/1.0 200 OK", b"Content-Length: 2"),
+    "length_long": header(b"HTTP/1.0 200 OK", b"Content-Length: 99999"),
+    "length_huge": header(b"HTTP/1.0 200 OK", b"Content-Length: 99999999999999999999"),
+    "length_negative": header(b"HTTP/1.0 200 OK", b"Content-Length: -4"),
+    "two_answers": ANSWER + ANSWER, "continue": header(b"HTTP/1.1 100 Continue", body=ANSWER),
+    "chunked": header(b"HTTP/1.1 200 OK", b"Transfer-Encoding: chunked", body=b"4\r\ntext\r\n0\r\n\r\n"),
+    "redirect": header(b"HTTP/1.0 301 Moved", b"Location: http://www.example.test/elsewhere.html"),
+    "missing": header(b"HTTP/1.0 404 Not Found"), "broken": header(b"HTTP/1.0 500 Internal Server Error"),
+    "long_header": header(b"HTTP/1.0 200 OK", b"X: " + b"x" * 2_000_000),
+    "many_headers": header(b"HTTP/1.0 200 OK", *[b"X-%d: x" % i for i in range(20_000)]),
+    "long_link": page(links_to(b"y" * 100_000)), "deep": page(b"<div>" * 100_000 + b"deep"),
+    "unclosed": page(b"<a href='" + b"<b title=\"" * 1000 + b"<!--"), "picture": page(bytes(1000), "image/gif"),
+}
+ANSWERS |= {f"cut_at_{at}": ANSWER[:at] for at in (1, 2, 3, 9, BODY_AT - 3, BODY_AT - 1, BODY_AT, BODY_AT + 1)}
+
+# The same when it comes in another way: what comes, and how.
+WAYS = {
+    "closes": (ANSWER, then(sends(ANSWER), closes)),
+    "closes_late": (ANSWER, then(sends(ANSWER), waits_a_moment)),
+    "ends_its_side": (ANSWER, then(sends(ANSWER), ends_its_side)),
+    "answers_late": (ANSWER, then(waits_a_moment, sends(ANSWER))),
+    "byte_by_byte": (ANSWER, sends(*(ANSWER[i:i + 1] for i in range(len(ANSWER))), pause=0.003)),
+    "drips": (page(b"") + b"drop", sends(page(b""), b"d", b"r", b"o", b"p", pause=TIMEOUT / 3)),
+    "urgent_first": (ANSWER, then(sends_urgent, sends(ANSWER))),
+    "urgent_last": (ANSWER, then(sends(ANSWER), sends_urgent)),
+    "urgent_within": (ANSWER, then(then(sends(ANSWER[:40]), sends_urgent), sends(ANSWER[40:]))),
+    "small_packets": (LONG, fills_small_packets),
+}
+WAYS |= {f"split_at_{at}": (ANSWER, sends(ANSWER[:at], ANSWER[at:]))
+         for at in (1, 4, 30, *range(BODY_AT - 4, BODY_AT + 2))}
+
+# No end in sight, or a bad one: never saved.
+FAULTS = {
+    "silent": waits, "closes_at_once": closes, "ends_its_side_at_once": ends_its_side, "resets_at_once": resets,
+    "resets_in_header": then(sends(ANSWER[:20]), resets),
+    "resets_before_body": then(sends(ANSWER[:BODY_AT]), resets),
+    "resets_in_body": then(sends(ANSWER[:-5]), resets), "resets_at_end": then(sends(ANSWER), resets),
+    "stays_open": then(sends(ANSWER), waits), "stays_open_in_header": then(sends(ANSWER[:20]), waits),
+}
+UNREACHABLE = [b"http://%s.example.test/x.html" % name for name in (b"refused", b"full", b"nowhere")]
+
+# Connections, and which part of the table. One connection takes long over the faults.
+CRAWLS = [(24, 0, 1), (4, 0, 1)] + [(1, part, 6) for part in range(6)]
+
+
+class Behaviours(unittest.TestCase):
+    def test_what_is_saved_and_how_often_each_is_asked_for(self):
+        ways = {name: (answer, sends(answer)) for name, answer in ANSWERS.items()} | WAYS
+        crawls = [Behaved(ways, *crawl) for crawl in CRAWLS]
+        answers = {path: answer for crawl in crawls for path, answer in crawl.answers.items()}
+        with full_server(), ScriptedServer(answers) as server:
+            for crawl in crawls:
+                crawl.start()
+            for crawl in crawls:
+                self.assertEqual(crawl.running.wait(90), 0, crawl.running.output())
+        asked = Counter(server.paths())
+        for crawl in crawls:
+            with self.subTest(connections=crawl.connections, folder=crawl.folder):
+                self.check(crawl, asked)
+
+    def check(self, crawl, asked):
+        files = {path: data for path, data in tree(crawl.mirror).items() if path.startswith(b"example.test/")}
+        expected = crawl.expected()
+        self.assertEqual(sorted(files), sorted(expected))
+        for name in crawl.faults:
+            self.assertEqual(asked[crawl.path(name)], 3, name)
+        for name, (answer, _) in crawl.ways.items():
+            times = asked[crawl.path(name)]
+            # With one connection no slot idles. One that does asks again, and what it then has in front
+            # of an answer is cut off with the header.
+            self.assertIn(times, (1,) if crawl.connections == 1 else (1, 2, 3), name)
+            if times == 1 or b"\r\n\r\n" in answer:
+                path = b"example.test" + crawl.path(name)
+                self.assertTrue(files[path] == expected[path], name)
+
+
+class Behaved:
+    """A crawl of one part of the table, in a folder of its own on the site."""
+
+    def __init__(self, ways, connections, part, parts):
+        self.connections, self.folder = connections, b"/%d-%d/" % (connections, part)
+        self.ways = dict(list(ways.items())[part::parts])
+        self.faults = dict(list(FAULTS.items())[part::parts])
+        names = [*self.ways, *self.faults]
+        self.start_page = page(links_to(*[name.encode() + b".html" for name in names[::2] + names[1::2]],
+                                        *UNREACHABLE[part::parts]))
+        self.answers = {self.path(name): way for name, (_, way) in self.ways.items()}
+        self.answers |= {self.path(name): fault for name, fault in self.faults.items()}
+        self.answers[self.folder] = self.start_page
+
+    def path(self, name):
+        return self.folder + name.encode() + b".html"
+
+    def start(self):
+        folder = private_network.scratch("behaved")
+        self.mirror = folder / "mirror"
+        self.running = Crawl(copy_program(folder / "program"), (SITE + self.folder).decode(), self.mirror,
+                             "--connections", self.connections, "--timeout", TIMEOUT)
+
+    def expected(self):
+        received = {self.path(name): answer for name, (answer, _) in self.ways.items()}
+        received[self.folder] = self.start_page
+        model = SiteModel(SITE + self.folder, lambda _, path: received.get(path, b""))
+        return {path: data for path, data in model.files.items()
+                if path.removeprefix(b"example.test").removesuffix(b"index.html") in received}
+
+
+@contextlib.contextmanager
+def full_server():
+    """A server that takes no connection any more: connecting to it hangs."""
+    with socket.socket() as server, socket.socket() as first, socket.socket() as second:
+        server.bind(("127.0.0.8", 80))
+        server.listen(0)
+        for waiting in (first, second):
+            waiting.setblocking(False)
+            waiting.connect_ex(("127.0.0.8", 80))
+        yield
+
+
+class LargeAnswers(unittest.TestCase):
+    SIZE = 100
+
+    def test_a_large_file_beside_a_slow_page(self):
+        """Its slot idles and asks for it again, and saving it takes longer than the timeout."""
+        def slow(connection, ending):
+            connection.sendall(page(b""))
+            for _ in range(50):
+                connection.sendall(b"slow ")
+                ending.wait(0.1)
+
+        files, peak, server = self.crawl({b"large.zip": self.send_large, b"slow.html": slow}, "--timeout", 0.4)
+        self.assertLessEqual(server.paths().count(b"/large.zip"), 3)
+        self.assertEqual(files[b"slow.html"], 50 * b"slow " + b"\r\n")
+        self.assertTrue(files[b"large.zip"] == PART * self.SIZE + b"\r\n")
+        self.assertLess(peak, 2.7 * len(files[b"large.zip"]))
+
+    @unittest.skipIf("sanitize" in os.environ["VANTORIN_PROGRAM"], "the sanitizers need all the address space")
+    def test_answers_for_which_there_is_no_memory(self):
+        def endless(connection, ending):
+            connection.sendall(page(b""))
+            while not ending.is_set():
+                connection.sendall(PART)
+
+        good = {b"good%d.html" % i: page(b"good") for i in range(20)}
+        files, _, _ = self.crawl(good | {b"endless%d.zip" % i: endless for i in range(3)}, "--timeout", 2,
+                                 under=["prlimit", "--as=600000000"])
+        self.assertEqual(sorted(files), sorted([*good, b"index.html"]))
+
+    @staticmethod
+    def send_large(connection, _):
+        connection.sendall(page(b""))
+        for _ in range(LargeAnswers.SIZE):
+            connection.sendall(PART)
+
+    def crawl(self, answers, *words, **more):
+        """The files of the site, the most memory that the program held, and the server."""
+        folder = private_network.scratch("large")
+        answers = {b"/" + name: answer for name, answer in answers.items()}
+        with ScriptedServer({b"/": page(links_to(*[path[1:] for path in answers])), **answers}) as server:
+            crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror", *words, **more)
+            self.assertEqual(crawl.wait(60), 0, crawl.output())
+        files = tree(folder / "mirror/example.test")
+        return files, crawl.peak, server
+
+
+class SilentNameServer(unittest.TestCase):
+    def test_other_names_are_looked_up_meanwhile_and_the_program_ends_at_once(self):
+        dead = [b"http://dead%d.example.test/x.html" % i for i in range(20)]
+        live = [b"/example.test/%d.html" % i for i in range(20)]
+        links = links_to(*[b"http://www.second.test" + path for path in live], *dead)
+        folder = private_network.scratch("names")
+        with private_network.silent_name_server(), ScriptedServer({b"/": page(links)}) as server:
+            crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror", "--connections", 24)
+            try:
+                wait_until(lambda: set(live) <= set(server.paths()), seconds=5, what="each live name's turn")
+            finally:
+                crawl.process.terminate()
+            self.assertEqual(crawl.wait(1), 128 + signal.SIGTERM)
+
+
+if __name__ == "__main__":
+    private_network.enter()
+    unittest.main(verbosity=2)
