@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <stdexcept>
+#include <tuple>
 #include <utility>
 
 #include "platform/event_loop.h"
@@ -22,11 +23,12 @@ class FakeLoop : public platform::EventLoop {
     /// Milliseconds since the loop was made.
     std::int64_t Now() const { return now_; }
 
-    /// Runs `event` in the next turn, after everything posted before it.
-    void Post(Handler event) { PostIn(0, std::move(event)); }
+    /// Runs `event` in the next turn, after everything posted before it and before what was put off
+    /// until now: what has arrived comes before a timer that is due.
+    void Post(Handler event) { Add(now_, kPosted, std::move(event)); }
     /// Runs `event` in so many milliseconds.
     void PostIn(std::int64_t milliseconds, Handler event) {
-        events_.emplace(std::pair(now_ + milliseconds, posted_++), std::move(event));
+        Add(now_ + milliseconds, kPutOff, std::move(event));
     }
 
     /// Lets time pass, running everything that falls due in the order of its time.
@@ -43,15 +45,20 @@ class FakeLoop : public platform::EventLoop {
     void AtYield(int nth, Handler script) { scripts_.emplace(yields_ + nth, std::move(script)); }
 
   private:
-    using Key =
-        std::pair<std::int64_t, std::uint64_t>;  // when it is due, its number among all posted
+    enum Rank { kPosted, kPutOff };
+    /// When it is due, its rank among those, its number among all.
+    using Key = std::tuple<std::int64_t, Rank, std::uint64_t>;
+
+    void Add(std::int64_t due, Rank rank, Handler event) {
+        events_.emplace(Key(due, rank, posted_++), std::move(event));
+    }
 
     /// The first event due by `time` that was posted before number `posted_before`.
     std::optional<Handler> TakeDue(std::int64_t time, std::uint64_t posted_before) {
-        for (auto event = events_.begin(); event != events_.end() && event->first.first <= time;
+        for (auto event = events_.begin(); event != events_.end() && std::get<0>(event->first) <= time;
              ++event) {
-            if (event->first.second >= posted_before) continue;
-            now_ = std::max(now_, event->first.first);
+            if (std::get<2>(event->first) >= posted_before) continue;
+            now_ = std::max(now_, std::get<0>(event->first));
             Handler handler = std::move(event->second);
             events_.erase(event);
             return handler;
