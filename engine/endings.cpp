@@ -29,8 +29,7 @@ void tmrOut_Timer(int index) {
     if (crawl::Slots[index].JobAtWork == crawl::Slots[index].Job) return;
     const crawl::JobWatch job(index);
     std::string address = " \\ " + crawl::Slots[index].Host + crawl::Slots[index].Path;
-    bas_Output::SaveFile("Unable to download this file. (Timeout)", address,
-                         static_cast<std::int16_t>(index));
+    bas_Output::SaveFile("Unable to download this file. (Timeout)", address, index);
     platform::System().events.DoEvents();
     // Stopped, or idle and given a new job meanwhile.
     if (job.Ended()) return;

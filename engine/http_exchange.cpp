@@ -89,8 +89,7 @@ void FinishResponse(int index) {
     platform::EventLoop& events = platform::System().events;
     const crawl::JobWatch job(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
-    bas_Output::SaveFile(crawl::Slots[index].Response.View(), address,
-                         static_cast<std::int16_t>(index));
+    bas_Output::SaveFile(crawl::Slots[index].Response.View(), address, index);
     events.DoEvents();
     if (job.Ended()) return;
 

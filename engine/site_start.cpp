@@ -8,6 +8,7 @@
 #include "extractor/addresses.h"
 #include "output/mirror_files.h"
 #include "setup/file_types.h"
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Connections {
@@ -19,10 +20,8 @@ constexpr int kEnterKey = 13;
 /// What the user typed, without blanks and scheme and with "www." in front unless it has one
 /// somewhere.
 std::string CleanTypedAddress(const std::string& typed) {
-    std::string address{text::Trim(typed)};
-    const std::string lowered = text::LowerCase(address);
-    if (text::Left(lowered, 7) == "http://") address.erase(0, 7);
-    if (!text::Contains(lowered, "www.")) address.insert(0, "www.");
+    std::string address{text::WithoutHttp(text::Trim(typed))};
+    if (!text::Contains(text::LowerCase(address), "www.")) address.insert(0, "www.");
     return address;
 }
 

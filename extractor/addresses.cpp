@@ -3,21 +3,14 @@
 #include <cstddef>
 #include <string_view>
 
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Extractor {
 
 namespace {
 
-constexpr std::string_view kScheme = "http://";
 constexpr std::size_t kDigitsInGroup = 3;
-
-/// Blanks around, then a leading scheme in any case, taken off.
-std::string_view WithoutScheme(std::string_view s) {
-    const std::string_view trimmed = text::Trim(s);
-    const bool has_scheme = text::LowerCase(text::Left(trimmed, kScheme.size())) == kScheme;
-    return has_scheme ? trimmed.substr(kScheme.size()) : trimmed;
-}
 
 std::string CutAtFirstOf(const std::string& s, std::string_view delimiters) {
     return s.substr(0, s.find_first_of(delimiters));
@@ -58,7 +51,7 @@ std::string GetExtension(const std::string& s) {
 }
 
 std::string StripHttp(std::string& s) {
-    std::string address(WithoutScheme(s));
+    std::string address(text::WithoutHttp(text::Trim(s)));
     text::ReplaceAllIn(address, "http:\\\\", "");
     text::ReplaceAllIn(address, "\\", "/");
     s = address;
@@ -66,7 +59,7 @@ std::string StripHttp(std::string& s) {
 }
 
 std::string UrlToPathPart(const std::string& s) {
-    std::string path(WithoutScheme(s));
+    std::string path(text::WithoutHttp(text::Trim(s)));
     text::ReplaceAllIn(path, "www.", "");
     path = std::string(text::Trim(path));
     text::ReplaceAllIn(path, "/", "\\");
@@ -74,9 +67,9 @@ std::string UrlToPathPart(const std::string& s) {
 }
 
 std::string CollapseSlashes(const std::string& s) {
-    std::string rest(text::Trim(text::Mid(s, kScheme.size() + 1)));
+    std::string rest(text::Trim(text::Mid(s, text::kHttp.size() + 1)));
     text::ReplaceAllIn(rest, "//", "/");
-    return s.substr(0, kScheme.size()) + rest;
+    return s.substr(0, text::kHttp.size()) + rest;
 }
 
 std::string CutLinkAtDelimiter(const std::string& s) {

@@ -10,13 +10,12 @@
 #include "output/records.h"
 #include "platform/services.h"
 #include "setup/keyword_filters.h"
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Extractor {
 
 namespace {
-
-constexpr std::string_view kScheme = "http://";
 
 constexpr const char* kPlaceholderText =
     "This file is queued to be downloaded, or did not download correctly.";
@@ -27,8 +26,10 @@ constexpr std::string_view kClimbsAboveHost[] = {
     ".gov/..",  ".edu/..", ".org/..", ".net/..", ".com/..",
 };
 
+/// The scheme is looked for behind leading blanks, and yet as many characters go from the very
+/// beginning.
 void CutScheme(std::string& link) {
-    if (text::Left(LowerTrim(link), kScheme.size()) == kScheme) link.erase(0, kScheme.size());
+    if (text::HasHttp(text::Trim(link))) link.erase(0, text::kHttp.size());
 }
 
 void TrimIn(std::string& s) {

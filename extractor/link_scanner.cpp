@@ -8,6 +8,7 @@
 #include "extractor/addresses.h"
 #include "extractor/admission.h"
 #include "platform/services.h"
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Extractor {
@@ -64,7 +65,7 @@ void RewritePage(std::string& page) {
 /// ".com", ".net" or ".org" is mended before the others, and a doubled scheme after them.
 std::string MakeAbsolute(std::string link, const std::string& base) {
     text::ReplaceAllIn(link, "\\", "/");
-    if (!link.starts_with("http://")) link.insert(0, base);
+    if (!link.starts_with(text::kHttp)) link.insert(0, base);
     text::ReplaceAllIn(link, "m//", "m/");
     text::ReplaceAllIn(link, "t//", "t/");
     text::ReplaceAllIn(link, "g//", "g/");

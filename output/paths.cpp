@@ -7,6 +7,7 @@
 #include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
 #include "platform/services.h"
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Output {
@@ -30,7 +31,7 @@ void MakeFoldersOnTheWayTo(std::string_view path) {
 std::string MakeLocalPath(std::string& path) {
     std::string local{text::Trim(path)};
     text::ReplaceAllIn(local, "www.", "");
-    if (text::Left(local, 7) == "http://") local = std::string(text::Trim(text::Mid(local, 8)));
+    if (local.starts_with(text::kHttp)) local = text::Trim(text::WithoutHttp(local));
     text::ReplaceAllIn(local, "/", "\\");
     text::ReplaceAllIn(local, "\\\\", "\\");
     crawl::SavePath = local;
@@ -73,15 +74,28 @@ bool IsTopLevelFile(const std::string& path) {
     return !text::Contains(text::Mid(subject, found + key.size() + 1), "\\");
 }
 
-std::string GetToken(const std::string& text, std::int16_t index, const std::string& separator) {
-    std::string_view rest = text::Trim(text);
-    const bool splits = separator.size() == 1;
-    for (std::int16_t field = 1;; ++field) {
-        const std::size_t end = splits ? text::InStr(rest, separator) : 0;
-        if (field == index) return std::string(end == 0 ? rest : text::Left(rest, end - 1));
-        if (end == 0 || index < 1) return "";
-        rest = text::Mid(rest, end + 1);
+FieldWalker::FieldWalker(std::string_view text, std::string_view separator)
+    : rest_(text::Trim(text)), separator_(separator) {}
+
+std::optional<std::string_view> FieldWalker::Next() {
+    if (!rest_) return std::nullopt;
+    const std::size_t end = separator_.size() == 1 ? rest_->find(separator_[0]) : rest_->npos;
+    const std::string_view field = rest_->substr(0, end);
+    if (end == rest_->npos) {
+        rest_.reset();
+    } else {
+        rest_->remove_prefix(end + 1);
     }
+    return field;
+}
+
+std::string GetToken(const std::string& text, std::int16_t index, const std::string& separator) {
+    FieldWalker fields(text, separator);
+    std::optional<std::string_view> field = fields.Next();
+    for (int at = 1; field && at < index; ++at) {
+        field = fields.Next();
+    }
+    return std::string(index < 1 ? std::string_view() : field.value_or(""));
 }
 
 }  // namespace bas_Output

@@ -61,7 +61,7 @@ std::string GetPageText(const std::string& path) {
     return page_text;
 }
 
-void RecordSearchText(const std::string& text, std::int16_t slot, const std::string& path) {
+void RecordSearchText(const std::string& text, int slot, const std::string& path) {
     const std::string folder = SearchFolder();
     if (MayMakeFolder(folder)) MakeFolder(folder);
 
@@ -77,14 +77,13 @@ void RecordSearchText(const std::string& text, std::int16_t slot, const std::str
 }
 
 void RemoveTempFiles() {
+    // The walker and not `GetToken`, which begins at the first field each time: a crawl may make
+    // thousands of folders.
+    FieldWalker folders(crawl::MadeFolders, "*");
     std::unordered_set<std::string_view> swept;
-    std::string_view rest = text::Trim(crawl::MadeFolders);
-    while (!rest.empty()) {
-        const std::string_view field = rest.substr(0, rest.find('*'));
-        if (field.empty()) return;
+    for (auto folder = folders.Next(); folder && !folder->empty(); folder = folders.Next()) {
         // Folders whose names differ in case alone are noted under one text and swept together.
-        if (swept.insert(field).second) SweepFolder(field);
-        rest = text::Mid(rest, field.size() + 2);
+        if (swept.insert(*folder).second) SweepFolder(*folder);
     }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 /// The local mirror. This file: record files, search extract and the sweep of placeholders.
@@ -15,7 +14,7 @@ std::string GetPageText(const std::string& path);
 
 /// Appends the search record of the page at `path`, downloaded by connection `slot`, unless it was
 /// the last one recorded.
-void RecordSearchText(const std::string& text, std::int16_t slot, const std::string& path);
+void RecordSearchText(const std::string& text, int slot, const std::string& path);
 
 /// Deletes the placeholders in every folder that the crawl made.
 void RemoveTempFiles();

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "text/http_scheme.h"
 #include "text/text.h"
 
 namespace bas_Output {
@@ -65,7 +66,7 @@ void FlattenClimbingLinks(std::string& page) {
 
 void MakeOwnLinksRelative(std::string& page, const std::string& host) {
     std::string site{text::Trim(host)};
-    if (text::LowerCase(text::Left(site, 7)) != "http://") site.insert(0, "http://");
+    if (!text::HasHttp(site)) site.insert(0, text::kHttp);
     text::ReplaceAllIn(site, "\\", "/");
     text::ReplaceAllIn(site, "www.", "");
     if (site.ends_with('/')) site.pop_back();

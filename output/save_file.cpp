@@ -62,7 +62,7 @@ std::string WorkingCopy(std::string_view body, std::size_t growth) {
     return page;
 }
 
-void RewritePage(std::string& page, const std::string& save_path, std::int16_t slot) {
+void RewritePage(std::string& page, const std::string& save_path, int slot) {
     RewriteDynamicLinks(page);
     if (IsTopLevelFile(save_path)) FlattenClimbingLinks(page);
     MakeOwnLinksRelative(page, crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string());
@@ -71,7 +71,7 @@ void RewritePage(std::string& page, const std::string& save_path, std::int16_t s
 
 /// Writes the file of `address` and leaves its name in `SavePath`, that of its placeholder without
 /// ".tmp" in `SavePathBeforeRename`. No event runs in here; the page's text is gone on return.
-void WritePage(std::string_view received, std::string& address, std::int16_t slot) {
+void WritePage(std::string_view received, std::string& address, int slot) {
     address = CleanFileName(address);
     ChooseSavePath(address);
 
@@ -92,7 +92,7 @@ void WritePage(std::string_view received, std::string& address, std::int16_t slo
 /// Adds the page to the search extract, unless the slot's job was ended while the page was read:
 /// then there is no host any more to record it under. A page too large to be read once more does
 /// without its record.
-void RecordPage(const std::string& save_path, std::int16_t slot) {
+void RecordPage(const std::string& save_path, int slot) {
     const crawl::JobWatch job(slot);
     try {
         const std::string page_text = GetPageText(save_path);
@@ -108,7 +108,7 @@ bool HasSearchText(const std::string& path) {
 
 }  // namespace
 
-void SaveFile(std::string_view received, std::string& address, std::int16_t slot) {
+void SaveFile(std::string_view received, std::string& address, int slot) {
     if (IsRefused(received)) return;
     WritePage(received, address, slot);
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,6 +10,6 @@ namespace bas_Output {
 /// header, maps the address to a path, rewrites links, writes the file, records its search text,
 /// deletes its placeholder and raises `FilesDone`. Steps that fail are skipped. `address` (host and
 /// path) is cleaned in place. `received` must stay valid only until the first event runs.
-void SaveFile(std::string_view received, std::string& address, std::int16_t slot);
+void SaveFile(std::string_view received, std::string& address, int slot);
 
 }  // namespace bas_Output

@@ -20,7 +20,7 @@ using std::string_literals::operator""s;
 using text::ConsumableText;
 using Addresses = std::vector<std::string>;
 
-/// A host with an empty mirror and a crawl of site.com.
+/// A system with an empty mirror and a crawl of site.com.
 struct Crawl {
     Crawl() {
         crawl::SiteHost = "site.com";
@@ -85,7 +85,7 @@ TEST(LinkScannerTest, RewritesWhatItKnowsInTheOrderOfItsRows) {
     Crawl crawl;
     ConsumableText page(
         "href = 1 HREF = 2 hRef= 3 HrEf=4\t<a\r\n Src=5 src = 6 SRC=7> BackGround =8 \"hr\nef=9 "
-        "0; url=a 0;URL=b 0; Url=c");
+        "0; url=a 0;\rURL=b 0; Url=c");
     std::string rewritten;
     crawl.loop.AtYield(1, [&] { rewritten = page.View(); });
     Scan(page);

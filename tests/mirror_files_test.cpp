@@ -29,6 +29,7 @@ class Confinement : public testing::Test {
         system.files.Have("c:\\mirror");
         system.files.Have("c:\\mirror-too\\old.txt", "old");
         system.files.Have("c:\\outside\\old.txt", "old");
+        system.files.Have("c:\\outside\\a.html.tmp", "mine");
         crawl::TargetFolder = "C:\\mirror\\";
         BeginMirror();
     }
@@ -98,7 +99,7 @@ TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
     EXPECT_EQ(system.files.At("c:\\mirror\\siTe.com\\2.tmp"), "(none)");
 }
 
-TEST(ConfinementOnTheHost, WritesThroughNoLinkThatLeadsOutside) {
+TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsOutside) {
     const fakes::TempFolder folder;
     const auto root = folder.SystemPath();
     std::filesystem::create_directory(root / "mirror");

@@ -16,7 +16,7 @@ class Records : public testing::Test {
         crawl::TargetFolder = "C:\\w\\";
         crawl::Slots[3].Host = "www.site.com";
     }
-    void Record(const std::string& page, std::int16_t slot = 3) {
+    void Record(const std::string& page, int slot = 3) {
         RecordSearchText("text", slot, "C:\\w\\" + page);
     }
     fakes::FakeLoop loop;
@@ -58,17 +58,17 @@ TEST_F(Records, ASlotThatIsNoneWritesNothing) {
 
 TEST_F(Records, SweepsFoldersMadeUpToAnEmptyFieldWithoutShortOnes) {
     const std::pair<std::string, bool> cases[] = {
-        {" c:/w/a\\* ", true},
-        {"c:\\*c:\\w\\a*", true},
-        {"c:\\b\\**c:\\w\\a*", false},
+        {" c:/wa\\* ", true},
+        {"c:\\w*c:\\wa*", true},
+        {"c:\\b\\**c:\\wa*", false},
     };
     for (const auto& [made, swept] : cases) {
-        system.files.Have("c:\\w\\a\\1.tmp", "x");
-        system.files.Have("c:\\2.tmp", "x");
+        system.files.Have("c:\\wa\\1.tmp", "x");
+        system.files.Have("c:\\w\\2.tmp", "x");
         crawl::MadeFolders = made;
         RemoveTempFiles();
-        EXPECT_EQ(system.files.At("c:\\w\\a\\1.tmp") == "(none)", swept) << made;
-        EXPECT_EQ(system.files.At("c:\\2.tmp"), "x") << made;
+        EXPECT_EQ(system.files.At("c:\\wa\\1.tmp") == "(none)", swept) << made;
+        EXPECT_EQ(system.files.At("c:\\w\\2.tmp"), "x") << made << ": shorter than five";
     }
 }
 

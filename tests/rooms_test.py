@@ -22,8 +22,7 @@ KNOWS = {
     "extractor": {"setup", "output", "engine/state", "platform", "text"},
     "engine": {"extractor", "setup", "output", "engine/state", "platform", "text"},
     "widgets": {"platform/qt"},
-    "setup/forms": {"widgets", "engine", "extractor", "setup", "output", "engine/state",
-                    "platform/qt", "platform", "text"},
+    "setup/forms": {"widgets", "engine", "setup", "engine/state", "platform/qt", "platform", "text"},
     "ui": {"setup/forms", "widgets", "engine", "setup", "output", "engine/state", "platform/qt",
            "platform", "page_text", "text"},
 }  # fmt: skip

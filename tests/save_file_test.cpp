@@ -20,12 +20,12 @@ class SaveFileTest : public testing::Test {
         crawl::SiteHost = "site.com";
         crawl::Slots[1].Host = "www.site.com";
     }
-    void Save(const std::string& body, std::string address, std::int16_t slot = 1) {
+    void Save(const std::string& body, std::string address, int slot = 1) {
         SaveFile("HTTP/1.0 200 OK\r\nServer: x\r\n\r\n" + body, address, slot);
     }
     /// What `body` is saved as, without the line end that every file gets.
     std::string Rewritten(const std::string& body, const std::string& address = "site.com/d/e.bin",
-                          std::int16_t slot = 1) {
+                          int slot = 1) {
         Save(body, "\\" + address, slot);
         std::string saved = system.files.At(crawl::SavePath);
         EXPECT_TRUE(saved.ends_with("\r\n"));
@@ -138,7 +138,10 @@ TEST_F(SaveFileTest, ASaveInsideASaveMixesNothingUp) {
         const std::string number = std::to_string(yield);
         const std::string outer = "c:\\w\\site.com\\" + number + ".html";
         system.files.Have(outer + ".tmp", "queued");
-        loop.AtYield(yield, [&] { Save("inner", "\\other.net/" + number + ".php", 2); });
+        loop.AtYield(yield, [&] {
+            EXPECT_EQ(system.files.At(outer + ".tmp"), "queued");
+            Save("inner", "\\other.net/" + number + ".php", 2);
+        });
         Save("outer", "\\site.com/" + number + ".html");
         EXPECT_EQ(system.files.At(outer), "outer\r\n");
         EXPECT_EQ(system.files.At("c:\\w\\other.net\\" + number + ".php.html"), "inner\r\n");

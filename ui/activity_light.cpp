@@ -17,7 +17,7 @@ void ActivityLight::SetRunning(bool running) {
 }
 
 void ActivityLight::Describe() {
-    const QString state = running_ ? tr("Downloading") : tr("Idle");
+    const QString state = running_ ? "Downloading" : "Idle";
     setToolTip(state);
     setAccessibleName(state);
 }

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include "engine/rows.h"
 #include "platform/qt/local_text.h"
 #include "widgets/label_font.h"
 
@@ -38,9 +39,14 @@ class RowsWidget : public QWidget {
     }
 };
 
-/// A row that does nothing stands back.
+/// What only fills a row is paler than what a download says in it.
 void ShowQuietly(QLabel* label, bool quiet) {
     label->setForegroundRole(quiet ? QPalette::PlaceholderText : QPalette::Text);
+}
+
+/// Whether a row of this status has nothing to say.
+bool IsIdle(const std::string& status) {
+    return status == bas_Connections::kNotConnected;
 }
 
 }  // namespace
@@ -82,7 +88,7 @@ void ConnectionPanel::MakeRows() {
         row.k->hide();
         row.l->setObjectName(QString("l%1").arg(i));
         row.k2->setObjectName(QString("k2%1").arg(i));
-        SetStatus(i, "Not Connected.");
+        SetStatus(i, bas_Connections::kNotConnected);
     }
 }
 
@@ -98,7 +104,7 @@ void ConnectionPanel::SetStatus(int row, const std::string& text) {
     const QString shown = platform::FromBytes(text);
     if (rows_[row].l->text() == shown) return;
     rows_[row].l->setText(shown);
-    ShowQuietly(rows_[row].l, shown == "Not Connected.");
+    ShowQuietly(rows_[row].l, IsIdle(text));
 }
 
 void ConnectionPanel::SetSize(int row, const std::string& text) {

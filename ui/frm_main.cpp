@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include "engine/endings.h"
+#include "engine/rows.h"
 #include "engine/scheduler.h"
 #include "output/paths.h"
 #include "platform/qt/local_text.h"
@@ -30,7 +31,7 @@ frmMain::~frmMain() = default;
 void frmMain::Form_Load() {
     bas_General::LoadKeywordFilters();
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
-        SetRowStatus(i, "Not Connected.");
+        SetRowStatus(i, bas_Connections::kNotConnected);
         txt_max_->addItem(QString::number(i));
     }
     SetTxtMax("4");

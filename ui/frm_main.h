@@ -18,7 +18,6 @@
 #include "ui/address_list.h"
 #include "ui/connection_panel.h"
 #include "widgets/elided_label.h"
-#include "widgets/icons.h"
 
 class QDialog;
 
@@ -90,9 +89,6 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void MakeLists();
     void MakeMenu();
     void MakeConnections();
-    void SetTabOrder();
-    QLabel* MakeLabel(const char* name, const QString& caption);
-    QPushButton* MakeButton(const char* name, Picture picture, const QString& what);
     QAction* MakeEntry(QMenu* menu, const char* name, const QString& caption);
 
     // frm_main_layout.cpp
@@ -102,13 +98,26 @@ class frmMain : public QMainWindow, public engine::MainWindow {
 
     // frm_main_commands.cpp
     void ConnectHandlers();
+    void ConnectControls();
+    void ConnectMenu();
+    void ConnectCrawl();
     void ExploreTarget();
     void OpenSelectedAddress();
-    void ShowFilters();
     void mnunew_Click();
-    void mnuexit_Click();
     void mnuabout_Click();
     void ShowOtherLinks(bool other_links);
+
+    /// `handler` as it is to be hung up everywhere: an unloaded window does nothing any more.
+    template <typename Handler>
+    auto WhileLoaded(Handler handler) {
+        return [this, handler] {
+            if (!retired_) handler();
+        };
+    }
+    template <typename Sender, typename Signal, typename Handler>
+    void On(Sender* sender, Signal signal, Handler handler) {
+        connect(sender, signal, this, WhileLoaded(handler));
+    }
 
     WindowHolder& holder_;
     bool retired_ = false;

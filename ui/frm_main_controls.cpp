@@ -1,15 +1,17 @@
 #include <QMenuBar>
 
+#include "engine/rows.h"
 #include "ui/frm_main.h"
 #include "ui/window_holder.h"
 #include "widgets/address_box.h"
+#include "widgets/controls.h"
+#include "widgets/icons.h"
 #include "widgets/label_font.h"
 
 /// The main window's controls, menu, sockets and timers as they are when it is designed.
 namespace ui {
 
 namespace {
-constexpr int kIconSide = 16;
 constexpr std::int64_t kTickMilliseconds = 20;
 constexpr std::int64_t kFirstTimeoutMilliseconds = 20000;
 }  // namespace
@@ -28,7 +30,7 @@ void frmMain::MakeControls() {
     text1_ = new AddressBox(client_);
     text1_->setObjectName("Text1");
     text1_->setPlaceholderText("www.example.com");
-    text1_->setAccessibleName(tr("Address of the web site"));
+    text1_->setAccessibleName("Address of the web site");
     txt_max_ = new QComboBox(client_);
     txt_max_->setObjectName("txtMax");
     txt_max_->setEditable(true);
@@ -40,50 +42,35 @@ void frmMain::MakeControls() {
     MakeLists();
     MakeMenu();
     MakeConnections();
-    SetTabOrder();
+    SetTabOrder({text1_, command1_, command2_, command3_, command4_, txt_max_, picture1_,
+                 other_links_, list1_, list2_});
 }
 
 void frmMain::MakeButtons() {
-    command1_ = MakeButton("Command1", Picture::Start, tr("Start downloading the web site"));
-    command2_ = MakeButton("Command2", Picture::Stop, tr("Stop downloading"));
-    command3_ = MakeButton("Command3", Picture::Filters, tr("Keyword filters"));
-    command4_ = MakeButton("Command4", Picture::Explore, tr("Explore the target folder"));
+    command1_ =
+        MakeIconButton("Command1", Picture::Start, "Start downloading the web site", client_);
+    command2_ = MakeIconButton("Command2", Picture::Stop, "Stop downloading", client_);
+    command3_ = MakeIconButton("Command3", Picture::Filters, "Keyword filters", client_);
+    command4_ = MakeIconButton("Command4", Picture::Explore, "Explore the target folder", client_);
     command2_->setEnabled(false);
 }
 
-QPushButton* frmMain::MakeButton(const char* name, Picture picture, const QString& what) {
-    auto* button = new QPushButton(client_);
-    button->setObjectName(name);
-    button->setIcon(ButtonIcon(picture));
-    button->setIconSize({kIconSide, kIconSide});
-    button->setToolTip(what);
-    button->setAccessibleName(what);
-    return button;
-}
-
 void frmMain::MakeLabels() {
-    label1_ = MakeLabel("Label1", "Queued");
-    label2_ = MakeLabel("Label2", "Downloaded");
-    label3_ = MakeLabel("Label3", "0 Files");
-    label4_ = MakeLabel("Label4", "0 Bytes");
-    label5_ = MakeLabel("Label5", "0 Files");
+    label1_ = MakeLabel("Label1", "Queued", client_);
+    label2_ = MakeLabel("Label2", "Downloaded", client_);
+    label3_ = MakeLabel("Label3", "0 Files", client_);
+    label4_ = MakeLabel("Label4", "0 Bytes", client_);
+    label5_ = MakeLabel("Label5", "0 Files", client_);
     label6_ = new ElidedLabel(client_);
     label6_->setObjectName("Label6");
-    label6_->setText("Not Connected.");
-    label7_ = MakeLabel("Label7", "1 to 24");
-    label8_ = MakeLabel("Label8", "Queued Files");
-    label9_ = MakeLabel("Label9", "How many connections?");
-    list2_heading_ = MakeLabel("List2Heading", tr("Other Links on the Site"));
+    label6_->setText(bas_Connections::kNotConnected);
+    label7_ = MakeLabel("Label7", "1 to 24", client_);
+    label8_ = MakeLabel("Label8", "Queued Files", client_);
+    label9_ = MakeLabel("Label9", "How many connections?", client_);
+    list2_heading_ = MakeLabel("List2Heading", "Other Links on the Site", client_);
     label7_->setForegroundRole(QPalette::PlaceholderText);
     label9_->setBuddy(txt_max_);
     txt_max_->setAccessibleName(label9_->text());
-}
-
-QLabel* frmMain::MakeLabel(const char* name, const QString& caption) {
-    auto* label = new QLabel(caption, client_);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
 }
 
 void frmMain::MakeLists() {
@@ -93,7 +80,7 @@ void frmMain::MakeLists() {
     list2_ = new AddressList(crawl::List2, client_);
     list2_->setObjectName("List2");
     list2_->setAccessibleName(list2_heading_->text());
-    list2_->setToolTip(tr("Links on the site whose file type is not wanted"));
+    list2_->setToolTip("Links on the site whose file type is not wanted");
     other_links_ = new QToolButton(client_);
     other_links_->setObjectName("OtherLinks");
     other_links_->setFocusPolicy(Qt::StrongFocus);
@@ -133,14 +120,6 @@ void frmMain::MakeConnections() {
         timeouts_[i].SetInterval(kFirstTimeoutMilliseconds);
     }
     move_timer_.SetInterval(kTickMilliseconds);
-}
-
-void frmMain::SetTabOrder() {
-    QWidget* const order[] = {text1_,   command1_, command2_,    command3_, command4_,
-                              txt_max_, picture1_, other_links_, list1_,    list2_};
-    for (std::size_t i = 1; i < std::size(order); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
 }
 
 }  // namespace ui

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ui/frm_main.h"
+#include "widgets/controls.h"
 #include "widgets/twips.h"
 
 /// The main window's layout. The client area below the menu is what is laid out, in twips.
@@ -45,10 +46,6 @@ void SetTop(QWidget* control, int twips) {
     control->move(control->x(), Twips(twips));
 }
 
-void Place(QWidget* control, int left, int top, int width, int height) {
-    control->setGeometry(Twips(left), Twips(top), Twips(width), Twips(height));
-}
-
 int Left(const QWidget* control) {
     return InTwips(control->x());
 }
@@ -67,30 +64,30 @@ int Height(const QWidget* control) {
 void frmMain::PlaceFixedControls() {
     constexpr int kSecondColumn = kEdge + kButton + 60;
     constexpr int kSecondRow = 780;
-    Place(command1_, kEdge, 210, kButton, kButton);
-    Place(command2_, kSecondColumn, 210, kButton, kButton);
-    Place(command3_, kEdge, kSecondRow, kButton, kButton);
-    Place(command4_, kSecondColumn, kSecondRow, kButton, kButton);
-    Place(text1_, 1140, 210, 6000, kButton);
-    Place(picture2_, 7260, 210, kButton, kButton);
-    Place(txt_max_, 0, kSecondRow, 930, kButton);
+    PlaceTwips(command1_, kEdge, 210, kButton, kButton);
+    PlaceTwips(command2_, kSecondColumn, 210, kButton, kButton);
+    PlaceTwips(command3_, kEdge, kSecondRow, kButton, kButton);
+    PlaceTwips(command4_, kSecondColumn, kSecondRow, kButton, kButton);
+    PlaceTwips(text1_, 1140, 210, 6000, kButton);
+    PlaceTwips(picture2_, 7260, 210, kButton, kButton);
+    PlaceTwips(txt_max_, 0, kSecondRow, 930, kButton);
     label9_->adjustSize();
-    Place(label9_, 0, kSecondRow, Width(label9_), kButton);
+    PlaceTwips(label9_, 0, kSecondRow, Width(label9_), kButton);
 
     constexpr int kCounterRow = 1365;
-    Place(label2_, kEdge, kCounterRow, 1200, 270);
-    Place(label3_, kEdge + 1200, kCounterRow, 1350, 270);
-    Place(label4_, kEdge + 2550, kCounterRow, 2100, 270);
-    Place(label1_, kEdge + 4650, kCounterRow, 840, 270);
-    Place(label5_, kEdge + 5490, kCounterRow, 1800, 270);
-    Place(label7_, 0, kCounterRow, 930, 270);
+    PlaceTwips(label2_, kEdge, kCounterRow, 1200, 270);
+    PlaceTwips(label3_, kEdge + 1200, kCounterRow, 1350, 270);
+    PlaceTwips(label4_, kEdge + 2550, kCounterRow, 2100, 270);
+    PlaceTwips(label1_, kEdge + 4650, kCounterRow, 840, 270);
+    PlaceTwips(label5_, kEdge + 5490, kCounterRow, 1800, 270);
+    PlaceTwips(label7_, 0, kCounterRow, 930, 270);
 
-    Place(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
+    PlaceTwips(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
     for (QWidget* heading : {label8_, list2_heading_})
-        Place(heading, kEdge, 0, 3000, 300);
+        PlaceTwips(heading, kEdge, 0, 3000, 300);
     for (QWidget* list : {list1_, list2_})
-        Place(list, kEdge, 0, kOpeningWidth, kQueueRoom);
-    Place(label6_, kEdge, 0, kOpeningWidth, 270);
+        PlaceTwips(list, kEdge, 0, kOpeningWidth, kQueueRoom);
+    PlaceTwips(label6_, kEdge, 0, kOpeningWidth, 270);
 }
 
 void frmMain::FitPanel(int height) {

@@ -13,12 +13,12 @@ namespace {
 constexpr std::size_t kSeconds = 60;
 constexpr int kTextHeight = 13;
 constexpr int kMargin = 5;
-/// A trickle is drawn as one.
+/// What fills the graph at least, in bytes per second: a few bytes must not look like a flood.
 constexpr std::int32_t kLeastScale = 1024;
 }  // namespace
 
 RateGraph::RateGraph(QWidget* parent) : QWidget(parent), rates_(kSeconds, 0) {
-    setAccessibleName(tr("Bytes per second in the last minute"));
+    setAccessibleName("Bytes per second in the last minute");
     setToolTip(accessibleName());
 }
 

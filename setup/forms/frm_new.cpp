@@ -11,8 +11,6 @@
 #include "engine/main_window.h"
 #include "engine/site_start.h"
 #include "engine/state/crawl_state.h"
-#include "extractor/addresses.h"
-#include "output/paths.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "setup/forms/byte_list.h"
@@ -132,9 +130,7 @@ void frmNew::ShowSystemFolder() {
 }
 
 void frmNew::SetToInDIR() {
-    SetTxtDir(bas_Output::CleanLinkName(TxtDir()));
-    SetTxtDir(text::ReplaceAll(TxtDir(), "/", "\\"));
-    if (bas_Extractor::LastChar(TxtDir()) != "\\") SetTxtDir(TxtDir() + "\\");
+    SetTxtDir(bas_General::NormalizeFolder(TxtDir()));
     bas_General::SetTargetFolder(TxtDir());
 }
 

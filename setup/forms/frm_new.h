@@ -29,6 +29,8 @@ class frmNew : public QDialog {
     // frm_new_controls.cpp
     void MakeControls();
     void MakeMainArea();
+    void MakeAddressBoxes();
+    void MakeButtons();
     void MakeOptionsArea();
     void ConnectHandlers();
 

@@ -46,6 +46,18 @@ void frmNew::MakeControls() {
 }
 
 void frmNew::MakeMainArea() {
+    MakeAddressBoxes();
+    MakeButtons();
+    QLabel* label8 = MakeParagraph("Label8",
+                                   "If you have previously downloaded this website, make sure the "
+                                   "directory is different to last time, or the website may not be "
+                                   "downloaded correctly.",
+                                   this);
+    label8->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    PlaceTwips(label8, 600, 3240, 4050, 1335);
+}
+
+void frmNew::MakeAddressBoxes() {
     txt_url_ = new AddressBox(this);
     txt_url_->setObjectName("txtURL");
     txt_url_->setText("http://");
@@ -57,34 +69,26 @@ void frmNew::MakeMainArea() {
     QFont small = font();
     small.setPixelSize(small.pixelSize() * 5 / 6);
     system_folder_->setFont(small);
-    QLabel* label1 = MakeCaption("Label1", "Website to Download", this);
+    QLabel* label1 = MakeLabel("Label1", "Website to Download", this);
     label1->setBuddy(txt_url_);
-    QLabel* label4 = MakeCaption("Label4", "Save to this Directory", this);
+    QLabel* label4 = MakeLabel("Label4", "Save to this Directory", this);
     label4->setBuddy(txt_dir_);
-    QLabel* label8 = MakeCaption("Label8",
-                                 "If you have previously downloaded this website, make sure the "
-                                 "directory is different to last time, or the website may not be "
-                                 "downloaded correctly.",
-                                 this);
-    label8->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
-
-    command1_ = new WrappingButton("Command1", "Download Website Now!", this);
-    command1_->setDefault(true);
-    command2_ = MakeFormButton("Command2", "Close", this);
-    command6_ = MakeFormButton("Command6", "Options >>", this);
-    command8_ = MakeFormButton("Command8", "Filters", this);
-    command7_ = MakeFormButton("Command7", "", this);
-    command7_->setIcon(ButtonIcon(Picture::Explore));
-    command7_->setIconSize(QSize(Twips(300), Twips(300)));
-    command7_->setToolTip("Browse for the directory");
-    command7_->setAccessibleName("Browse for the directory");
 
     PlaceTwips(label1, 600, 1380, 4500, 270);
     PlaceTwips(txt_url_, 600, 1680, 5775, 345);
     PlaceTwips(label4, 600, 2220, 4500, 270);
     PlaceTwips(txt_dir_, 1200, 2520, 5175, 345);
     PlaceTwips(system_folder_, 1200, 2880, 5175, 240);
-    PlaceTwips(label8, 600, 3240, 4050, 1335);
+}
+
+void frmNew::MakeButtons() {
+    command1_ = new WrappingButton("Command1", "Download Website Now!", this);
+    command1_->setDefault(true);
+    command2_ = MakeFormButton("Command2", "Close", this);
+    command6_ = MakeFormButton("Command6", "Options >>", this);
+    command7_ = MakeIconButton("Command7", Picture::Explore, "Browse for the directory", this);
+    command8_ = MakeFormButton("Command8", "Filters", this);
+
     PlaceTwips(command1_, 4800, 3600, 1695, 975);
     PlaceTwips(command2_, 5160, 120, 1455, 375);
     PlaceTwips(command6_, 5160, 600, 1455, 375);
@@ -109,11 +113,11 @@ void frmNew::MakeOptionsArea() {
     list2_->setEditable(true);
     list2_->setInsertPolicy(QComboBox::NoInsert);
     list2_->setCompleter(nullptr);  // would turn a typed 1 into 10
-    QLabel* label3 = MakeCaption("Label3", "Get These File Types", frame1_);
+    QLabel* label3 = MakeLabel("Label3", "Get These File Types", frame1_);
     label3->setBuddy(list1_);
-    QLabel* label5 = MakeCaption("Label5", "Timeout", frame1_);
+    QLabel* label5 = MakeLabel("Label5", "Timeout", frame1_);
     label5->setBuddy(list2_);
-    QLabel* label6 = MakeCaption("Label6", "Seconds", frame1_);
+    QLabel* label6 = MakeLabel("Label6", "Seconds", frame1_);
 
     auto* grid = new QGridLayout(frame1_);
     grid->setContentsMargins(Twips(90), Twips(90), Twips(90), Twips(90));

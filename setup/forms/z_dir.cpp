@@ -42,6 +42,7 @@ void AddDrives(QComboBox& drives) {
 zDir::zDir(QWidget* parent, SetFolder set_folder)
     : QDialog(parent), set_folder_(std::move(set_folder)) {
     MakeControls();
+    PlaceControls();
     connect(drive1_, &QComboBox::currentIndexChanged, this, &zDir::Drive1_Change);
     connect(dir1_, &FolderList::PathChanged, this, &zDir::Dir1_Change);
     connect(command1_, &QPushButton::clicked, this, &zDir::Command1_Click);
@@ -67,6 +68,9 @@ void zDir::MakeControls() {
     command1_ = MakeFormButton("Command1", "&Ok...", this);
     command1_->setDefault(true);
     command2_ = MakeFormButton("Command2", "Cancel", this);
+}
+
+void zDir::PlaceControls() {
     auto* image1 = new Decoration("Image1", Decoration::Subject::Folder, this);
     image1->setFixedSize(Twips(600), Twips(600));
 

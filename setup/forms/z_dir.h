@@ -26,6 +26,7 @@ class zDir : public QDialog {
 
   private:
     void MakeControls();
+    void PlaceControls();
     void Form_Load();
     void Drive1_Change();
     void Dir1_Change();
