@@ -1,6 +1,7 @@
 #include "extractor/admission.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 #include "engine/state/crawl_state.h"
@@ -17,8 +18,8 @@ namespace bas_Extractor {
 
 namespace {
 
-constexpr const char* kPlaceholderText =
-    "This file is queued to be downloaded, or did not download correctly.";
+/// Pages that link deeper and deeper into themselves come to an end.
+constexpr std::size_t kLongestLink = 4096;
 
 /// Behind these a ".." would climb out of the site.
 constexpr std::string_view kClimbsAboveHost[] = {
@@ -75,7 +76,7 @@ void ResolveAndRecord(std::string& link) {
 void Enqueue(const std::string& link, const std::string& placeholder,
              platform::ListItems& queue_list) {
     queue_list.AddItem(link);
-    Record(kPlaceholderText, placeholder);
+    Record(std::string(bas_Output::kPlaceholderText), placeholder);
     Record(link, crawl::TargetFolder + "log.txt");
     platform::System().events.DoEventsOften();
 }
@@ -86,15 +87,10 @@ std::string WrittenForm(const std::string& path) {
     return text::ReplaceAll(path, "www.", "");
 }
 
-bool HasFile(const std::string& path) {
-    // A first failure is not believed; the system may have been busy with the file.
-    const platform::Files& files = platform::System().files;
-    return files.FileLength(path) || files.FileLength(path) || bas_Output::WriteFailedBefore(path);
-}
-
 }  // namespace
 
 void AdmitLink(std::string link, platform::ListItems& queue_list) {
+    if (link.size() > kLongestLink) return;
     CutScheme(link);
     if (!text::Contains(text::LowerCase(link), text::LowerCase(crawl::SiteHost))) return;
     CutScheme(link);
@@ -138,7 +134,8 @@ bool FileExists(const std::string& path) {
     // Both forms, or a name in which "www." appears only after cleaning, and every name below a
     // target folder that has one, would never be found again and be queued for ever.
     const std::string written = WrittenForm(path);
-    return HasFile(path) || (written != path && HasFile(written));
+    return bas_Output::HasMirrorFile(path) ||
+           (written != path && bas_Output::HasMirrorFile(written));
 }
 
 }  // namespace bas_Extractor

@@ -20,9 +20,7 @@ bool IsQueryPage(const std::string& link);
 /// Whether the link's extension is one of the wanted types.
 bool IsListedFileType(const std::string& link);
 
-/// Whether the mirror has a file or folder at this local path, or can have none there because
-/// writing it failed earlier in this crawl: without that, a page that links to itself under a name
-/// that cannot be written would be queued for ever.
+/// Whether the mirror has a file of this local path, or can have none.
 bool FileExists(const std::string& path);
 
 }  // namespace bas_Extractor

@@ -1,12 +1,13 @@
 #include "output/mirror_files.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "engine/state/crawl_state.h"
+#include "output/confines.h"
 #include "platform/path_text.h"
 #include "platform/services.h"
 #include "text/text.h"
@@ -15,64 +16,19 @@ namespace bas_Output {
 
 namespace {
 
-/// The folder that a crawl writes into, and what has been found out about it. Asking the system
-/// where a folder really lies follows every symbolic link on the way, which is too slow for every
-/// link of a page, so the folders that lie inside are kept.
-struct Confines {
-    std::string target_folder;       // the text that the rest was made from
-    std::vector<std::string> roots;  // resolved
-    std::unordered_set<std::string> folders_inside;
-};
+constexpr std::string_view kPlaceholderEnd = ".tmp";
+/// Nothing longer is read to see whether it is a placeholder.
+constexpr std::uint64_t kLongestPlaceholder = 4096;
 
 Confines g_confines;
 std::unordered_set<std::string> g_unwritten;
 std::unordered_map<std::string, std::vector<std::string>> g_made_folders;  // by lowered text
 
-Confines ConfinesOf(const std::string& target_folder) {
-    Confines confines{target_folder, {}, {}};
-    const std::string shortened = text::ReplaceAll(target_folder, "www.", "");
-    for (const std::string_view root : {std::string_view(target_folder), text::Trim(shortened)}) {
-        if (const auto resolved = platform::ResolvePathText(root)) {
-            confines.roots.push_back(*resolved);
-        }
-    }
-    return confines;
-}
-
 Confines& CurrentConfines() {
-    if (g_confines.target_folder != crawl::TargetFolder) {
-        g_confines = ConfinesOf(crawl::TargetFolder);
+    if (g_confines.TargetFolder() != crawl::TargetFolder) {
+        g_confines = Confines(crawl::TargetFolder);
     }
     return g_confines;
-}
-
-bool LiesInside(const Confines& confines, std::string_view path) {
-    return std::any_of(
-        confines.roots.begin(), confines.roots.end(),
-        [path](const std::string& root) { return platform::System().files.IsInside(path, root); });
-}
-
-bool FolderLiesInside(std::string_view resolved_folder) {
-    Confines& confines = CurrentConfines();
-    std::string folder(resolved_folder);
-    if (confines.folders_inside.contains(folder)) return true;
-    if (!LiesInside(confines, folder)) return false;
-    confines.folders_inside.insert(std::move(folder));
-    return true;
-}
-
-bool IsRootOrItsParent(const std::string& resolved_folder) {
-    const std::vector<std::string>& roots = CurrentConfines().roots;
-    return std::any_of(roots.begin(), roots.end(), [&](const std::string& root) {
-        return (root + "\\").starts_with(resolved_folder + "\\");
-    });
-}
-
-/// Whether this file lies inside, also when it is itself a symbolic link.
-bool FileLiesInside(const std::string& resolved_path) {
-    return FolderLiesInside(platform::ParentOfResolved(resolved_path)) &&
-           (!platform::System().files.IsLink(resolved_path) ||
-            LiesInside(CurrentConfines(), resolved_path));
 }
 
 /// The text under which a path is remembered, whatever its spelling.
@@ -80,18 +36,47 @@ std::string KeyOf(std::string_view path) {
     return platform::ResolvePathText(path).value_or(std::string(path));
 }
 
+bool Remembered(bool written, std::string_view path) {
+    if (!written) g_unwritten.insert(KeyOf(path));
+    return written;
+}
+
+/// Asked for every link, and in most crawls nothing ever failed.
+bool WriteFailedBefore(std::string_view path) {
+    return !g_unwritten.empty() && g_unwritten.contains(KeyOf(path));
+}
+
+bool IsFile(const std::string& path) {
+    // A first failure is not believed; the system may have been busy with the file.
+    const platform::Files& files = platform::System().files;
+    auto length = files.FileLength(path);
+    if (!length) length = files.FileLength(path);
+    return length && (*length > 0 || !files.FolderExists(path));
+}
+
+bool IsPlaceholder(const std::string& path) {
+    const platform::Files& files = platform::System().files;
+    if (files.FileLength(path).value_or(kLongestPlaceholder + 1) > kLongestPlaceholder)
+        return false;
+    return files.ReadFile(path).value_or("").starts_with(kPlaceholderText);
+}
+
+bool IsUsersTemporaryFile(const std::string& path) {
+    return path.ends_with(kPlaceholderEnd) && platform::System().files.FileLength(path) &&
+           !IsPlaceholder(path);
+}
+
 }  // namespace
 
 void BeginMirror() {
-    g_confines = ConfinesOf(crawl::TargetFolder);
+    g_confines = Confines(crawl::TargetFolder);
     g_unwritten.clear();
     g_made_folders.clear();
 }
 
 bool MayMakeFolder(std::string_view folder) {
     const auto resolved = platform::ResolvePathText(folder);
-    return resolved && (IsRootOrItsParent(*resolved) ||
-                        FolderLiesInside(platform::ParentOfResolved(*resolved)));
+    return resolved && CurrentConfines().LetMake(*resolved);
 }
 
 void RememberMadeFolder(std::string_view folder) {
@@ -99,51 +84,50 @@ void RememberMadeFolder(std::string_view folder) {
     g_made_folders[text::LowerCase(key)].push_back(key);
 }
 
-bool WriteMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts) {
+bool HasMirrorFile(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
-    if (resolved && FileLiesInside(*resolved) &&
-        platform::System().files.WriteFile(*resolved, parts)) {
-        return true;
-    }
-    g_unwritten.insert(KeyOf(path));
-    return false;
+    // Most files are not there, and only one that is can be a link out of the folder.
+    const bool has =
+        resolved &&
+        CurrentConfines().HoldFolder(std::string(platform::ParentOfResolved(*resolved))) &&
+        IsFile(*resolved) && CurrentConfines().HoldFile(*resolved);
+    return has || WriteFailedBefore(path);
+}
+
+bool WriteMirrorPage(std::string_view path, std::string_view host,
+                     std::initializer_list<std::string_view> parts) {
+    const auto resolved = platform::ResolvePathText(path);
+    const bool written = resolved && CurrentConfines().HoldPage(*resolved, host) &&
+                         platform::System().files.WriteFile(*resolved, parts);
+    return Remembered(written, path);
 }
 
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts) {
     const auto resolved = platform::ResolvePathText(path);
-    if (resolved && FileLiesInside(*resolved) &&
-        platform::System().files.AppendFile(*resolved, parts)) {
-        return true;
-    }
-    g_unwritten.insert(KeyOf(path));
-    return false;
+    const bool written = resolved && CurrentConfines().HoldFile(*resolved) &&
+                         !IsUsersTemporaryFile(*resolved) &&
+                         platform::System().files.AppendFile(*resolved, parts);
+    return Remembered(written, path);
 }
 
 std::optional<std::string> ReadMirrorFile(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
-    if (!resolved || !FileLiesInside(*resolved)) return std::nullopt;
+    if (!resolved || !CurrentConfines().HoldFile(*resolved)) return std::nullopt;
     return platform::System().files.ReadFile(*resolved);
 }
 
-void DeleteMirrorFile(std::string_view path) {
+void DeletePlaceholder(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
-    if (resolved && FolderLiesInside(platform::ParentOfResolved(*resolved))) {
+    if (resolved && CurrentConfines().HoldFile(*resolved) && IsPlaceholder(*resolved)) {
         platform::System().files.DeleteFile(*resolved);
     }
 }
 
-bool WriteFailedBefore(std::string_view path) {
-    // Asked for every link, and in most crawls nothing ever failed.
-    return !g_unwritten.empty() && g_unwritten.contains(KeyOf(path));
-}
-
 void SweepMadeFolder(std::string_view lowered_folder) {
-    const std::string key = KeyOf(lowered_folder);
-    const auto made = g_made_folders.find(text::LowerCase(key));
-    const std::vector<std::string> folders =
-        made != g_made_folders.end() ? made->second : std::vector<std::string>{key};
-    for (const std::string& folder : folders) {
-        platform::System().files.DeleteBySuffix(folder, ".tmp");
+    const auto made = g_made_folders.find(text::LowerCase(KeyOf(lowered_folder)));
+    if (made == g_made_folders.end()) return;
+    for (const std::string& folder : made->second) {
+        platform::System().files.DeleteBySuffix(folder, kPlaceholderEnd);
     }
 }
 

@@ -5,37 +5,44 @@
 #include <string>
 #include <string_view>
 
-/// The local mirror. This file: every write of a crawl goes through here, and none leaves the
-/// target folder. What a site says becomes part of a path, and names are cleaned late, so "../" can
-/// appear after every test for it; the refusal here is the only thing that stops it.
-///
-/// The target folder's own name loses every "www." on the way to a local path, as all names do; the
-/// folder of that shortened name counts as the target folder too.
+/// The local mirror. This file: every look of a crawl into its mirror and every write to it goes
+/// through here, and none leaves the confines.
 namespace bas_Output {
+
+/// What a placeholder says, as one line or several.
+inline constexpr std::string_view kPlaceholderText =
+    "This file is queued to be downloaded, or did not download correctly.";
 
 /// Forgets which writes failed and which folders were made. For the start of a crawl.
 void BeginMirror();
 
-/// Whether a crawl may create this folder: one in the target folder, or one of the target folder's
-/// own parents.
+/// Whether a crawl may create this folder.
 bool MayMakeFolder(std::string_view folder);
 
 /// Remembers the real name of a folder that was made, for the sweep.
 void RememberMadeFolder(std::string_view folder);
 
-/// Replaces or appends to a file inside the target folder. False when the path lies elsewhere or
-/// the system refuses; such a path is remembered.
-bool WriteMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts);
+/// Whether the mirror has a file of this path, or can have none since writing it failed in this
+/// crawl, under this or another spelling: without that, a page that links to itself under a name
+/// that cannot be written would be queued for ever. A folder is no file, and outside the target
+/// folder nothing is looked at and no file is there: what a site is asked for must not tell it
+/// which files a computer has.
+bool HasMirrorFile(std::string_view path);
+
+/// Replaces a page in the folder of the host whose folder is called `host`. False when the path
+/// lies elsewhere or the system refuses; such a path is remembered.
+bool WriteMirrorPage(std::string_view path, std::string_view host,
+                     std::initializer_list<std::string_view> parts);
+
+/// Appends to a file inside the target folder, but not to one that ends in ".tmp" and is no
+/// placeholder: that one is the user's. False, and remembered, as above.
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts);
 
 /// Reads a file inside the target folder.
 std::optional<std::string> ReadMirrorFile(std::string_view path);
 
-/// Deletes a file inside the target folder.
-void DeleteMirrorFile(std::string_view path);
-
-/// Whether writing this path, however spelled, failed since `BeginMirror`.
-bool WriteFailedBefore(std::string_view path);
+/// Deletes a placeholder inside the target folder, and no other file.
+void DeletePlaceholder(std::string_view path);
 
 /// Deletes the files "*.tmp" in the folder that the crawl noted, in lower case, as
 /// `lowered_folder`: in the folders that it really made under that name, letter for letter, and in

@@ -1,8 +1,9 @@
 #include "output/paths.h"
 
+#include <algorithm>
 #include <cstddef>
-#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
@@ -14,16 +15,45 @@ namespace bas_Output {
 
 namespace {
 
-void MakeFoldersOnTheWayTo(std::string_view path) {
-    std::string prefix;
-    std::string_view rest = path;
-    for (std::size_t end; (end = text::InStr(rest, "\\")) != 0;) {
-        const std::string_view part = text::Left(rest, end);
-        const std::string folder = std::string(text::Trim(prefix)).append(text::Trim(part));
-        if (MayMakeFolder(folder)) MakeFolder(folder);
-        prefix.append(part);
-        rest = text::Trim(text::Mid(rest, end + 1));
+/// Creates one folder and notes it. False when it was not made, also because it is there.
+bool CreateAndNote(const std::string& folder) {
+    if (!platform::System().files.CreateFolder(folder)) return false;
+    RememberMadeFolder(folder);
+    crawl::MadeFolders += text::LowerCase(folder) + "*";
+    return true;
+}
+
+/// Makes the missing ones of the folders that end in `way` at `ends`, each in the one before, root
+/// first. The last one is asked for first, since it is mostly there, and then as few others as
+/// possible: a site may link deeper and deeper below a folder that cannot be made.
+void MakeMissingFolders(const std::string& way, const std::vector<std::size_t>& ends) {
+    const auto folder = [&way](std::size_t end) { return way.substr(0, end); };
+    const auto exists = [&folder](std::size_t end) {
+        return platform::System().files.FolderExists(folder(end));
+    };
+    if (ends.empty() || !MayMakeFolder(folder(ends.back())) || exists(ends.back())) return;
+    auto missing = std::partition_point(ends.begin(), ends.end(), exists);
+    while (missing != ends.end() && CreateAndNote(folder(*missing))) {
+        ++missing;
     }
+}
+
+/// Every name on the way but the last is a folder, called as it stands there without blanks in
+/// front.
+void MakeFoldersOnTheWayTo(std::string_view path) {
+    std::string way;
+    std::vector<std::size_t> ends;
+    std::string_view rest = text::Trim(path);
+    for (std::size_t end; (end = rest.find('\\')) != rest.npos;) {
+        if (rest.starts_with("..")) {  // what follows lies no longer in what was before
+            MakeMissingFolders(way, ends);
+            ends.clear();
+        }
+        way.append(rest, 0, end + 1);
+        ends.push_back(way.size());
+        rest = text::Trim(rest.substr(end + 1));
+    }
+    MakeMissingFolders(way, ends);
 }
 
 }  // namespace
@@ -41,9 +71,7 @@ std::string MakeLocalPath(std::string& path) {
 }
 
 void MakeFolder(const std::string& folder) {
-    if (!platform::System().files.CreateFolder(folder)) return;
-    RememberMadeFolder(folder);
-    crawl::MadeFolders += text::LowerCase(folder) + "*";
+    CreateAndNote(folder);
 }
 
 std::string CleanFileName(const std::string& name) {

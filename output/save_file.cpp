@@ -69,9 +69,19 @@ void RewritePage(std::string& page, const std::string& save_path, int slot) {
     DisableScripts(page);
 }
 
+/// The name of the folder that the host of `address` has in the mirror.
+std::string HostFolder(std::string_view address) {
+    constexpr std::string_view kSeparators = "\\/";
+    address = text::Trim(address);
+    address.remove_prefix(std::min(address.find_first_not_of(kSeparators), address.size()));
+    const std::string name(address.substr(0, address.find_first_of(kSeparators)));
+    return text::ReplaceAll(name, "www.", "");
+}
+
 /// Writes the file of `address` and leaves its name in `SavePath`, that of its placeholder without
-/// ".tmp" in `SavePathBeforeRename`. No event runs in here; the page's text is gone on return.
-void WritePage(std::string_view received, std::string& address, int slot) {
+/// ".tmp" in `SavePathBeforeRename`. False when it could not be written. No event runs in here; the
+/// page's text is gone on return.
+bool WritePage(std::string_view received, std::string& address, int slot) {
     address = CleanFileName(address);
     ChooseSavePath(address);
 
@@ -86,16 +96,17 @@ void WritePage(std::string_view received, std::string& address, int slot) {
     text::ReplaceAllIn(address, "\\\\", "\\");
 
     RewritePage(page, crawl::SavePath, slot);
-    WriteMirrorFile(crawl::SavePath, {page, "\r\n"});
+    return WriteMirrorPage(crawl::SavePath, HostFolder(address), {page, "\r\n"});
 }
 
 /// Adds the page to the search extract, unless the slot's job was ended while the page was read:
 /// then there is no host any more to record it under. A page too large to be read once more does
 /// without its record.
-void RecordPage(const std::string& save_path, int slot) {
+void RecordPage(const std::string& save_path, bool written, int slot) {
     const crawl::JobWatch job(slot);
     try {
-        const std::string page_text = GetPageText(save_path);
+        // What lies under the name of a page that was not written is not that page.
+        const std::string page_text = GetPageText(written ? save_path : "");
         if (!job.Ended()) RecordSearchText(page_text, slot, save_path);
     } catch (const std::bad_alloc&) {
     }
@@ -110,14 +121,14 @@ bool HasSearchText(const std::string& path) {
 
 void SaveFile(std::string_view received, std::string& address, int slot) {
     if (IsRefused(received)) return;
-    WritePage(received, address, slot);
+    const bool written = WritePage(received, address, slot);
 
     // Events run from here on, and another save in them makes the shared strings its own.
     const std::string save_path = crawl::SavePath;
     const std::string placeholder = crawl::SavePathBeforeRename + ".tmp";
-    if (HasSearchText(save_path)) RecordPage(save_path, slot);
+    if (HasSearchText(save_path)) RecordPage(save_path, written, slot);
     platform::System().events.DoEvents();
-    DeleteMirrorFile(placeholder);
+    DeletePlaceholder(placeholder);
     text::AddWithinWidth(crawl::FilesDone, 1);
 }
 

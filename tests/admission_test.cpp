@@ -8,6 +8,7 @@
 
 #include "engine/state/crawl_state.h"
 #include "output/mirror_files.h"
+#include "output/save_file.h"
 #include "setup/keyword_filters.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
@@ -118,12 +119,60 @@ TEST_F(AdmissionTest, AnyOfThreeFilesMakesALinkKnownAndEachIsAskedForTwice) {
     const platform::Services services{
         loop_, files, system_.settings, system_.page_text, system_.processes, system_.boxes};
     platform::InstallSystem(&services);
-    const std::string path = "C:\\Mirror\\site.com\\x.bmp";
+    const std::string path = "c:\\Mirror\\site.com\\x.bmp";
     const std::string page = path + ".html", tmp = path + ".tmp";
     files.Have(tmp, "");
     Admit("www.site.com/x.bmp");
     EXPECT_TRUE(crawl::List2.Empty());
     EXPECT_EQ(files.asked, (Addresses{page, page, path, path, tmp, tmp}));
+}
+
+TEST_F(AdmissionTest, NothingOutsideTheFolderIsLookedAt) {
+    for (const char* name : {"there", "late"}) {
+        system_.files.Have(std::string("c:\\outside\\") + name + ".html", "");
+    }
+    system_.files.on_look = [](const std::string& path) {
+        EXPECT_TRUE(path.starts_with("c:\\Mirror")) << path;
+    };
+    const Addresses links = {"site.com/a/../../../outside/there.html",
+                             "site.com/a/../../../outside/missing.html",
+                             "site.com/.{./.{./outside/late.html"};
+    for (const std::string& link : links) {
+        Admit(link);
+        Admit(link);
+    }
+    EXPECT_EQ(crawl::List1.Count(), links.size()) << "each once, whatever is there";
+}
+
+TEST_F(AdmissionTest, AFolderIsNoFile) {
+    system_.files.Have("C:\\Mirror\\site.com\\x.html\\");
+    Admit("site.com/x.html");
+    Admit("site.com/x.html");
+    EXPECT_EQ(crawl::List1.Count(), 1u);
+    std::string address = "\\site.com/x.html";
+    bas_Output::SaveFile("\r\n\r\npage", address, 1);
+    Admit("site.com/x.html");
+    EXPECT_EQ(crawl::List1.Count(), 1u) << "it cannot be saved, and is not asked for again";
+}
+
+TEST_F(AdmissionTest, LinksThatGrowForEverEndAndNoneCostsMuchMore) {
+    // Folders that can be made, and such that cannot.
+    for (const std::size_t length : {20, 290}) {
+        const std::string name = std::string(length, 'd') + "/";
+        BeginCrawl("C:\\Mirror\\");
+        int looks = 0;
+        system_.files.on_look = [&looks](const std::string&) { ++looks; };
+        std::string base = "site.com/";
+        for (std::size_t queued = 0; queued == crawl::List1.Count() && base.size() < 5000;
+             ++queued, base += name) {
+            looks = 0;
+            Admit(base + "x.html");
+            EXPECT_LE(looks, 25) << queued << " folders deep";
+        }
+        const std::size_t dropped = ("http://" + base + "x.html").size() - name.size();
+        EXPECT_GT(dropped, 4096u);
+        EXPECT_LE(dropped - name.size(), 4096u);
+    }
 }
 
 TEST_F(AdmissionTest, ALinkIsQueuedOnceAlsoWhereItsNameIsNotTheOneWritten) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "extractor/admission.h"
 #include "output/paths.h"
 #include "output/records.h"
 #include "output/save_file.h"
@@ -29,7 +30,7 @@ class Confinement : public testing::Test {
         system.files.Have("c:\\mirror");
         system.files.Have("c:\\mirror-too\\old.txt", "old");
         system.files.Have("c:\\outside\\old.txt", "old");
-        system.files.Have("c:\\outside\\a.html.tmp", "mine");
+        system.files.Have("c:\\outside\\a.html.tmp", kPlaceholderText);
         crawl::TargetFolder = "C:\\mirror\\";
         BeginMirror();
     }
@@ -67,12 +68,14 @@ TEST_F(Confinement, NothingThatASiteSaysWritesOutside) {
     EXPECT_EQ(Outside(), before);
 }
 
-TEST_F(Confinement, ParentsOfTheTargetFolderMayBeMade) {
+TEST_F(Confinement, AFolderThatNoRecordFileNeedsMayBeMadeInsideOrOnTheWay) {
     crawl::TargetFolder = "C:\\new\\www.sites\\";
-    for (const char* folder : {"C:\\", "C:\\new\\", "c:\\new\\www.sites", "c:\\new\\sites\\a"}) {
+    for (const char* folder : {"C:\\", "C:\\new\\", "c:\\new\\www.sites", "c:\\new\\sites\\a",
+                               "c:\\new\\sites\\a\\log.txt\\"}) {
         EXPECT_TRUE(MayMakeFolder(folder)) << folder;
     }
-    for (const char* folder : {"C:\\other\\", "c:\\new\\site", "c:\\mirror\\a", "z:\\new"}) {
+    for (const char* folder : {"C:\\other\\", "c:\\new\\site", "c:\\mirror\\a", "z:\\new",
+                               "c:\\new\\sites\\Log.txt\\", "c:\\new\\sites\\transdd.txt"}) {
         EXPECT_FALSE(MayMakeFolder(folder)) << folder;
     }
 }
@@ -80,11 +83,73 @@ TEST_F(Confinement, ParentsOfTheTargetFolderMayBeMade) {
 TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
     system.files.refused = {"c:\\mirror\\bad"};
     EXPECT_FALSE(AppendMirrorFile("C:\\mirror\\bad", {"x"}));
-    EXPECT_FALSE(WriteMirrorFile("C:\\mirror\\..\\x", {"x"}));
-    EXPECT_TRUE(WriteFailedBefore("C:\\mirror\\\\dir\\..\\bad"));
-    EXPECT_TRUE(WriteFailedBefore("c:\\x"));
+    EXPECT_FALSE(WriteMirrorPage("C:\\mirror\\..\\x", "mirror", {"x"}));
+    EXPECT_TRUE(HasMirrorFile("C:\\mirror\\\\dir\\..\\bad"));
+    EXPECT_TRUE(HasMirrorFile("c:\\x"));
     BeginMirror();
-    EXPECT_FALSE(WriteFailedBefore("C:\\mirror\\bad"));
+    EXPECT_FALSE(HasMirrorFile("C:\\mirror\\bad"));
+}
+
+TEST_F(Confinement, APageLiesInTheFolderOfItsHost) {
+    const struct {
+        std::string host, path;
+        bool written;
+    } cases[] = {
+        {"site.com", "site.com\\a", true},
+        {"site.com", "site.com\\..\\site.com\\.\\a\\..\\b", true},
+        {" site.com", " site.com\\a", true},
+        {"site.com", "site.com", false},
+        {"site.com", "site.com\\..\\a", false},
+        {"site.com", "site.com\\..\\site.com.au\\a", false},
+        {" site.com", " site.com\\..\\site.com\\a", false},
+        {"", "a", false},
+        {".", ".\\a", false},
+        {"..", "..\\mirror\\a", false},
+        {"_SEARCHDATA", "_SEARCHDATA\\site.com.txt", false},
+    };
+    for (const char* folder : {"site.com", " site.com", "site.com.au", "_SEARCHDATA"}) {
+        system.files.Have(crawl::TargetFolder + folder);
+    }
+    for (const auto& c : cases) {
+        EXPECT_EQ(WriteMirrorPage(crawl::TargetFolder + c.path, c.host, {"x"}), c.written)
+            << c.path;
+    }
+    crawl::TargetFolder = "C:\\";
+    EXPECT_FALSE(WriteMirrorPage("C:\\a", "", {"x"}));
+    EXPECT_FALSE(WriteMirrorPage("C:\\a", "..", {"x"}));
+}
+
+/// Files that somebody keeps in the folder that the mirror is made in.
+const std::string kUsersFiles[] = {
+    ".bashrc",          "notes.tmp",          "mine.html",
+    "filters.txt",      "photo.gif",          "other.net\\a.html",
+    "other.net\\b.tmp", "papers\\a\\old.php", "papers\\draft.html.tmp",
+    "site.com.tmp",
+};
+
+TEST_F(Confinement, NothingThatASiteSaysTouchesTheUsersFiles) {
+    for (const std::string& file : kUsersFiles) {
+        system.files.Have(crawl::TargetFolder + file, "mine");
+    }
+    crawl::SiteHost = "site.com";
+    for (const std::string& file : kUsersFiles) {
+        const std::string name = file.ends_with(".tmp") ? file.substr(0, file.size() - 4) : file;
+        for (const std::string up : {".*./", ".{./", ".|./", ".www../", "../"}) {
+            for (const std::string& to : {name, name + "?"}) {
+                const std::string link = "site.com/x.php?.html/" + up + up + to;
+                bas_Extractor::AdmitLink("http://" + link, crawl::List1);
+                for (const std::string before : {"\\", " \\ "}) {  // answered, and timed out
+                    std::string address = before + link;
+                    SaveFile("HTTP/1.0 200 OK\r\n\r\npage", address, 1);
+                }
+            }
+        }
+    }
+    EXPECT_FALSE(AppendMirrorFile(crawl::TargetFolder + "notes.tmp", {"x"}));
+    for (const std::string& file : kUsersFiles) {
+        EXPECT_EQ(system.files.At(crawl::TargetFolder + file), "mine") << file;
+    }
+    EXPECT_TRUE(system.page_text.pages.empty()) << "nor is any of them read";
 }
 
 TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
@@ -94,20 +159,34 @@ TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
         ASSERT_TRUE(AppendToFile("x", path));
     }
     SweepMadeFolder("c:\\mirror\\site.com\\");
+    system.files.Have("c:\\mirror\\other.net\\kept.tmp", "x");
+    SweepMadeFolder("c:\\mirror\\other.net\\");
+    EXPECT_EQ(system.files.At("c:\\mirror\\other.net\\kept.tmp"), "x") << "was there before";
     EXPECT_EQ(system.files.At("c:\\mirror\\SITE.com\\kept.tmp"), "x");
     EXPECT_EQ(system.files.At("c:\\mirror\\Site.com\\1.tmp"), "(none)");
     EXPECT_EQ(system.files.At("c:\\mirror\\siTe.com\\2.tmp"), "(none)");
 }
 
-TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsOutside) {
+TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
     const fakes::TempFolder folder;
-    const auto root = folder.SystemPath();
-    std::filesystem::create_directory(root / "mirror");
-    std::ofstream(root / "outside.txt") << "old";
-    std::filesystem::create_symlink(root / "outside.txt", root / "mirror/log.txt");
+    const auto mirror = folder.SystemPath() / "mirror";
+    for (const char* made : {"site.com/real", "other.net"}) {
+        std::filesystem::create_directories(mirror / made);
+    }
+    std::ofstream(folder.SystemPath() / "outside.txt") << "old";
+    std::ofstream(mirror / "other.net/a.html") << "old";
+    for (const auto& [link, target] : std::map<std::string, std::string>{
+             {"log.txt", "../outside.txt"},
+             {"site.com/outside", "../../"},
+             {"site.com/other", "../other.net"},
+             {"site.com/b.html", "../other.net/a.html"},
+             {"site.com/in", "real"},
+         }) {
+        std::filesystem::create_symlink(target, mirror / link);
+    }
 
     fakes::FakeSystem fake;
-    platform::SystemFiles files(root.string());
+    platform::SystemFiles files(folder.SystemPath().string());
     const platform::Services services{platform::System().events,
                                       files,
                                       fake.settings,
@@ -116,11 +195,17 @@ TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsOutside) {
                                       fake.boxes};
     platform::InstallSystem(&services);
     crawl::TargetFolder = folder.Text() + "\\mirror\\";
-    const std::string path = crawl::TargetFolder + "log.txt";
-    EXPECT_FALSE(AppendMirrorFile(path, {"x"}));
-    EXPECT_FALSE(WriteMirrorFile(path, {"x"}));
-    EXPECT_EQ(ReadMirrorFile(path), std::nullopt);
+    for (const std::string path : {"log.txt", "site.com\\outside\\outside.txt",
+                                   "site.com\\other\\a.html", "site.com\\b.html"}) {
+        EXPECT_FALSE(HasMirrorFile(crawl::TargetFolder + path)) << path;
+        EXPECT_FALSE(AppendMirrorFile(crawl::TargetFolder + path, {"x"})) << path;
+        EXPECT_FALSE(WriteMirrorPage(crawl::TargetFolder + path, "site.com", {"x"})) << path;
+        EXPECT_EQ(ReadMirrorFile(crawl::TargetFolder + path), std::nullopt) << path;
+    }
+    EXPECT_TRUE(WriteMirrorPage(crawl::TargetFolder + "site.com\\in\\a.html", "site.com", {"x"}));
+    EXPECT_EQ(files.ReadFile(crawl::TargetFolder + "site.com\\real\\a.html"), "x");
     EXPECT_EQ(files.ReadFile(folder.Text() + "\\outside.txt"), "old");
+    EXPECT_EQ(files.ReadFile(crawl::TargetFolder + "other.net\\a.html"), "old");
 }
 
 }  // namespace

@@ -71,6 +71,20 @@ TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
     LocalPathOf("C:\\Web\\Site.com\\img\\1.gif");
     MakeFolder("c:\\nowhere\\inner");
     EXPECT_EQ(crawl::MadeFolders, "c:\\web\\site.com\\img\\*");
+
+    // A folder counts on the way also when ".." leads out of it again.
+    crawl::MadeFolders.clear();
+    LocalPathOf("C:\\Web\\Site.com\\a\\b\\..\\..\\c\\d.html");
+    EXPECT_EQ(crawl::MadeFolders,
+              "c:\\web\\site.com\\a\\*c:\\web\\site.com\\a\\b\\*"
+              "c:\\web\\site.com\\a\\b\\..\\..\\c\\*");
+}
+
+TEST_F(MakeLocalPathTest, MakesFoldersAgainThatVanished) {
+    LocalPathOf("C:\\Web\\site.com\\a\\b.html");
+    system.files.folders = {"c:"};
+    LocalPathOf("C:\\Web\\site.com\\a\\b.html");
+    EXPECT_TRUE(system.files.FolderExists("c:\\Web\\site.com\\a"));
 }
 
 TEST_F(MakeLocalPathTest, LosesBlanksBeforeAFolderButNotInThePath) {

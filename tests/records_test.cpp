@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "output/mirror_files.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 
@@ -66,6 +67,8 @@ TEST_F(Records, SweepsFoldersMadeUpToAnEmptyFieldWithoutShortOnes) {
         system.files.Have("c:\\wa\\1.tmp", "x");
         system.files.Have("c:\\w\\2.tmp", "x");
         crawl::MadeFolders = made;
+        RememberMadeFolder("c:\\wa");
+        RememberMadeFolder("c:\\w");
         RemoveTempFiles();
         EXPECT_EQ(system.files.At("c:\\wa\\1.tmp") == "(none)", swept) << made;
         EXPECT_EQ(system.files.At("c:\\w\\2.tmp"), "x") << made << ": shorter than five";

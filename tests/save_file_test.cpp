@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "output/mirror_files.h"
 #include "output/records.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
@@ -50,7 +51,7 @@ TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
     for (const auto& c : cases) {
         const std::string placeholder =
             "C:\\w\\" + (c.placeholder.empty() ? c.path : c.placeholder) + ".tmp";
-        system.files.Have(placeholder, "queued");
+        system.files.Have(placeholder, kPlaceholderText);
         Save("body", "\\" + c.address);
         EXPECT_EQ(crawl::SavePath, "C:\\w\\" + c.path);
         EXPECT_EQ(system.files.At("C:\\w\\" + c.path), "body\r\n") << c.address;
@@ -137,9 +138,9 @@ TEST_F(SaveFileTest, ASaveInsideASaveMixesNothingUp) {
         SCOPED_TRACE(yield);
         const std::string number = std::to_string(yield);
         const std::string outer = "c:\\w\\site.com\\" + number + ".html";
-        system.files.Have(outer + ".tmp", "queued");
+        system.files.Have(outer + ".tmp", kPlaceholderText);
         loop.AtYield(yield, [&] {
-            EXPECT_EQ(system.files.At(outer + ".tmp"), "queued");
+            EXPECT_EQ(system.files.At(outer + ".tmp"), kPlaceholderText);
             Save("inner", "\\other.net/" + number + ".php", 2);
         });
         Save("outer", "\\site.com/" + number + ".html");

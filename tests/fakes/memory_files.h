@@ -25,6 +25,7 @@ class MemoryFiles : public platform::Files {
     std::set<std::string> refused;              ///< resolved texts that cannot be written or made
     std::set<std::string> read_only;            ///< folders in which nothing is written or made
     std::function<void(std::string)> on_write;  ///< told the resolved text before every write
+    std::function<void(std::string)> on_look;   ///< told it whenever something is asked or made
 
     /// Sets the scene: makes a folder with all its parents, or a file in such a folder.
     void Have(std::string_view folder) {
@@ -41,16 +42,22 @@ class MemoryFiles : public platform::Files {
     std::string ProgramFolder() const override { return "c:\\program"; }
 
     bool CreateFolder(std::string_view path) override {
+        Look(path);
         return !files.contains(Key(path)) && MayWrite(path) && folders.insert(Key(path)).second;
     }
     std::optional<std::uint64_t> FileLength(std::string_view path) const override {
-        if (FolderExists(path)) return 0;
+        Look(path);
+        if (folders.contains(Key(path))) return 0;
         const auto file = files.find(Key(path));
         return file == files.end() ? std::nullopt : std::optional(file->second.size());
     }
-    bool FolderExists(std::string_view path) const override { return folders.contains(Key(path)); }
+    bool FolderExists(std::string_view path) const override {
+        Look(path);
+        return folders.contains(Key(path));
+    }
 
     std::optional<std::string> ReadFile(std::string_view path) const override {
+        Look(path);
         const auto file = files.find(Key(path));
         return file == files.end() ? std::nullopt : std::optional(file->second);
     }
@@ -80,7 +87,10 @@ class MemoryFiles : public platform::Files {
     bool IsInside(std::string_view path, std::string_view folder) const override {
         return !Key(folder).empty() && (Key(path) + "\\").starts_with(Key(folder) + "\\");
     }
-    bool IsLink(std::string_view) const override { return false; }
+    bool IsLink(std::string_view path) const override {
+        Look(path);
+        return false;
+    }
 
   private:
     /// "" for what is no path, which is never there.
@@ -89,6 +99,9 @@ class MemoryFiles : public platform::Files {
     }
     static std::string Parent(const std::string& key) {
         return std::string(platform::ParentOfResolved(key));
+    }
+    void Look(std::string_view path) const {
+        if (on_look) on_look(Key(path));
     }
     bool MayWrite(std::string_view path) const {
         const std::string key = Key(path);

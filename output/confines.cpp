@@ -1,0 +1,93 @@
+#include "output/confines.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "platform/path_text.h"
+#include "platform/services.h"
+#include "text/text.h"
+
+namespace bas_Output {
+
+namespace {
+
+constexpr std::string_view kRecordFiles[] = {"log.txt", "transdd.txt"};
+constexpr std::string_view kSearchFolder = "_searchdata";
+
+/// The last name of a path, as systems compare it that do not tell cases apart.
+std::string LoweredName(std::string_view path) {
+    return text::LowerCase(path.substr(path.rfind('\\') + 1));
+}
+
+bool IsIn(std::string_view path, const std::string& folder) {
+    return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '\\';
+}
+
+}  // namespace
+
+Confines::Confines(const std::string& target_folder) : target_folder_(target_folder) {
+    const std::string shortened = text::ReplaceAll(target_folder, "www.", "");
+    for (const std::string_view root : {std::string_view(target_folder), text::Trim(shortened)}) {
+        if (const auto resolved = platform::ResolvePathText(root)) {
+            roots_.push_back(*resolved);
+            inside_.insert(*resolved);
+        }
+    }
+}
+
+bool Confines::HoldFolder(const std::string& folder) {
+    if (inside_.contains(folder)) return true;
+    // Only a folder that is a link itself leads elsewhere than the one that it lies in, and that
+    // one is mostly known.
+    if (LimitOf(folder).empty()) return false;
+    const bool inside = platform::System().files.IsLink(folder)
+                            ? StaysInside(folder)
+                            : HoldFolder(std::string(platform::ParentOfResolved(folder)));
+    if (inside) inside_.insert(folder);
+    return inside;
+}
+
+bool Confines::HoldFile(const std::string& file) {
+    return HoldFolder(std::string(platform::ParentOfResolved(file))) &&
+           (!platform::System().files.IsLink(file) || StaysInside(file));
+}
+
+bool Confines::HoldPage(const std::string& file, std::string_view host) {
+    if (!HoldFile(file)) return false;
+    for (const std::string& root : roots_) {
+        const auto folder = platform::ResolvePathText(std::string(root).append("\\").append(host));
+        // Names like ".." are none of a folder in there.
+        if (folder && IsIn(*folder, root) && IsIn(file, *folder)) {
+            return LoweredName(*folder) != kSearchFolder;
+        }
+    }
+    return false;
+}
+
+bool Confines::LetMake(const std::string& folder) {
+    for (const std::string& root : roots_) {
+        if (folder == root || IsIn(root, folder)) return true;
+        const std::string_view parent = platform::ParentOfResolved(folder);
+        if (parent == root && std::ranges::count(kRecordFiles, LoweredName(folder)) > 0) {
+            return false;
+        }
+    }
+    return HoldFolder(std::string(platform::ParentOfResolved(folder)));
+}
+
+/// The folder in which `path` must also lie when links are followed; "" outside the target folder.
+std::string Confines::LimitOf(std::string_view path) const {
+    for (const std::string& root : roots_) {
+        if (!IsIn(path, root)) continue;
+        const std::size_t end_of_host = path.find('\\', root.size() + 1);
+        return end_of_host == path.npos ? root : std::string(path.substr(0, end_of_host));
+    }
+    return "";
+}
+
+bool Confines::StaysInside(const std::string& path) const {
+    const std::string limit = LimitOf(path);
+    return !limit.empty() && platform::System().files.IsInside(path, limit);
+}
+
+}  // namespace bas_Output
