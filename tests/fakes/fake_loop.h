@@ -55,8 +55,8 @@ class FakeLoop : public platform::EventLoop {
 
     /// The first event due by `time` that was posted before number `posted_before`.
     std::optional<Handler> TakeDue(std::int64_t time, std::uint64_t posted_before) {
-        for (auto event = events_.begin(); event != events_.end() && std::get<0>(event->first) <= time;
-             ++event) {
+        for (auto event = events_.begin();
+             event != events_.end() && std::get<0>(event->first) <= time; ++event) {
             if (std::get<2>(event->first) >= posted_before) continue;
             now_ = std::max(now_, std::get<0>(event->first));
             Handler handler = std::move(event->second);
