@@ -1,7 +1,6 @@
 // Feeds made-up pages to the page text reader, looking for crashes (libFuzzer, needs clang).
 //
-//     cmake --preset sanitize -DCMAKE_CXX_COMPILER=clang++ && ninja -C build/sanitize
-//     page_text_fuzz
+//     cmake --preset fuzz && ninja -C build/fuzz page_text_fuzz && build/fuzz/bench/page_text_fuzz
 
 #include <cstddef>
 #include <cstdint>
