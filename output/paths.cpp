@@ -24,14 +24,15 @@ bool CreateAndNote(const std::string& folder) {
 }
 
 /// Makes the missing ones of the folders that end in `way` at `ends`, each in the one before, root
-/// first. The last one is asked for first, since it is mostly there, and then as few others as
-/// possible: a site may link deeper and deeper below a folder that cannot be made.
+/// first. Mostly all are there, or all but the last; otherwise as few as possible are asked for: a
+/// site may link deeper and deeper below a folder that cannot be made.
 void MakeMissingFolders(const std::string& way, const std::vector<std::size_t>& ends) {
     const auto folder = [&way](std::size_t end) { return way.substr(0, end); };
     const auto exists = [&folder](std::size_t end) {
         return platform::System().files.FolderExists(folder(end));
     };
-    if (ends.empty() || !MayMakeFolder(folder(ends.back())) || exists(ends.back())) return;
+    if (ends.empty() || !MayMakeFolder(folder(ends.back()))) return;
+    if (exists(ends.back()) || CreateAndNote(folder(ends.back()))) return;
     auto missing = std::partition_point(ends.begin(), ends.end(), exists);
     while (missing != ends.end() && CreateAndNote(folder(*missing))) {
         ++missing;

@@ -21,7 +21,7 @@ KNOWS = {
     "setup": {"output", "engine/state", "platform", "text"},
     "extractor": {"setup", "output", "engine/state", "platform", "text"},
     "engine": {"extractor", "setup", "output", "engine/state", "platform", "text"},
-    "widgets": {"platform/qt"},
+    "widgets": set(),
     "setup/forms": {"widgets", "engine", "setup", "engine/state", "platform/qt", "platform", "text"},
     "ui": {"setup/forms", "widgets", "engine", "setup", "output", "engine/state", "platform/qt",
            "platform", "page_text", "text"},

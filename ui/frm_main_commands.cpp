@@ -51,6 +51,8 @@ void frmMain::ConnectControls() {
     disconnect(txt_max_->lineEdit(), &QLineEdit::editingFinished, txt_max_, nullptr);
     On(txt_max_->lineEdit(), &QLineEdit::textEdited, [] { bas_Connections::txtMax_Change(); });
     On(txt_max_, &QComboBox::activated, [] { bas_Connections::txtMax_Click(); });
+    On(list1_, &AddressList::Refreshed, [this] { ListChanged(); });
+    On(list2_, &AddressList::Refreshed, [this] { ListChanged(); });
 }
 
 void frmMain::ConnectMenu() {
@@ -69,6 +71,7 @@ void frmMain::ConnectCrawl() {
         timeouts_[i].on_timer = WhileLoaded([i] { bas_Connections::tmrOut_Timer(i); });
     }
     move_timer_.on_timer = WhileLoaded([] { bas_Connections::tmrMove_Timer(); });
+    On(&progress_timer_, &QTimer::timeout, [this] { ShowProgress(); });
     On(&rate_timer_, &QTimer::timeout, [this] { picture1_->Picture3().Sample(crawl::TotalBytes); });
 }
 
@@ -90,8 +93,8 @@ void frmMain::ExploreTarget() {
 }
 
 void frmMain::OpenSelectedAddress() {
-    if (!list1_->Selected()) return;
-    std::string address = crawl::List1.Item(*list1_->Selected());
+    std::string address = list1_->Selected();
+    if (address.empty()) return;
     if (text::LowerCase(text::Left(address, 7)) != "http://") {
         address = "http://" + std::string(text::Trim(address));
     }
@@ -101,12 +104,24 @@ void frmMain::OpenSelectedAddress() {
 void frmMain::ShowOtherLinks(bool other_links) {
     list1_->setVisible(!other_links);
     label8_->setVisible(!other_links);
+    next_->setVisible(!other_links);
     list2_->setVisible(other_links);
     list2_heading_->setVisible(other_links);
-    other_links_->setText(other_links ? "Show Queued Files" : "Show Other Links");
-    const int right = other_links_->geometry().right();
-    other_links_->adjustSize();
-    other_links_->move(right + 1 - other_links_->width(), other_links_->y());
+    ListChanged();
+}
+
+void frmMain::ListChanged() {
+    const QString count = QString::fromStdString(
+        bas_Connections::FormatCount(static_cast<std::int64_t>(crawl::List2.Count())));
+    list2_heading_->setText("Other Links on the Site: " + count);
+    other_links_->setText(list2_->isHidden() ? QString("Show Other Links (%1)").arg(count)
+                                             : QString("Show Queued Files"));
+    // The queue is worked from its end.
+    next_->setText(crawl::List1.Empty()
+                       ? QString()
+                       : "Next: " +
+                             platform::FromBytes(crawl::List1.Item(crawl::List1.Count() - 1)));
+    PlaceOtherLinksButton();
 }
 
 }  // namespace ui

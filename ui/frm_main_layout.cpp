@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
 
@@ -15,8 +16,9 @@ namespace {
 constexpr int kEdge = 180;
 constexpr int kButton = 420;
 constexpr int kPanelLeft = 240;
-constexpr int kPanelTop = 1770;
+constexpr int kPanelTop = 1800;
 constexpr int kListAfterPanel = 540;
+constexpr int kNextAfterHeading = 1650;
 constexpr int kQueueRoom = 1500;
 
 constexpr int kOpeningWidth = 12300;
@@ -24,10 +26,6 @@ constexpr int kOpeningQueue = 2250;
 
 /// What the panel and the queue leave of the height to everything else.
 constexpr int kAroundPanelAndQueue = 2280 + 480;
-
-int InTwips(int pixels) {
-    return pixels * 15;
-}
 
 /// A control refuses a negative size and keeps the one it has.
 void SetWidth(QWidget* control, int twips) {
@@ -83,8 +81,10 @@ void frmMain::PlaceFixedControls() {
     PlaceTwips(label7_, 0, kCounterRow, 930, 270);
 
     PlaceTwips(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
+    picture1_->move(picture1_->x(), OnPixelGrid(picture1_->y()));
     for (QWidget* heading : {label8_, list2_heading_})
         PlaceTwips(heading, kEdge, 0, 3000, 300);
+    PlaceTwips(next_, kEdge + kNextAfterHeading, 0, 3000, 300);
     for (QWidget* list : {list1_, list2_})
         PlaceTwips(list, kEdge, 0, kOpeningWidth, kQueueRoom);
     PlaceTwips(label6_, kEdge, 0, kOpeningWidth, 270);
@@ -93,16 +93,15 @@ void frmMain::PlaceFixedControls() {
 void frmMain::FitPanel(int height) {
     // All rows where there is room for them and some of the queue, else as many as there are; they
     // scroll then. Below a few rows the panel does not shrink.
-    const int panel =
-        std::clamp(height - kAroundPanelAndQueue - kQueueRoom, InTwips(picture1_->LeastHeight()),
-                   InTwips(picture1_->FullHeight()));
-    SetHeight(picture1_, panel);
-    const int list_top = kPanelTop + Height(picture1_) + kListAfterPanel;
+    const int room = Twips(height - kAroundPanelAndQueue - kQueueRoom);
+    const int panel = std::clamp(room, picture1_->LeastHeight(), picture1_->FullHeight());
+    picture1_->resize(picture1_->width(), OnPixelGrid(panel));
+    const int list_top = picture1_->y() + picture1_->height() + OnPixelGrid(Twips(kListAfterPanel));
     for (QWidget* list : {list1_, list2_})
-        SetTop(list, list_top);
-    for (QWidget* heading : {label8_, list2_heading_})
-        SetTop(heading, list_top - 330);
-    SetTop(other_links_, list_top - 390);
+        list->move(list->x(), list_top);
+    for (QWidget* heading : std::initializer_list<QWidget*>{label8_, list2_heading_, next_})
+        heading->move(heading->x(), list_top - Twips(330));
+    other_links_->move(other_links_->x(), list_top - Twips(390));
 }
 
 void frmMain::Form_Resize() {
@@ -125,12 +124,18 @@ void frmMain::Form_Resize() {
     SetWidth(label6_, w - 360);
     // In a narrow window the counters need the hint's room.
     label7_->setVisible(label7_->x() > label5_->geometry().right());
+    PlaceOtherLinksButton();
+}
+
+void frmMain::PlaceOtherLinksButton() {
+    other_links_->adjustSize();
     SetLeft(other_links_, Left(list1_) + Width(list1_) - Width(other_links_));
+    next_->resize(std::max(0, other_links_->x() - next_->x() - Twips(120)), next_->height());
 }
 
 void frmMain::PlaceOnScreen() {
-    const int menu = menuWidget()->sizeHint().height();
-    const int wanted = Twips(kAroundPanelAndQueue + kOpeningQueue) + picture1_->FullHeight() + menu;
+    const int wanted = Twips(kAroundPanelAndQueue + kOpeningQueue) + picture1_->FullHeight() +
+                       menuBar()->height() + progress_->sizeHint().height();
     // The desktop's frame around the window is not known yet.
     constexpr int kFrame = 40;
     const QSize room = screen()->availableGeometry().size() - QSize(0, kFrame);

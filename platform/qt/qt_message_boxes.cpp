@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
+#include <QTimer>
 
 #include "platform/qt/local_text.h"
 
@@ -16,6 +18,30 @@ QString LinesOf(const std::string& message) {
     return FromBytes(message).replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
+/// What a box stands over: the dialog that is open, else the active window, else the main window.
+/// While another program has the keyboard no window of ours is active, and a box of nobody's would
+/// come up in front of that program.
+QWidget* Owner() {
+    if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
+    if (QWidget* window = QApplication::activeWindow()) return window;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
+    }
+    return nullptr;
+}
+
+/// Shows a box until it is answered. When another program is in front, the box asks for attention
+/// and leaves the keyboard where it is.
+int Run(QDialog& box) {
+    if (QGuiApplication::applicationState() != Qt::ApplicationActive) {
+        box.setAttribute(Qt::WA_ShowWithoutActivating);
+        QTimer::singleShot(0, &box, [&box] {
+            QApplication::alert(box.parentWidget() != nullptr ? box.parentWidget() : &box);
+        });
+    }
+    return box.exec();
+}
+
 }  // namespace
 
 BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
@@ -24,7 +50,7 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
     const bool stops = style == BoxStyle::Stop || style == BoxStyle::StopYesNo;
 
     // On the heap and watched, since the window above it may be unloaded while it is open.
-    const QPointer<QMessageBox> box(new QMessageBox(QApplication::activeWindow()));
+    const QPointer<QMessageBox> box(new QMessageBox(Owner()));
     box->setIcon(stops ? QMessageBox::Critical : QMessageBox::Information);
     box->setWindowTitle(FromBytes(title));
     box->setTextFormat(Qt::PlainText);
@@ -35,20 +61,20 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
         box->setDefaultButton(QMessageBox::Yes);
         box->setEscapeButton(QMessageBox::No);  // what closing the frame answers, too
     }
-    const int button = box->exec();
+    const int button = Run(*box);
     delete box.data();
     if (!asks) return BoxAnswer::Ok;
     return button == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
 }
 
 std::string QtMessageBoxes::InputBox(const std::string& prompt, const std::string& title) {
-    const QPointer<QInputDialog> box(new QInputDialog(QApplication::activeWindow()));
+    const QPointer<QInputDialog> box(new QInputDialog(Owner()));
     box->setWindowTitle(FromBytes(title));
     box->setLabelText(LinesOf(prompt));
     for (QLabel* label : box->findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     std::string text;
-    if (box->exec() == QDialog::Accepted && box) text = ToBytes(box->textValue());
+    if (Run(*box) == QDialog::Accepted && box) text = ToBytes(box->textValue());
     delete box.data();
     return text;
 }

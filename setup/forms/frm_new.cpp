@@ -1,6 +1,5 @@
 #include "setup/forms/frm_new.h"
 
-#include <QComboBox>
 #include <QFrame>
 #include <QLineEdit>
 #include <QPushButton>
@@ -13,12 +12,14 @@
 #include "engine/state/crawl_state.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
+#include "setup/forms/address_hint.h"
 #include "setup/forms/byte_list.h"
 #include "setup/forms/z_dir.h"
 #include "setup/forms/z_filter.h"
 #include "setup/settings.h"
 #include "text/numbers.h"
 #include "text/text.h"
+#include "widgets/choice_box.h"
 #include "widgets/elided_label.h"
 #include "widgets/twips.h"
 
@@ -26,10 +27,18 @@ namespace ui {
 
 namespace {
 
-constexpr int kCollapsedWidth = Twips(6855);
-constexpr int kExpandedWidth = Twips(9720);
+int CollapsedWidth() {
+    return Twips(6855);
+}
+
+int ExpandedWidth() {
+    return Twips(9720);
+}
+
 /// Half of the difference of the widths, so that the form grows about its centre.
-constexpr int kSideStep = (Twips(2865) + 1) / 2;
+int SideStep() {
+    return (Twips(2865) + 1) / 2;
+}
 
 }  // namespace
 
@@ -71,7 +80,7 @@ void frmNew::Form_Load() {
     SetTxtDir(bas_General::StoredFolder());
     list2_->addItems({"5", "10", "20", "30", "45"});
     list2_->setEditText(platform::FromBytes(bas_General::ReadSetting("Timeout", "15")));
-    setFixedWidth(kCollapsedWidth);
+    setFixedWidth(CollapsedWidth());
     frame1_->hide();
 }
 
@@ -95,7 +104,9 @@ void frmNew::ApplyTimeout(const std::string& seconds) {
 }
 
 void frmNew::txtURL_Change() {
-    bas_General::PutSetting("LastURL", platform::ToBytes(txt_url_->text()));
+    const std::string address = platform::ToBytes(txt_url_->text());
+    bas_General::PutSetting("LastURL", address);
+    address_hint_->setText(platform::FromBytes(AddressHint(address)));
 }
 
 void frmNew::txtDir_Change() {
@@ -151,9 +162,9 @@ void frmNew::Command2_Click() {
 }
 
 void frmNew::Command6_Click() {
-    const bool expand = width() == kCollapsedWidth;
-    setFixedWidth(expand ? kExpandedWidth : kCollapsedWidth);
-    move(x() + (expand ? -kSideStep : kSideStep), y());
+    const bool expand = width() == CollapsedWidth();
+    setFixedWidth(expand ? ExpandedWidth() : CollapsedWidth());
+    move(x() + (expand ? -SideStep() : SideStep()), y());
     command6_->setText(expand ? "Options <<" : "Options >>");
     // Out of sight it must be out of the tab order, too.
     frame1_->setVisible(expand);

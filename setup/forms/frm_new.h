@@ -3,7 +3,6 @@
 #include <QDialog>
 #include <string>
 
-class QComboBox;
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -12,6 +11,7 @@ class QPushButton;
 namespace ui {
 
 class ByteList;
+class ChoiceBox;
 class ElidedLabel;
 
 /// The New Site Wizard: which site to download into which folder, the timeout and the file types.
@@ -31,6 +31,7 @@ class frmNew : public QDialog {
     void MakeMainArea();
     void MakeAddressBoxes();
     void MakeButtons();
+    ElidedLabel* MakeHint(const char* name);
     void MakeOptionsArea();
     void ConnectHandlers();
 
@@ -62,6 +63,7 @@ class frmNew : public QDialog {
     bool unloaded_ = false;
     QLineEdit* txt_url_;
     QLineEdit* txt_dir_;
+    ElidedLabel* address_hint_;   ///< what the address will make the crawl ask for
     ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
     QPushButton* command1_;
     QPushButton* command2_;
@@ -73,7 +75,7 @@ class frmNew : public QDialog {
     QPushButton* command3_;
     QPushButton* command4_;
     QPushButton* command5_;
-    QComboBox* list2_;
+    ChoiceBox* list2_;
 };
 
 }  // namespace ui
