@@ -15,6 +15,8 @@ namespace fakes {
 /// address refuse the connection; an unknown path of a known host is answered with a 404.
 class FakeNetwork {
   public:
+    virtual ~FakeNetwork() = default;
+
     /// Serves `body` under an address such as "site.com/docs/a.html".
     void PutPage(const std::string& address, const std::string& body) {
         Put(address, "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n" + body);
@@ -27,7 +29,7 @@ class FakeNetwork {
     void PutSilent(const std::string& address) { answers_[address] = std::nullopt; }
 
     /// Puts `socket` on this network, which must outlive it.
-    void Attach(FakeSocket& socket) {
+    virtual void Attach(FakeSocket& socket) {
         socket.peer_on_connect = [this](FakeSocket& peer) {
             if (Knows(peer.host())) {
                 peer.PeerAccepts();

@@ -1,0 +1,233 @@
+#include "tests/schedule_checks.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/answer_memory.h"
+#include "engine/endings.h"
+#include "engine/scheduler.h"
+#include "output/rewrite_links.h"
+#include "text/text.h"
+
+namespace schedules {
+
+namespace {
+
+using platform::SocketState;
+
+/// What is saved of an answer.
+std::string Saved(const std::string& received, bool has_lines) {
+    const std::size_t blank_line = received.find("\r\n\r\n");
+    std::string page(text::Mid(received, blank_line == std::string::npos ? 4 : blank_line + 5));
+    if (has_lines) bas_Output::DoubleLineEnds(page);
+    bas_Output::RewriteDynamicLinks(page);
+    return page + "\r\n";
+}
+
+bool IsRecord(const std::string& path) {
+    return path.ends_with("\\log.txt") || path.ends_with("\\transdd.txt") ||
+           text::Contains(path, "\\_SearchData\\");
+}
+
+std::string Placeholder() {
+    return "This file is queued to be downloaded, or did not download correctly.\r\n";
+}
+
+}  // namespace
+
+bool Checks::Expect(bool holds, const std::string& what) {
+    if (!holds && fault_.empty()) fault_ = what;
+    return holds;
+}
+
+void Checks::Booted(fakes::FakeMainWindow& window, const fakes::MemoryFiles& files) {
+    window_ = &window;
+    files_ = &files;
+    peers_ = {};
+    queue_.clear();
+    expected_.clear();
+    runs_ = ticks_ = false;
+    unreported_ = 0;
+    ++crawl_;
+    crawl::List1.on_change = [this] { QueueChanged(); };
+}
+
+void Checks::Started(const std::string& address) {
+    if (runs_) ++unreported_;
+    runs_ = ticks_ = true;
+    resumed_late_ = false;
+    peers_ = {};
+    next_address_ = address;
+}
+
+void Checks::StopConfirmed() {
+    runs_ = ticks_ = false;
+    ++crawl_;
+}
+
+void Checks::Paused(bool paused) {
+    ticks_ = !paused;
+    resumed_late_ = !paused && window_->start_enabled;
+}
+
+void Checks::Asked(const std::string& title) {
+    if (title != "Done.") return;
+    if (unreported_ > 0) {
+        --unreported_;
+    } else {
+        Expect(runs_, "a crawl ends twice");
+        runs_ = false;
+        ticks_ = std::exchange(resumed_late_, false);
+    }
+}
+
+void Checks::QueueChanged() {
+    const std::size_t count = crawl::List1.Count();
+    if (count == queue_.size() + 1) {
+        queue_.push_back(crawl::List1.Item(count - 1));
+    } else if (count + 1 == queue_.size()) {
+        next_address_ = std::exchange(queue_, {queue_.begin(), queue_.end() - 1}).back();
+    } else if (count == 0) {
+        Expect(queue_.empty() || !runs_, "a running crawl loses its queue");
+        queue_.clear();
+    }
+    Expect(queue_ == fakes::Items(crawl::List1), "the queue changes elsewhere than at its end");
+}
+
+void Checks::LoseConnection(int slot) {
+    const Peer* const peer = std::exchange(peers_[slot], nullptr);
+    if (peer == nullptr || peer->crawl != crawl_) return;
+    Expect(peer->ended || peer->timed_out || peer->refused || memory_short_,
+           "a connection is closed for no reason");
+}
+
+void Checks::Connected(int slot) {
+    const crawl::ConnectionSlot& now = crawl::Slots[slot];
+    const Peer* const old = peers_[slot];
+    Expect(runs_, "a connection is made while no crawl runs");
+    if (now.Attempts == 1) {
+        Expect(slot <= bas_Connections::ConnectionsCount(), "a slot too many is used");
+        Expect(next_address_.ends_with(now.Url) && !now.Url.empty(), "not the newest is taken");
+        Expect(old == nullptr || old->job != now.Job, "a job goes on under another address");
+        next_address_.clear();
+    } else {
+        Expect(now.Attempts <= 3, "a fourth attempt is made");
+        Expect(firing_[slot] == now.Job, "a job is tried again without a timeout");
+    }
+    LoseConnection(slot);
+    Peer peer;
+    peer.job = now.Job;
+    peer.before = now.Response.View();
+    peer.answer = &sites_.At(now.Host + now.Path);
+    peer.refused = text::Contains(now.Path, "/..");
+    refused_ = peer.refused;
+    peer.crawl = crawl_;
+    peers_[slot] = &all_peers_.emplace_back(std::move(peer));
+}
+
+void Checks::TimerFired(int slot, const std::function<void()>& handler) {
+    const crawl::ConnectionSlot& now = crawl::Slots[slot];
+    Expect(runs_, "a timeout runs although no crawl does");
+    Peer* const peer = peers_[slot];
+    // The server is not silent while its own answer is worked on.
+    if (peer != nullptr && now.JobAtWork != now.Job) {
+        const bool silent = loop_.Now() - peer->heard_at >= window_->tmrOut(slot).Interval();
+        Expect(silent || peer->sent == 0, "a server that was not silent times out");
+        peer->timed_out = true;
+    }
+    const unsigned before = std::exchange(firing_[slot], now.Job);
+    handler();
+    firing_[slot] = before;
+}
+
+void Checks::Sent(int slot, std::size_t count) {
+    peers_[slot]->sent += count;
+    if (count > 0) peers_[slot]->heard_at = loop_.Now();
+    std::size_t all = 0;
+    for (int i = 1; i <= crawl::kSlotCount; ++i) {
+        const bool open = window_->Sock(i).State() != SocketState::Closed;
+        if (peers_[i] != nullptr && open) all += peers_[i]->before.size() + peers_[i]->sent;
+    }
+    // A scan may make a text somewhat longer.
+    if (all > bas_Connections::MostAnswerBytes / 2) memory_short_ = true;
+}
+
+void Checks::ClosedByServer(int slot) {
+    const Peer& peer = *peers_[slot];
+    if (peer.sent == 0) return;
+    const std::string& file = peer.answer->file;
+    for (const bool has_lines : {false, true}) {
+        answered_.insert(Saved(peer.Received(), has_lines));
+    }
+    if (file.empty()) return;
+    expected_.push_back({&peer, file, Saved(peer.Received(), !file.ends_with(".gif"))});
+}
+
+void Checks::LookAtSlot(int slot) {
+    const crawl::ConnectionSlot& now = crawl::Slots[slot];
+    fakes::FakeSocket& socket = window_->Sock(slot);
+    Expect(now.JobAtWork == 0, "a finished answer is still at work");
+    const Peer* const peer = peers_[slot];
+    if (socket.State() == SocketState::Closed) {
+        const bool given_up =
+            peer == nullptr || !peer->timed_out || peer->crawl != crawl_ || memory_short_;
+        Expect(given_up || now.Attempts == 3 || !runs_, "a job that timed out is not tried again");
+        LoseConnection(slot);
+        return;
+    }
+    if (!Expect(runs_, "a connection outlives its crawl") ||
+        !Expect(peer != nullptr, "an unknown connection is open")) {
+        return;
+    }
+    Expect(!now.Url.empty() && socket.host() == now.Host, "slot and socket disagree");
+    Expect(peer->job == now.Job, "a connection serves another job");
+    Expect(window_->tmrOut(slot).Enabled(), "a connection has no timeout");
+    // What came is there, in order and nothing else; what came before a reset may be lost.
+    const std::string received = peer->Received();
+    const bool whole = socket.State() == SocketState::Connected;
+    Expect(received.starts_with(now.Response.View()) &&
+               (!whole || received.size() == now.Response.Size()),
+           "an answer is not what its server sent");
+}
+
+void Checks::LookAtFiles() {
+    for (const Expected& e : expected_) {
+        const std::string found = files_->At(e.file);
+        const bool another =
+            std::any_of(expected_.begin(), expected_.end(),
+                        [&](const Expected& o) { return o.file == e.file && o.contents == found; });
+        const bool cut_off = e.peer->timed_out || e.peer->crawl != crawl_ || memory_short_;
+        Expect(another || cut_off, "a whole answer is not saved: " + e.file);
+        const bool waits = files_->files.contains(e.file + ".tmp");
+        Expect(!waits || cut_off, "a saved file has its placeholder still: " + e.file);
+    }
+    expected_.clear();
+    for (const auto& [path, contents] : files_->files) {
+        if (IsRecord(path) || !path.starts_with("c:\\Websites\\")) continue;
+        const bool known = path.ends_with(".tmp")
+                               ? text::ReplaceAll(contents, Placeholder(), "").empty()
+                               : answered_.contains(contents);
+        Expect(known, "no server sent what is in " + path);
+    }
+}
+
+void Checks::Look() {
+    std::size_t held = 0;
+    for (int i = 1; i <= crawl::kSlotCount; ++i) {
+        LookAtSlot(i);
+        held += crawl::Slots[i].Response.BytesHeld();
+        if (!runs_) Expect(!window_->tmrOut(i).Enabled(), "a timeout is on after the end");
+    }
+    Expect(held <= bas_Connections::MostAnswerBytes, "the answers hold too much");
+    Expect(window_->start_enabled != runs_, "the start button does not tell whether a crawl runs");
+    Expect(window_->tmrMove().Enabled() == ticks_, "the scheduler is not on or off as it should");
+    Expect(unreported_ == 0, "the end of a crawl is not told");
+    const bool done = crawl::List1.Empty() && bas_Connections::AllSocketsClosed();
+    if (!runs_) Expect(done, "addresses are queued and no crawl runs");
+    // What the engine refuses to ask for ends by its timeout.
+    if (runs_) Expect(!done || refused_, "a crawl that is done goes on");
+    LookAtFiles();
+    memory_short_ = false;
+}
+
+}  // namespace schedules

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "engine/state/crawl_state.h"
+#include "tests/fakes/fake_main_window.h"
+#include "tests/fakes/fake_system.h"
+#include "tests/schedule_site.h"
+#include "text/one_based.h"
+
+/// Random schedules. This file: what always holds, whatever happens.
+namespace schedules {
+
+/// A connection as its server knows it.
+struct Peer {
+    unsigned job = 0;    ///< the slot's job when the connection began
+    std::string before;  ///< what the job had received on earlier connections
+    const Answer* answer = nullptr;
+    std::size_t sent = 0;  ///< bytes of the answer
+    bool accepted = false;
+    bool ended = false;    ///< closed, reset or refused by the server
+    bool refused = false;  ///< asks above the root, which the engine refuses
+    bool timed_out = false;
+    std::int64_t heard_at = 0;  ///< when it sent last
+    int crawl = 0;
+
+    std::string Received() const { return before + answer->bytes.substr(0, sent); }
+};
+
+/// Is told what user and servers do, and looks at the engine after each event.
+class Checks {
+  public:
+    Checks(const Sites& sites, const fakes::FakeLoop& loop) : sites_(sites), loop_(loop) {}
+
+    /// What went wrong first, or "".
+    const std::string& Fault() const { return fault_; }
+
+    // What happens.
+    void Booted(fakes::FakeMainWindow& window, const fakes::MemoryFiles& files);
+    void Started(const std::string& address);
+    void StopConfirmed();
+    void Paused(bool paused);
+    void Asked(const std::string& title);
+    void Connected(int slot);
+    void TimerFired(int slot, const std::function<void()>& handler);
+    void Sent(int slot, std::size_t count);
+    void ClosedByServer(int slot);
+
+    /// The server's side of the slot's connection; null when there is none.
+    Peer* PeerOf(int slot) { return peers_[slot]; }
+    bool CrawlRuns() const { return runs_; }
+
+    /// Every event has been handled.
+    void Look();
+    void MustBeOver() { Expect(!runs_, "the crawl does not come to an end"); }
+
+  private:
+    struct Expected {
+        const Peer* peer;
+        std::string file, contents;
+    };
+
+    bool Expect(bool holds, const std::string& what);
+    void QueueChanged();
+    void LoseConnection(int slot);
+    void LookAtSlot(int slot);
+    void LookAtFiles();
+
+    const Sites& sites_;
+    const fakes::FakeLoop& loop_;
+    fakes::FakeMainWindow* window_ = nullptr;
+    const fakes::MemoryFiles* files_ = nullptr;
+    std::string fault_;
+    std::deque<Peer> all_peers_;
+    text::OneBased<Peer*, crawl::kSlotCount> peers_;
+    text::OneBased<unsigned, crawl::kSlotCount> firing_;  ///< the job of a timeout's handler
+    std::vector<std::string> queue_;
+    std::string next_address_;        ///< taken off the queue, or the start page
+    std::set<std::string> answered_;  ///< all that may stand in the mirror's files
+    std::vector<Expected> expected_;  ///< what must stand there now
+    int crawl_ = 0;                   ///< raised when connections are cut by the user
+    int unreported_ = 0;              ///< crawls whose end has yet to be told
+    bool runs_ = false, ticks_ = false;
+    bool resumed_late_ = false;  ///< after the crawl's end, which has yet to be told
+    bool memory_short_ = false;  ///< answers may have been given up since the last look
+    bool refused_ = false;       ///< the newest connection asks above the root
+};
+
+}  // namespace schedules

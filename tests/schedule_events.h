@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// Random schedules. This file: what may happen, and lists of it.
+namespace schedules {
+
+enum class Kind {
+    Serve,       ///< the server of an open connection accepts, or sends `amount` bytes, or ends
+    Finish,      ///< it does all of that at once
+    CloseEarly,  ///< it closes, wherever it is
+    Reset,       ///< it resets
+    Wait,        ///< `amount` milliseconds pass
+    Stop,        ///< the stop button; an odd `amount` answers Yes, one in two of those starts again
+    Start,       ///< a crawl of one of the sites is started
+    Pause,       ///< the pause entry of the menu
+    Resume,      ///< the pause dialog is closed
+    Connections,  ///< another number of connections is chosen
+    Restart,      ///< the program is killed, or left by an odd `amount`, and started again
+};
+
+/// One thing that happens: now, or at the `yield`-th yield from now on. Every list of events can be
+/// run; one that has no object, a click on a button that is disabled for example, does nothing.
+struct Event {
+    Kind kind;
+    unsigned which = 0;  ///< picks a connection, a site or a number
+    unsigned amount = 0;
+    int yield = 0;
+};
+
+std::vector<Event> RandomEvents(unsigned seed);
+
+/// As the code that a test can have it back from.
+std::string AsCode(const std::vector<Event>& events);
+
+}  // namespace schedules

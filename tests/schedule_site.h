@@ -1,0 +1,39 @@
+#pragma once
+
+#include <map>
+#include <random>
+#include <string>
+
+/// Random schedules. This file: the sites that they crawl.
+namespace schedules {
+
+using Random = std::mt19937;
+
+/// How a server ends a connection by itself, when nothing else comes in between.
+enum class Ending { Close, Silence, Reset, Refusal };
+
+struct Answer {
+    std::string bytes;
+    Ending ending = Ending::Close;
+    std::string file;  ///< what the mirror must have after a close; "" where that is open
+};
+
+/// Two small sites, of pages that link to each other and to what is missing, cannot be written or
+/// lies above the root. No page holds what saving rewrites, line ends and ".php?" aside.
+class Sites {
+  public:
+    /// `large`: how many bytes make an answer large. One page of each site has that size.
+    Sites(unsigned seed, std::size_t large);
+
+    /// What the servers answer to a request for this host and path.
+    const Answer& At(std::string address) const;
+
+  private:
+    std::map<std::string, Answer> answers_;
+    Answer missing_;
+};
+
+/// The sites' hosts. A ".." behind the second is asked for, and refused by the engine.
+inline constexpr const char* kHosts[] = {"www.site.com", "www.other.de"};
+
+}  // namespace schedules
