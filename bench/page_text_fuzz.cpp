@@ -1,10 +1,13 @@
 // Feeds made-up pages to the page text reader, looking for crashes (libFuzzer, needs clang).
 //
-//     cmake --preset sanitize -DCMAKE_CXX_COMPILER=clang++ && ninja -C build/sanitize
-//     page_text_fuzz
+//     cmake -S . -B build/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++
+//         -DCMAKE_CXX_FLAGS="-O1 -g -fsanitize=address,undefined,fuzzer-no-link"
+//     ninja -C build/fuzz page_text_fuzz
+//     build/fuzz/bench/page_text_fuzz [FOLDER_OF_PAGES...]
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "page_text/inner_text.h"

@@ -1,7 +1,7 @@
 """Takes the pictures in docs/pictures from the real program: its window in the middle of a crawl, and
 each dialog.
 
-    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 docs/take_pictures.py
+scripts/take_pictures builds the program, installs the site that is shown, and starts this.
 """
 
 import os
@@ -18,7 +18,7 @@ from desktop import MAIN, WIZARD, Desktop  # noqa: E402
 from program import copy_program, wait_until  # noqa: E402
 
 SITE = "www.example.test"
-ROOT = "/usr/share/doc/python-kombu-doc/html"
+ROOT = "/usr/share/doc/python-flask-doc/html"
 
 
 class Photographer:
@@ -68,7 +68,7 @@ def take_all(desktop, program, pictures):
     press("Tab", "Tab", "Tab")
     desktop.type("12")  # connections
     copy = desktop.home / "Websites/example.test"
-    wait_until(lambda: len(list(copy.glob("**/*.html"))) > 80, what="some files")
+    wait_until(lambda: len(list(copy.glob("**/*.html"))) > 30, what="some files")
     take(MAIN, "window")
     press("alt+s", "Return")
     take("Paused", "pause")

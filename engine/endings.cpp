@@ -79,7 +79,7 @@ void StopNOW() {
     CloseAllSockets();
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         crawl::ConnectionSlot& slot = crawl::Slots[i];
-        SetSlotStatus(i, "Not Connected.");
+        SetSlotStatus(i, kNotConnected);
         slot.Path.clear();
         slot.Url.clear();
         slot.Host.clear();

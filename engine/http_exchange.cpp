@@ -130,7 +130,7 @@ void Sock_Connect(int index) {
     crawl::ConnectionSlot& slot = crawl::Slots[index];
     if (slot.Url.empty()) {
         window.Sock(index).Close();
-        SetSlotStatus(index, "Not Connected.");
+        SetSlotStatus(index, kNotConnected);
         return;
     }
     text::ReplaceAllIn(slot.Path, "/index.html", "/");
@@ -161,7 +161,7 @@ void Sock_DataArrival(int index) {
     const std::string& url = crawl::Slots[index].Url;
     if (text::Trim(url).empty()) {
         engine::Window().Sock(index).Close();
-        SetSlotStatus(index, "Not Connected.");
+        SetSlotStatus(index, kNotConnected);
     } else if (ConnectionsCount() >= index) {
         SetSlotStatus(index, "Downloading " + url);
     } else {

@@ -10,7 +10,7 @@ void SetSlotStatus(int slot, const std::string& text) {
 
 void ResetSlotRow(int slot) {
     engine::MainWindow& window = engine::Window();
-    window.SetRowStatus(slot, "Not Connected.");
+    window.SetRowStatus(slot, kNotConnected);
     window.SetRowSize(slot, "0 KB");
     window.SetRowReceived(slot, "-");
 }

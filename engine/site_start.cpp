@@ -17,14 +17,6 @@ namespace {
 
 constexpr int kEnterKey = 13;
 
-/// What the user typed, without blanks and scheme and with "www." in front unless it has one
-/// somewhere.
-std::string CleanTypedAddress(const std::string& typed) {
-    std::string address{text::WithoutHttp(text::Trim(typed))};
-    if (!text::Contains(text::LowerCase(address), "www.")) address.insert(0, "www.");
-    return address;
-}
-
 void ResetCrawl() {
     CloseAllSockets();
     crawl::List1.Clear();
@@ -35,6 +27,12 @@ void ResetCrawl() {
 }
 
 }  // namespace
+
+std::string CleanTypedAddress(const std::string& typed) {
+    std::string address{text::WithoutHttp(text::Trim(typed))};
+    if (!text::Contains(text::LowerCase(address), "www.")) address.insert(0, "www.");
+    return address;
+}
 
 void ConnectNowNow() {
     ResetCrawl();

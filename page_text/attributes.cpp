@@ -14,7 +14,7 @@ void AttributeReader::SkipSpace() {
 
 bool AttributeReader::Next() {
     while (at_ < markup_.size() && (IsMarkupSpace(markup_[at_]) || markup_[at_] == '/')) {
-        self_closing_ = markup_[at_++] == '/';
+        ++at_;
     }
     if (at_ == markup_.size()) return false;
     if (markup_[at_] == '>') {
@@ -22,8 +22,6 @@ bool AttributeReader::Next() {
         closed_ = true;
         return false;
     }
-    self_closing_ = false;
-
     // A "=" in front belongs to the name: there is always a first character, so every call gets on.
     const std::size_t begin = at_++;
     while (at_ < markup_.size() && !IsMarkupSpace(markup_[at_]) && markup_[at_] != '/' &&

@@ -20,9 +20,8 @@ class AttributeReader {
     /// Its value without quotes, as written; "" when it has none.
     std::string_view Value() const { return value_; }
 
-    /// After the last attribute: whether the tag was ended by a ">", and whether by "/>".
+    /// After the last attribute: whether the tag was ended by a ">".
     bool Closed() const { return closed_; }
-    bool SelfClosing() const { return self_closing_; }
     /// After the last attribute: where the markup behind the tag begins.
     std::size_t End() const { return at_; }
 
@@ -34,7 +33,6 @@ class AttributeReader {
     std::size_t at_ = 0;
     std::string_view name_, value_;
     bool closed_ = false;
-    bool self_closing_ = false;
 };
 
 }  // namespace page_text

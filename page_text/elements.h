@@ -10,11 +10,13 @@ namespace page_text {
 
 /// How an element stands in the text around it.
 enum class Display : std::uint8_t {
-    kInline,     ///< Its text runs on with the text around it.
-    kInlineBox,  ///< A box in the line: blanks at its inner edges vanish, those outside stay.
-    kReplaced,   ///< A box in the line that shows something else than its content.
+    kInline,    ///< Its text runs on with the text around it.
+    kBreak,     ///< Ends a line.
+    kBox,       ///< A box in the line: blanks at its inner edges vanish, those outside stay.
+    kReplaced,  ///< A box in the line that shows something else than its content.
     kBlock,
     kParagraph,  ///< A block with an empty line around it.
+    kFold,       ///< A block that shows nothing but its title.
     kTable,
     kRowGroup,
     kRow,
@@ -22,141 +24,101 @@ enum class Display : std::uint8_t {
     kNone,  ///< Never shown.
 };
 
-/// What else the page's structure needs to know of an element.
-enum ElementTrait : std::uint16_t {
-    kVoid = 1 << 0,            ///< Has no end tag and no content.
-    kRawText = 1 << 1,         ///< Holds no markup up to its end tag.
-    kEndsParagraph = 1 << 2,   ///< Its start tag closes an open paragraph.
-    kEndsImplicitly = 1 << 3,  ///< May be left open: closed with what is around it.
-    kSpecial = 1 << 4,         ///< An end tag of an inline element does not reach through it.
-    kScope = 1 << 5,           ///< No end tag of a block reaches out of it.
-    kKeepsSpaces = 1 << 6,     ///< White space in it is shown as it is.
-    kFloats = 1 << 7,          ///< align="left" or "right" takes it out of the line.
-    kBlockInFormula = 1 << 8,  ///< Stands by itself within a formula.
+/// What else there is to know of an element.
+enum ElementTrait : std::uint8_t {
+    kVoid = 1 << 0,         ///< Has no content, or is looked through as if it had none.
+    kRawText = 1 << 1,      ///< Holds no markup up to its end tag.
+    kKeepsSpaces = 1 << 2,  ///< White space in it is shown as it is.
+    kInParagraph = 1 << 3,  ///< A block that does not end the paragraph around it.
 };
 
 struct Element {
     std::string_view name;
     Display display = Display::kInline;
-    std::uint16_t traits = 0;
+    std::uint8_t traits = 0;
 };
 
 namespace elements {
-constexpr std::uint16_t kBlockTraits = kEndsParagraph | kSpecial;
-constexpr std::uint16_t kSectionTraits = kSpecial | kEndsImplicitly;
-
 /// The elements that are more than a piece of running text, by name.
 inline constexpr Element kAll[] = {
-    {"address", Display::kBlock, kBlockTraits},
-    {"annotation", Display::kNone},
-    {"annotation-xml", Display::kNone},
-    {"applet", Display::kInlineBox, kSpecial | kScope | kFloats},
+    {"address", Display::kBlock},
     {"area", Display::kNone, kVoid},
-    {"article", Display::kBlock, kBlockTraits},
-    {"aside", Display::kBlock, kBlockTraits},
+    {"article", Display::kBlock},
+    {"aside", Display::kBlock},
     {"audio", Display::kReplaced},
-    {"base", Display::kNone, kVoid},
-    {"basefont", Display::kNone, kVoid},
-    {"bgsound", Display::kNone, kVoid},
-    {"blockquote", Display::kBlock, kBlockTraits},
-    {"body", Display::kInline},
-    {"br", Display::kInline, kVoid},
-    {"button", Display::kInlineBox, kSpecial},
+    {"blockquote", Display::kBlock},
+    {"body", Display::kInline, kVoid},
+    {"br", Display::kBreak, kVoid},
+    {"button", Display::kBox},
     {"canvas", Display::kReplaced},
-    {"caption", Display::kBlock, kSpecial | kScope},
-    {"center", Display::kBlock, kBlockTraits},
+    {"caption", Display::kBlock},
+    {"center", Display::kBlock},
     {"col", Display::kNone, kVoid},
-    {"colgroup", Display::kNone, kVoid},
     {"datalist", Display::kNone},
-    {"dd", Display::kBlock, kBlockTraits | kEndsImplicitly},
-    {"details", Display::kBlock, kBlockTraits},
-    {"dialog", Display::kBlock, kBlockTraits},
-    {"dir", Display::kBlock, kBlockTraits},
-    {"div", Display::kBlock, kBlockTraits},
-    {"dl", Display::kBlock, kBlockTraits},
-    {"dt", Display::kBlock, kBlockTraits | kEndsImplicitly},
-    {"embed", Display::kReplaced, kVoid | kFloats},
-    {"fieldset", Display::kBlock, kBlockTraits},
-    {"figcaption", Display::kBlock, kBlockTraits},
-    {"figure", Display::kBlock, kBlockTraits},
-    {"footer", Display::kBlock, kBlockTraits},
-    {"foreignobject", Display::kBlock, kSpecial | kScope},
-    {"form", Display::kBlock, kBlockTraits},
-    {"frame", Display::kNone, kVoid},
-    {"frameset", Display::kNone, kVoid},
-    {"h1", Display::kBlock, kBlockTraits},
-    {"h2", Display::kBlock, kBlockTraits},
-    {"h3", Display::kBlock, kBlockTraits},
-    {"h4", Display::kBlock, kBlockTraits},
-    {"h5", Display::kBlock, kBlockTraits},
-    {"h6", Display::kBlock, kBlockTraits},
+    {"dd", Display::kBlock},
+    {"details", Display::kFold},
+    {"dialog", Display::kNone},
+    {"dir", Display::kBlock},
+    {"div", Display::kBlock},
+    {"dl", Display::kBlock},
+    {"dt", Display::kBlock},
+    {"embed", Display::kReplaced, kVoid},
+    {"fieldset", Display::kBlock},
+    {"figcaption", Display::kBlock},
+    {"figure", Display::kBlock},
+    {"footer", Display::kBlock},
+    {"form", Display::kBlock},
+    {"h1", Display::kBlock},
     {"head", Display::kInline, kVoid},
-    {"header", Display::kBlock, kBlockTraits},
-    {"hgroup", Display::kBlock, kBlockTraits},
-    {"hr", Display::kBlock, kVoid | kEndsParagraph},
-    {"html", Display::kInline},
-    {"iframe", Display::kReplaced, kRawText | kFloats},
-    {"image", Display::kReplaced, kVoid | kFloats},
-    {"img", Display::kReplaced, kVoid | kFloats},
-    {"input", Display::kReplaced, kVoid | kFloats},
-    {"keygen", Display::kNone, kVoid},
+    {"header", Display::kBlock},
+    {"hgroup", Display::kBlock},
+    {"hr", Display::kBlock, kVoid},
+    {"html", Display::kInline, kVoid},
+    {"iframe", Display::kReplaced, kRawText},
+    {"img", Display::kReplaced, kVoid},
+    {"input", Display::kReplaced, kVoid},
     {"legend", Display::kBlock},
-    {"li", Display::kBlock, kBlockTraits | kEndsImplicitly},
+    {"li", Display::kBlock},
     {"link", Display::kNone, kVoid},
-    {"listing", Display::kBlock, kBlockTraits | kKeepsSpaces},
-    {"main", Display::kBlock, kBlockTraits},
-    {"marquee", Display::kInlineBox, kSpecial | kScope},
-    {"math", Display::kInlineBox},
-    {"menu", Display::kBlock, kBlockTraits},
+    {"listing", Display::kBlock, kKeepsSpaces},
+    {"main", Display::kBlock},
+    {"menu", Display::kBlock},
     {"meta", Display::kNone, kVoid},
     {"meter", Display::kReplaced},
-    {"mfrac", Display::kInline, kBlockInFormula},
-    {"mi", Display::kInline, kBlockInFormula},
-    {"mn", Display::kInline, kBlockInFormula},
-    {"mo", Display::kInline, kBlockInFormula},
-    {"mrow", Display::kInline, kBlockInFormula},
-    {"ms", Display::kInline, kBlockInFormula},
-    {"mtext", Display::kInline, kBlockInFormula},
-    {"nav", Display::kBlock, kBlockTraits},
+    {"nav", Display::kBlock},
     {"noembed", Display::kNone, kRawText},
     {"noframes", Display::kNone, kRawText},
     {"noscript", Display::kNone, kRawText},
-    {"object", Display::kInlineBox, kSpecial | kScope | kFloats},
-    {"ol", Display::kBlock, kBlockTraits},
-    {"optgroup", Display::kBlock, kEndsImplicitly},
-    {"option", Display::kBlock, kEndsImplicitly},
-    {"p", Display::kParagraph, kBlockTraits | kEndsImplicitly},
-    {"param", Display::kNone, kVoid},
-    {"plaintext", Display::kBlock, kBlockTraits | kRawText | kKeepsSpaces},
-    {"pre", Display::kBlock, kBlockTraits | kKeepsSpaces},
+    {"ol", Display::kBlock},
+    {"option", Display::kBlock, kInParagraph},
+    {"p", Display::kParagraph},
+    {"plaintext", Display::kBlock, kRawText | kKeepsSpaces},
+    {"pre", Display::kBlock, kKeepsSpaces},
     {"progress", Display::kReplaced},
-    {"rp", Display::kNone, kEndsImplicitly},
-    {"rt", Display::kInline, kEndsImplicitly},
-    {"ruby", Display::kInline},
+    {"rp", Display::kNone},
     {"script", Display::kNone, kRawText},
-    {"search", Display::kBlock, kBlockTraits},
-    {"section", Display::kBlock, kBlockTraits},
-    {"select", Display::kInlineBox, kSpecial},
+    {"search", Display::kBlock},
+    {"section", Display::kBlock},
+    {"select", Display::kBox},
     {"source", Display::kNone, kVoid},
     {"style", Display::kNone, kRawText},
-    {"summary", Display::kBlock, kBlockTraits},
-    {"svg", Display::kInlineBox},
-    {"table", Display::kTable, kBlockTraits | kScope},
-    {"tbody", Display::kRowGroup, kSectionTraits},
-    {"td", Display::kCell, kSpecial | kScope | kEndsImplicitly},
-    {"template", Display::kNone, kSpecial | kScope},
-    {"text", Display::kInline},
+    {"summary", Display::kBlock},
+    {"svg", Display::kBox},
+    {"table", Display::kTable},
+    {"tbody", Display::kRowGroup},
+    {"td", Display::kCell},
+    {"template", Display::kNone, kRawText},
+    {"text", Display::kBlock, kInParagraph},
     {"textarea", Display::kReplaced, kRawText},
-    {"tfoot", Display::kRowGroup, kSectionTraits},
-    {"th", Display::kCell, kSpecial | kScope | kEndsImplicitly},
-    {"thead", Display::kRowGroup, kSectionTraits},
+    {"tfoot", Display::kRowGroup},
+    {"th", Display::kCell},
+    {"thead", Display::kRowGroup},
     {"title", Display::kNone, kRawText},
-    {"tr", Display::kRow, kSectionTraits},
-    {"track", Display::kNone, kVoid},
-    {"ul", Display::kBlock, kBlockTraits},
+    {"tr", Display::kRow},
+    {"ul", Display::kBlock},
     {"video", Display::kReplaced},
     {"wbr", Display::kNone, kVoid},
-    {"xmp", Display::kBlock, kBlockTraits | kRawText | kKeepsSpaces},
+    {"xmp", Display::kBlock, kRawText | kKeepsSpaces},
 };
 }  // namespace elements
 
@@ -186,6 +148,10 @@ consteval ElementId Id(std::string_view lower_case_name) {
 /// What is known of the element with this number.
 constexpr Element ElementOf(ElementId id) {
     return id == kOtherElement ? Element{} : elements::kAll[id];
+}
+
+constexpr bool Has(ElementId id, ElementTrait trait) {
+    return (ElementOf(id).traits & trait) != 0;
 }
 
 static_assert(std::is_sorted(std::begin(elements::kAll), std::end(elements::kAll),

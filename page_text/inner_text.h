@@ -6,7 +6,7 @@
 
 /// What a person sees of a saved page, without a browser: what the body's innerText is in one,
 /// short of what style sheets and scripts change. Takes any bytes, in linear time, goes through the
-/// page once and builds no tree, so that beside the page and its text it needs next to no memory.
+/// page once and builds no tree.
 namespace page_text {
 
 /// The visible text of the HTML page whose file consists of `file_bytes`, blocks and breaks on

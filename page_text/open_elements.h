@@ -3,24 +3,17 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "page_text/elements.h"
-#include "page_text/text_assembler.h"
 
 namespace page_text {
 
 /// How text inside an element is shown. Passed on to the elements in it.
 struct TextState {
-    Spaces spaces = Spaces::kCollapse;
-    bool displayed = true;  ///< False inside what is not displayed: nothing in it can be.
-    bool visible = true;    ///< False while visibility is hidden, which an inner element can undo.
-    bool foreign = false;   ///< True in a drawing or formula.
-    /// The list box, drawing or fold around, while in none of the parts that it shows.
-    ElementId unshown_in = kOtherElement;
+    bool shown = true;
+    bool keeps_spaces = false;
 
-    bool Shown() const { return displayed && visible && unshown_in == kOtherElement; }
     bool operator==(const TextState&) const = default;
 };
 
@@ -28,47 +21,43 @@ struct TextState {
 struct OpenElement {
     ElementId id = kOtherElement;
     Display display = Display::kInline;
-    bool shown = true;  ///< The element itself; of its content tells `content`.
     TextState content;
-    bool has_part = false;  ///< A table's first row, a row's first cell, a fold's title is there.
+    bool has_part = false;           ///< A table's first row or a row's first cell has come.
+    std::uint32_t next_outward = 0;  ///< The index of the next of its name; 0 for none.
 };
 
 /// The elements around the current position that matter to the text, outermost first. At the bottom
-/// is the page itself, which is never taken off.
+/// is the page itself, which is never taken off. Every step takes the same time, however deep.
 class OpenElements {
   public:
-    /// Browsers build pages no deeper either. It bounds the cost of a search, too.
-    static constexpr std::size_t kMaxDepth = 512;
+    OpenElements() { stack_.emplace_back(); }
 
-    OpenElements() {
-        stack_.reserve(kMaxDepth);
-        stack_.emplace_back();
-    }
-
-    bool Full() const { return stack_.size() == kMaxDepth; }
-    bool Holds(ElementId id) const { return counts_[id] > 0; }
     OpenElement& Top() { return stack_.back(); }
     const OpenElement& Top() const { return stack_.back(); }
     std::size_t Depth() const { return stack_.size(); }
     OpenElement& At(std::size_t index) { return stack_[index]; }
 
-    void Push(const OpenElement& element);
-    OpenElement Pop();
+    /// The index of the innermost open element of this name; 0 when none is open.
+    std::size_t Innermost(ElementId id) const { return innermost_[id]; }
 
-    /// The index of the innermost open element for which `wanted(id)` holds, when no element for
-    /// which `barrier(id)` holds lies inside it.
-    template <typename Wanted, typename Barrier>
-    std::optional<std::size_t> Find(Wanted wanted, Barrier barrier) const {
-        for (std::size_t index = stack_.size() - 1; index > 0; --index) {
-            if (wanted(stack_[index].id)) return index;
-            if (barrier(stack_[index].id)) break;
-        }
-        return std::nullopt;
+    /// An element that lies too deep is not remembered: a bound to the memory that a page can
+    /// claim.
+    void Push(OpenElement element) {
+        constexpr std::size_t kMaxDepth = 100'000;
+        if (stack_.size() == kMaxDepth) return;
+        element.next_outward = innermost_[element.id];
+        innermost_[element.id] = static_cast<std::uint32_t>(stack_.size());
+        stack_.push_back(element);
+    }
+
+    void Pop() {
+        innermost_[stack_.back().id] = stack_.back().next_outward;
+        stack_.pop_back();
     }
 
   private:
     std::vector<OpenElement> stack_;
-    std::array<std::uint16_t, kElementCount + 1> counts_{};
+    std::array<std::uint32_t, kElementCount + 1> innermost_{};
 };
 
 }  // namespace page_text

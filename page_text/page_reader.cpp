@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 #include "page_text/ascii.h"
 #include "page_text/character_references.h"
-#include "page_text/shown_attributes.h"
+#include "page_text/display.h"
 
 namespace page_text {
 
@@ -18,34 +19,28 @@ ElementId ElementNamed(std::string_view name) {
     std::array<char, 16> lower;
     if (name.size() > lower.size()) return kOtherElement;
     std::transform(name.begin(), name.end(), lower.begin(), LowerLetter);
-    return FindElement({lower.data(), name.size()});
-}
-
-bool IsSpace(std::string_view raw) {
-    return std::all_of(raw.begin(), raw.end(), IsMarkupSpace);
-}
-
-bool Has(ElementId id, std::uint16_t trait) {
-    return (ElementOf(id).traits & trait) != 0;
+    const std::string_view found(lower.data(), name.size());
+    // Any heading's end tag closes any heading.
+    const bool is_heading =
+        found.size() == 2 && found[0] == 'h' && found[1] >= '1' && found[1] <= '6';
+    return is_heading ? Id("h1") : FindElement(found);
 }
 
 }  // namespace
 
-PageReader::PageReader(std::string_view page, Decoder& decoder)
-    : tokenizer_(page), decoder_(decoder), assembler_(page.size()), structure_(assembler_) {}
+PageReader::PageReader(std::string_view page)
+    : tokenizer_(page), assembler_(page.size()), structure_(assembler_) {}
 
 std::string PageReader::Read(const std::function<void()>& yield) {
     std::size_t next_yield = kBytesBetweenYields;
-    for (Tokenizer::Kind kind;
-         !is_frame_set_ && (kind = tokenizer_.Next()) != Tokenizer::Kind::kEnd;) {
+    for (Tokenizer::Kind kind; (kind = tokenizer_.Next()) != Tokenizer::Kind::kEnd;) {
         if (kind == Tokenizer::Kind::kText) {
             OnText(tokenizer_.Text());
-        } else if (tokenizer_.LastTag().is_end) {
-            OnEndTag(ElementNamed(tokenizer_.LastTag().name));
-        } else {
+        } else if (kind == Tokenizer::Kind::kStartTag) {
             OnStartTag(tokenizer_.LastTag());
+        } else {
+            structure_.Close(ElementNamed(tokenizer_.LastTag().name));
         }
-        tokenizer_.SetCharacterData(structure_.State().foreign);
         if (yield && tokenizer_.Position() >= next_yield) {
             next_yield = tokenizer_.Position() + kBytesBetweenYields;
             yield();
@@ -54,143 +49,49 @@ std::string PageReader::Read(const std::function<void()>& yield) {
     return assembler_.Take();
 }
 
-// Text ------------------------------------------------------------------------------------------
-
-void PageReader::OnText(std::string_view raw) {
-    if (!body_has_begun_) body_has_begun_ = !IsSpace(raw);
-    if (drop_line_end_) {
-        if (raw.starts_with('\r')) raw.remove_prefix(1);
-        if (raw.starts_with('\n')) raw.remove_prefix(1);
-        drop_line_end_ = false;
-    }
-    if (body_is_hidden_) return AppendTextWithReferences(raw);
-    if (!structure_.State().Shown()) return;
-    if (!structure_.BetweenTableParts()) return AppendTextWithReferences(raw);
-    // Between the parts of a table white space is nothing, and other text no part of any cell.
-    if (IsSpace(raw)) return;
-    assembler_.BlockEdge(1);
-    AppendTextWithReferences(raw);
-    assembler_.BlockEdge(1);
-}
-
-void PageReader::AppendTextWithReferences(std::string_view raw) {
-    const auto stops = [](char c) { return c == '&' || c == '\0'; };  // A NUL is nothing.
-    while (!raw.empty()) {
-        const auto stop =
-            static_cast<std::size_t>(std::find_if(raw.begin(), raw.end(), stops) - raw.begin());
-        AppendText(raw.substr(0, stop));
-        raw.remove_prefix(stop);
-        if (raw.empty()) return;
-        decoded_.clear();
-        std::size_t length = raw[0] == '&' ? ReadCharacterReference(raw, decoded_) : 1;
-        if (length == 0) {
-            decoded_ += '&';
-            length = 1;
-        }
-        assembler_.Text(decoded_, body_is_hidden_ ? Spaces::kKeep : structure_.State().spaces);
-        raw.remove_prefix(length);
-    }
-}
-
-void PageReader::AppendText(std::string_view raw) {
-    const Spaces spaces = body_is_hidden_ ? Spaces::kKeep : structure_.State().spaces;
-    while (!raw.empty()) {
-        decoded_.clear();
-        raw.remove_prefix(decoder_.DecodeSome(raw, decoded_));
-        assembler_.Text(decoded_, spaces);
-    }
-}
-
-// Tags ------------------------------------------------------------------------------------------
-
 void PageReader::OnStartTag(const Tag& tag) {
     const ElementId id = ElementNamed(tag.name);
-    drop_line_end_ = false;
-    if (id == Id("html") || id == Id("body")) return OnPageTag(tag);
-    if (id == Id("frameset") && !body_has_begun_) {
-        is_frame_set_ = true;
-    } else if (body_is_hidden_) {
-        if (Has(id, kRawText)) AppendText(TakeContent(id));
-    } else if (structure_.PrepareFor(id)) {
-        OnElement(ReadElement(id, tag), tag.self_closing);
-    }
-}
-
-/// The tags <html> and <body> may stand anywhere, and often; each adds its style to the page's.
-void PageReader::OnPageTag(const Tag& tag) {
-    if (EqualsIgnoringCase(tag.name, "body")) body_has_begun_ = true;
-    const ShownAttributes attributes = ReadAttributes(tag);
-    if (StyledDisplay(OwnDisplay(kOtherElement, attributes), attributes.style) == Display::kNone) {
-        body_is_hidden_ = true;
-    }
-    ApplyStyle(attributes.style, structure_.PageState());
-}
-
-void PageReader::OnElement(const OpenElement& element, bool self_closing) {
-    const ElementId id = element.id;
-    if (id == Id("br")) {
-        if (element.shown) assembler_.LineBreak();
-    } else if (Has(id, kVoid) || (self_closing && structure_.State().foreign)) {
-        structure_.OpenAndClose(element.display, element.shown);
-    } else {
-        // Drawings and formulas have elements of such names that hold markup like any other.
-        const bool has_raw_text = Has(id, kRawText) && !structure_.State().foreign;
-        structure_.Open(element);
-        if (has_raw_text) {
-            const std::string_view content = TakeContent(id);
-            if (element.content.Shown()) AppendText(content);
-            structure_.Close(id);
-        }
-        drop_line_end_ = id == Id("pre") || id == Id("listing");
-    }
-}
-
-/// What stands up to the end tag of an element that holds raw text.
-std::string_view PageReader::TakeContent(ElementId id) {
-    if (id == Id("plaintext")) return tokenizer_.TakeRest();
-    if (id == Id("script")) return tokenizer_.TakeScript();
-    return tokenizer_.TakeRawText(ElementOf(id).name);
-}
-
-void PageReader::OnEndTag(ElementId id) {
-    drop_line_end_ = false;
-    if (body_is_hidden_) return;
-    if (id == Id("br")) {
-        if (structure_.State().Shown()) assembler_.LineBreak();
-    } else {
+    structure_.Open(id, DisplayOf(id, tag));
+    if (id == Id("pre") || id == Id("listing")) tokenizer_.SkipLineEnd();
+    if (Has(id, kRawText)) {
+        const std::string_view content = tokenizer_.TakeRawText(ElementOf(id).name);
+        if (structure_.State().shown) AppendPiece(content);
         structure_.Close(id);
     }
 }
 
-OpenElement PageReader::ReadElement(ElementId id, const Tag& tag) {
-    const ShownAttributes attributes = ReadAttributes(tag);
-    Display own = OwnDisplay(id, attributes);
-    if (id == Id("text") && structure_.Inside(Id("svg"))) own = Display::kBlock;
-    if (Has(id, kBlockInFormula) && structure_.Inside(Id("math"))) own = Display::kBlock;
-    const Display display = StyledDisplay(own, attributes.style);
-
-    TextState state = structure_.State();
-    if (IsShownPart(id)) state.unshown_in = kOtherElement;
-    if (display == Display::kNone) state.displayed = false;
-    if (Has(id, kKeepsSpaces)) state.spaces = Spaces::kKeep;
-    ApplyStyle(attributes.style, state);
-    const bool shown = state.Shown();
-
-    if (own == Display::kReplaced) state.displayed = false;
-    if (id == Id("foreignobject")) state.foreign = false;
-    if (id == Id("svg") || id == Id("math")) state.foreign = true;
-    const bool shows_parts =
-        id == Id("svg") || id == Id("select") || (id == Id("details") && !attributes.open);
-    if (shows_parts && state.Shown()) state.unshown_in = id;
-    return {id, display, shown, state};
+void PageReader::OnText(std::string_view text) {
+    if (!structure_.State().shown) return;
+    if (!structure_.BetweenTableParts()) return AppendText(text);
+    // Between the parts of a table white space is nothing, and other text no part of any cell.
+    if (std::all_of(text.begin(), text.end(), IsMarkupSpace)) return;
+    assembler_.BlockEdge(1);
+    AppendText(text);
+    assembler_.BlockEdge(1);
 }
 
-/// True for what a list box, a drawing or a closed fold shows of its content.
-bool PageReader::IsShownPart(ElementId id) {
-    const ElementId whole = structure_.State().unshown_in;
-    if (whole == Id("select")) return id == Id("option");
-    if (whole == Id("svg")) return id == Id("text") || id == Id("foreignobject");
-    return whole == Id("details") && id == Id("summary") && structure_.TakeFoldTitle();
+void PageReader::AppendText(std::string_view text) {
+    const auto stops = [](char c) { return c == '&' || c == '\0'; };  // A NUL is nothing.
+    std::string character;
+    while (!text.empty()) {
+        const auto stop =
+            static_cast<std::size_t>(std::find_if(text.begin(), text.end(), stops) - text.begin());
+        AppendPiece(text.substr(0, stop));
+        text.remove_prefix(stop);
+        if (text.empty()) return;
+        character.clear();
+        std::size_t length = text[0] == '&' ? ReadCharacterReference(text, character) : 1;
+        if (length == 0) {
+            character += '&';
+            length = 1;
+        }
+        AppendPiece(character);
+        text.remove_prefix(length);
+    }
+}
+
+void PageReader::AppendPiece(std::string_view piece) {
+    structure_.State().keeps_spaces ? assembler_.KeptText(piece) : assembler_.Text(piece);
 }
 
 }  // namespace page_text

@@ -1,54 +1,31 @@
 #include "page_text/page_structure.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace page_text {
 
 namespace {
 
-bool Has(ElementId id, std::uint16_t trait) {
-    return (ElementOf(id).traits & trait) != 0;
-}
-bool Never(ElementId) {
-    return false;
-}
-
-bool IsHeading(ElementId id) {
-    return id >= Id("h1") && id <= Id("h6");
-}
 bool IsCell(ElementId id) {
-    return id == Id("td") || id == Id("th");
-}
-bool IsTableScope(ElementId id) {
-    return id == Id("table") || id == Id("template");
-}
-bool IsRowGroup(ElementId id) {
-    return ElementOf(id).display == Display::kRowGroup;
-}
-bool IsTablePart(ElementId id) {
-    return id == Id("tr") || id == Id("caption") || IsCell(id) || IsRowGroup(id);
-}
-bool BarsParagraph(ElementId id) {
-    return Has(id, kScope) || id == Id("button");
-}
-bool BarsListItem(ElementId id) {
-    return Has(id, kSpecial) && id != Id("address") && id != Id("div") && id != Id("p");
+    return ElementOf(id).display == Display::kCell;
 }
 
-// Where the parts of a table may stand.
-bool HoldsRowGroups(ElementId id) {
-    return IsTableScope(id);
+/// What stands right in a table, or in the parts that stand there.
+bool IsTablePart(ElementId id) {
+    const Display display = ElementOf(id).display;
+    return display == Display::kRowGroup || display == Display::kRow || IsCell(id) ||
+           id == Id("caption");
 }
-bool HoldsRows(ElementId id) {
-    return IsTableScope(id) || IsRowGroup(id);
-}
-bool HoldsCells(ElementId id) {
-    return HoldsRows(id) || id == Id("tr");
+
+bool HidesContent(Display display) {
+    return display == Display::kNone || display == Display::kReplaced || display == Display::kFold;
 }
 
 /// A box that stands in the line like a letter.
 bool IsBox(Display display) {
-    return display == Display::kInlineBox || display == Display::kReplaced;
+    return display == Display::kBox || display == Display::kReplaced;
 }
 
 /// The distance in lines that a block keeps; nothing for what is no block.
@@ -57,6 +34,7 @@ std::optional<int> EdgeLines(Display display) {
         case Display::kParagraph:
             return 2;
         case Display::kBlock:
+        case Display::kFold:
         case Display::kTable:
             return 1;
         case Display::kRowGroup:
@@ -68,150 +46,105 @@ std::optional<int> EdgeLines(Display display) {
     }
 }
 
+bool EndsParagraph(ElementId id) {
+    return EdgeLines(ElementOf(id).display).value_or(0) > 0 && !Has(id, kInParagraph);
+}
+
 }  // namespace
 
 // Start tags ------------------------------------------------------------------------------------
 
-bool PageStructure::PrepareFor(ElementId id) {
-    if (State().foreign && Has(id, kEndsParagraph)) LeaveForeign();
-    if (IsTablePart(id)) return PrepareTablePart(id);
-    if (id == Id("table")) {
-        // A table right inside another one, in no cell of it, ends that one.
-        const auto part =
-            open_.Find(IsTableScope, [](ElementId e) { return IsCell(e) || e == Id("caption"); });
-        if (part && open_.At(*part).id == id) PopThrough(*part);
+void PageStructure::Open(ElementId id, Display display) {
+    if (IsTablePart(id)) {
+        if (open_.Innermost(Id("table")) == 0) return;  // A cell outside every table is nothing.
+        MakePlaceFor(id);
     }
-    if (id == Id("form") && HoldsCells(open_.Top().id)) return false;
-    if (id == Id("li") || id == Id("dd") || id == Id("dt")) CloseListItem(id);
-    if (Has(id, kEndsParagraph)) {
-        const auto paragraph = open_.Find([](ElementId e) { return e == Id("p"); }, BarsParagraph);
-        if (paragraph) PopThrough(*paragraph);
+    // A table in no cell of the table around it ends that one.
+    if (id == Id("table") && BetweenTableParts()) CloseInnermost(id);
+    if (EndsParagraph(id)) CloseInnermost(Id("p"));
+
+    // The title of a fold is seen where the fold itself is.
+    const bool is_title = id == Id("summary") && open_.Top().display == Display::kFold;
+    TextState content = is_title ? open_.At(open_.Depth() - 2).content : State();
+    if (content.shown) OpenEdge(display);
+    if (Has(id, kVoid)) {
+        if (content.shown) CloseEdge(display);
+        return;
     }
-    const ElementId top = open_.Top().id;
-    const bool option_part = id == Id("option") || id == Id("optgroup");
-    const bool ruby_part = id == Id("rt") || id == Id("rp");
-    if ((IsHeading(id) && IsHeading(top)) || (option_part && top == Id("option")) ||
-        (ruby_part && top == Id("rp"))) {
-        PopThrough(open_.Depth() - 1);
+    if (HidesContent(display)) content.shown = false;
+    if (Has(id, kKeepsSpaces)) content.keeps_spaces = true;
+    // An element that makes no difference to the text is remembered only where its end has to be
+    // told from that of another one of its name.
+    const bool plain = display == Display::kInline && content == State();
+    if (!plain || open_.Innermost(id) > 0) open_.Push({id, display, content});
+}
+
+/// Closes all that is open in the table inside of the place where `part` belongs; a cell makes its
+/// own row where there is none.
+void PageStructure::MakePlaceFor(ElementId part) {
+    std::size_t place = open_.Innermost(Id("table"));
+    if (part == Id("tr") || IsCell(part)) {
+        place = InnermostOf({Id("table"), Id("thead"), Id("tbody"), Id("tfoot")});
     }
-    if (id == Id("button")) CloseInnermost(id, kScope);
-    return true;
-}
-
-bool PageStructure::PrepareTablePart(ElementId id) {
-    if (!open_.Find(IsTableScope, Never)) return false;
-    if (IsCell(id)) {
-        PopToTablePart(HoldsCells);
-        if (open_.Top().id != Id("tr")) {
-            Open({Id("tr"), Display::kRow, State().Shown(), State()});
-        }
-    } else {
-        PopToTablePart(id == Id("tr") ? HoldsRows : HoldsRowGroups);
+    if (IsCell(part)) {
+        if (open_.Innermost(Id("tr")) < place) Open(Id("tr"), Display::kRow);
+        place = open_.Innermost(Id("tr"));
     }
-    return true;
-}
-
-/// A list item ends the one before it, unless a list or another block begun since lies between.
-void PageStructure::CloseListItem(ElementId id) {
-    const auto same_kind = [id](ElementId e) {
-        return id == Id("li") ? e == id : e == Id("dd") || e == Id("dt");
-    };
-    if (const auto item = open_.Find(same_kind, BarsListItem)) PopThrough(*item);
-}
-
-void PageStructure::LeaveForeign() {
-    while (State().foreign) {
-        PopThrough(open_.Depth() - 1);
-    }
-}
-
-bool PageStructure::BetweenTableParts() const {
-    return HoldsCells(open_.Top().id);
-}
-
-void PageStructure::Open(const OpenElement& element) {
-    if (element.shown) OpenEdge(element.display);
-    const bool plain = element.display == Display::kInline && element.content == State();
-    if (plain && !open_.Holds(element.id)) return;
-    if (open_.Full()) {
-        ++too_deep_;
-    } else {
-        open_.Push(element);
-    }
-}
-
-void PageStructure::OpenAndClose(Display display, bool shown) {
-    if (!shown) return;
-    OpenEdge(display);
-    CloseEdge(display);
-}
-
-bool PageStructure::TakeFoldTitle() {
-    OpenElement& fold = open_.Top();
-    if (fold.id != Id("details") || fold.has_part) return false;
-    fold.has_part = true;
-    return true;
+    PopTo(place + 1);
 }
 
 // End tags --------------------------------------------------------------------------------------
 
 void PageStructure::Close(ElementId id) {
-    if (too_deep_ > 0) {
-        if (ElementOf(id).display == Display::kInline) return;
-        --too_deep_;
-        if (State().Shown()) assembler_.BlockEdge(1);
-    } else if (IsTablePart(id) || id == Id("table")) {
-        const auto part = open_.Find([id](ElementId e) { return e == id; }, IsTableScope);
-        if (part) PopThrough(*part);
-    } else if (IsHeading(id)) {
-        const auto heading = open_.Find(IsHeading, [](ElementId e) { return Has(e, kScope); });
-        if (heading) PopThrough(*heading);
-    } else if (id == Id("p")) {
-        const auto paragraph = open_.Find([](ElementId e) { return e == Id("p"); }, BarsParagraph);
-        // An end tag alone is an empty paragraph.
-        paragraph ? PopThrough(*paragraph) : OpenAndClose(Display::kParagraph, State().Shown());
-    } else if (id == Id("ruby") && open_.Top().id == Id("rp")) {
-        PopThrough(open_.Depth() - 1);
-    } else {
-        CloseInnermost(id, Has(id, kSpecial) ? kScope : kSpecial);
-    }
+    if (CloseInnermost(id)) return;
+    // These two count without a start tag, too.
+    if ((id == Id("p") || id == Id("br")) && State().shown) OpenEdge(ElementOf(id).display);
 }
 
-/// Closes the innermost open `id` with all in it, unless something that has one of
-/// `barrier_traits` lies inside it.
-void PageStructure::CloseInnermost(ElementId id, std::uint16_t barrier_traits) {
-    if (!open_.Holds(id)) return;
-    const auto found = open_.Find([id](ElementId e) { return e == id; },
-                                  [barrier_traits](ElementId e) { return Has(e, barrier_traits); });
-    if (!found) return;
-    if (id == Id("form")) {
-        // A form's end tag closes no other element that is still open: those close by themselves.
-        for (std::size_t inner = *found + 1; inner < open_.Depth(); ++inner) {
-            if (!Has(open_.At(inner).id, kEndsImplicitly)) return;
-        }
+/// Closes the innermost open `id` with all in it, unless it lies outside of the cell or table at
+/// hand.
+bool PageStructure::CloseInnermost(ElementId id) {
+    std::size_t barrier = 0;
+    if (IsTablePart(id)) {
+        barrier = open_.Innermost(Id("table"));
+    } else if (id != Id("table")) {
+        barrier = InnermostOf({Id("table"), Id("caption"), Id("td"), Id("th")});
     }
-    PopThrough(*found);
+    if (open_.Innermost(id) <= barrier) return false;
+    PopTo(open_.Innermost(id));
+    return true;
 }
 
-/// Closes the elements from the innermost to the one at `index`.
-void PageStructure::PopThrough(std::size_t index) {
-    while (open_.Depth() > index) {
-        const OpenElement closed = open_.Pop();
-        if (closed.shown) CloseEdge(closed.display);
+std::size_t PageStructure::InnermostOf(std::initializer_list<ElementId> ids) const {
+    std::size_t innermost = 0;
+    for (const ElementId id : ids) {
+        innermost = std::max(innermost, open_.Innermost(id));
     }
+    return innermost;
 }
 
-void PageStructure::PopToTablePart(bool (*stays)(ElementId)) {
-    if (const auto part = open_.Find(stays, Never)) PopThrough(*part + 1);
+/// Closes the innermost elements until this many are open.
+void PageStructure::PopTo(std::size_t depth) {
+    while (open_.Depth() > depth) {
+        const Display closed = open_.Top().display;
+        open_.Pop();
+        if (State().shown) CloseEdge(closed);
+    }
 }
 
 // Edges -----------------------------------------------------------------------------------------
 
+bool PageStructure::BetweenTableParts() const {
+    const Display display = open_.Top().display;
+    return display == Display::kTable || display == Display::kRowGroup || display == Display::kRow;
+}
+
 void PageStructure::OpenEdge(Display display) {
+    if (display == Display::kBreak) assembler_.LineBreak();
     if (IsBox(display)) assembler_.OpenBox();
     if (const auto lines = EdgeLines(display)) assembler_.BlockEdge(*lines);
-    if (display == Display::kRow && MarkPart(Display::kTable)) assembler_.RowBreak();
-    if (display == Display::kCell && MarkPart(Display::kRow)) assembler_.Tab();
+    if (display == Display::kRow && MarkPart(Id("table"))) assembler_.RowBreak();
+    if (display == Display::kCell && MarkPart(Id("tr"))) assembler_.Tab();
 }
 
 void PageStructure::CloseEdge(Display display) {
@@ -219,17 +152,9 @@ void PageStructure::CloseEdge(Display display) {
     if (const auto lines = EdgeLines(display)) assembler_.BlockEdge(*lines);
 }
 
-/// Notes that the `whole` (a table, a row) around the current position has a part; true when it had
-/// one before.
-bool PageStructure::MarkPart(Display whole) {
-    std::size_t index = open_.Depth() - 1;
-    while (index > 0 && open_.At(index).display == Display::kRowGroup) {
-        --index;
-    }
-    OpenElement& element = open_.At(index);
-    const bool had_part = element.display == whole && element.has_part;
-    if (element.display == whole) element.has_part = true;
-    return had_part;
+/// Notes that the innermost `whole`, a table or a row, has a part; true when it had one before.
+bool PageStructure::MarkPart(ElementId whole) {
+    return std::exchange(open_.At(open_.Innermost(whole)).has_part, true);
 }
 
 }  // namespace page_text

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <string_view>
+#include <initializer_list>
 
 #include "page_text/elements.h"
 #include "page_text/open_elements.h"
@@ -18,41 +17,25 @@ class PageStructure {
 
     /// How text at the current position is shown.
     const TextState& State() const { return open_.Top().content; }
-    /// Changes it for what follows in the page itself, for the tags <html> and <body>.
-    TextState& PageState() { return open_.At(0).content; }
-    bool Inside(ElementId id) const { return open_.Holds(id); }
     /// Between the parts of a table, where white space is nothing.
     bool BetweenTableParts() const;
 
-    /// Closes what a start tag of `id` closes. False when the tag counts for nothing where it
-    /// stands (a cell outside every table).
-    bool PrepareFor(ElementId id);
-
-    /// The element begins. One that makes no difference to the text is not remembered.
-    void Open(const OpenElement& element);
-    /// An element without content to go through.
-    void OpenAndClose(Display display, bool shown);
-
+    /// A start tag.
+    void Open(ElementId id, Display display);
     /// An end tag.
     void Close(ElementId id);
 
-    /// For a <summary>: true when it is the title of the fold that it stands in.
-    bool TakeFoldTitle();
-
   private:
-    bool PrepareTablePart(ElementId id);
-    void CloseListItem(ElementId id);
-    void CloseInnermost(ElementId id, std::uint16_t barrier_traits);
-    void PopThrough(std::size_t index);
-    void PopToTablePart(bool (*stays)(ElementId));
-    void LeaveForeign();
+    void MakePlaceFor(ElementId part);
+    bool CloseInnermost(ElementId id);
+    std::size_t InnermostOf(std::initializer_list<ElementId> ids) const;
+    void PopTo(std::size_t depth);
     void OpenEdge(Display display);
     void CloseEdge(Display display);
-    bool MarkPart(Display whole);
+    bool MarkPart(ElementId whole);
 
     TextAssembler& assembler_;
     OpenElements open_;
-    std::size_t too_deep_ = 0;  // Open elements beyond the greatest depth: counted, not remembered.
 };
 
 }  // namespace page_text

@@ -26,8 +26,7 @@ void TextAssembler::Append(std::string_view visible) {
     at_line_start_ = false;
 }
 
-void TextAssembler::Text(std::string_view utf8, Spaces spaces) {
-    if (spaces == Spaces::kKeep) return KeptText(utf8);
+void TextAssembler::Text(std::string_view utf8) {
     for (std::size_t at = 0; at < utf8.size();) {
         const std::size_t begin = at;
         while (at < utf8.size() && !Collapses(utf8[at])) {
@@ -35,28 +34,18 @@ void TextAssembler::Text(std::string_view utf8, Spaces spaces) {
         }
         if (at > begin) Append(utf8.substr(begin, at - begin));
         for (; at < utf8.size() && Collapses(utf8[at]); ++at) {
-            if (spaces == Spaces::kKeepBreaks && utf8[at] == '\n') {
-                LineBreak();
-            } else if (!at_line_start_) {
-                pending_space_ = true;
-            }
+            pending_space_ = !at_line_start_;
         }
     }
 }
 
-/// A line end in the page's source is CR LF, CR or LF.
 void TextAssembler::KeptText(std::string_view utf8) {
     for (std::size_t at = 0; at < utf8.size();) {
         const std::size_t end = std::min(utf8.find_first_of("\r\n", at), utf8.size());
-        if (end > at) {
-            Append(utf8.substr(at, end - at));
-            after_return_ = false;
-        }
-        if (end < utf8.size()) {
-            if (utf8[end] == '\r' || !after_return_) LineBreak();
-            after_return_ = utf8[end] == '\r';
-        }
-        at = end + 1;
+        if (end > at) Append(utf8.substr(at, end - at));
+        if (end < utf8.size()) LineBreak();
+        const bool is_pair = utf8.substr(end, 2) == "\r\n";
+        at = end + (is_pair ? 2 : 1);
     }
 }
 
@@ -75,7 +64,6 @@ void TextAssembler::BlockEdge(int lines) {
     pending_breaks_ = std::max(pending_breaks_, lines);
     pending_space_ = false;
     at_line_start_ = true;
-    after_return_ = false;
 }
 
 void TextAssembler::OpenBox() {

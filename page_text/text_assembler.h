@@ -7,13 +7,6 @@
 
 namespace page_text {
 
-/// What becomes of blanks, tabs and line ends in a text.
-enum class Spaces {
-    kCollapse,    ///< Any run of them is one blank, and none at the ends of a line.
-    kKeepBreaks,  ///< Line ends stay, the rest collapses.
-    kKeep,        ///< All stay.
-};
-
 /// Puts the pieces of a page together as they stand on the screen: collapses white space, and
 /// keeps lines, rows and cells apart.
 class TextAssembler {
@@ -21,8 +14,10 @@ class TextAssembler {
     /// `expected_size` is what to make room for.
     explicit TextAssembler(std::size_t expected_size) { text_.reserve(expected_size); }
 
-    /// Running text in UTF-8.
-    void Text(std::string_view utf8, Spaces spaces);
+    /// Running text in UTF-8: any run of white space is one blank, and none at the ends of a line.
+    void Text(std::string_view utf8);
+    /// The same with all white space kept.
+    void KeptText(std::string_view utf8);
 
     /// An explicit line break.
     void LineBreak();
@@ -45,15 +40,12 @@ class TextAssembler {
   private:
     void AppendPendingBreaks();
     void Append(std::string_view visible);
-    void KeptText(std::string_view utf8);
     void Separator(char separator);
 
     std::string text_;
-    int pending_breaks_ = 0;  // Line ends owed before the next visible piece.
-    bool pending_space_ =
-        false;                   // White space seen that is shown only if text follows in the line.
-    bool at_line_start_ = true;  // White space here would be at the start of a line.
-    bool after_return_ = false;  // A line feed here belongs to a carriage return.
+    int pending_breaks_ = 0;      // Line ends owed before the next visible piece.
+    bool pending_space_ = false;  // White space seen: shown if text follows in the line.
+    bool at_line_start_ = true;   // White space here would be at the start of a line.
 };
 
 }  // namespace page_text

@@ -7,6 +7,10 @@ namespace page_text {
 
 namespace {
 
+bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
 bool IsContinuation(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
@@ -52,7 +56,7 @@ std::size_t AsciiLength(std::string_view bytes) {
         std::memcpy(&word, bytes.data() + length, sizeof word);
         if ((word & 0x8080808080808080ULL) != 0) break;
     }
-    while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) {
+    while (length < bytes.size() && IsAscii(bytes[length])) {
         ++length;
     }
     return length;
@@ -89,9 +93,40 @@ std::size_t ValidUtf8Length(std::string_view bytes) {
     return valid;
 }
 
-std::size_t BrokenUtf8Length(std::string_view bytes) {
-    bool whole = false;
-    return MatchCharacter(bytes, whole);
+std::string RepairedUtf8(std::string_view bytes) {
+    std::string utf8;
+    utf8.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t valid = ValidUtf8Length(bytes);
+        utf8 += bytes.substr(0, valid);
+        bytes.remove_prefix(valid);
+        if (bytes.empty()) break;
+        AppendUtf8(kReplacementCharacter, utf8);
+        bool whole = false;
+        bytes.remove_prefix(MatchCharacter(bytes, whole));
+    }
+    return utf8;
+}
+
+std::string FromUtf16(std::string_view bytes, bool big_endian) {
+    const auto unit_at = [bytes, big_endian](std::size_t at) {
+        const auto first = static_cast<unsigned char>(bytes[at]);
+        const auto second = static_cast<unsigned char>(bytes[at + 1]);
+        return static_cast<char32_t>(big_endian ? first << 8 | second : second << 8 | first);
+    };
+    std::string utf8;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+        const char32_t unit = unit_at(at);
+        const bool high = unit >= 0xD800 && unit < 0xDC00;
+        const char32_t low = high && at + 3 < bytes.size() ? unit_at(at + 2) : 0;
+        if (low >= 0xDC00 && low < 0xE000) {
+            AppendUtf8(0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00), utf8);
+            at += 2;
+        } else {
+            AppendUtf8(unit, utf8);  // Half a pair by itself becomes the replacement character.
+        }
+    }
+    return utf8;
 }
 
 char32_t Windows1252(unsigned char byte) {
@@ -101,6 +136,20 @@ char32_t Windows1252(unsigned char byte) {
         0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
         0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
     return byte >= 0x80 && byte < 0xA0 ? char32_t{kFrom80[byte - 0x80u]} : char32_t{byte};
+}
+
+std::string FromWindows1252(std::string_view bytes) {
+    std::string utf8;
+    utf8.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t ascii = AsciiLength(bytes);
+        utf8 += bytes.substr(0, ascii);
+        bytes.remove_prefix(ascii);
+        for (; !bytes.empty() && !IsAscii(bytes[0]); bytes.remove_prefix(1)) {
+            AppendUtf8(Windows1252(static_cast<unsigned char>(bytes[0])), utf8);
+        }
+    }
+    return utf8;
 }
 
 }  // namespace page_text

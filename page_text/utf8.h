@@ -15,11 +15,13 @@ void AppendUtf8(char32_t code_point, std::string& utf8);
 /// How many bytes from the start of `bytes` on are whole, valid UTF-8 characters.
 std::size_t ValidUtf8Length(std::string_view bytes);
 
-/// How many bytes at the start of `bytes`, which begin with no valid character, are one broken
-/// character: at least 1. A character cut off by the end of `bytes` counts with all it has.
-std::size_t BrokenUtf8Length(std::string_view bytes);
+/// `bytes` with a replacement character for everything that is not UTF-8.
+std::string RepairedUtf8(std::string_view bytes);
+
+std::string FromUtf16(std::string_view bytes, bool big_endian);
 
 /// The character of byte `byte` in Windows-1252, the reading of pages that do not say theirs.
 char32_t Windows1252(unsigned char byte);
+std::string FromWindows1252(std::string_view bytes);
 
 }  // namespace page_text

@@ -12,7 +12,9 @@ namespace platform {
 /// The system's files, named by the program's own path text: "\" separates, "c:" is the user's home
 /// folder where the system knows no drives, "z:" and a leading "\" are its root. "." and ".." are
 /// resolved in the text, clamped at the root, before the system sees the path. A path that holds a
-/// NUL is a fault. A fault is the returned value, never an exception.
+/// NUL, or a name that the system would take for something else, is a fault. Pipes and devices are
+/// no files: none is opened, so nobody waits for one. A fault is the returned value, never an
+/// exception.
 class Files {
   public:
     virtual ~Files() = default;
@@ -28,6 +30,7 @@ class Files {
 
     virtual bool FolderExists(std::string_view path) const = 0;
 
+    /// Nothing on a fault, also when the file is larger than the memory.
     virtual std::optional<std::string> ReadFile(std::string_view path) const = 0;
 
     /// Makes the file consist of `parts`, one after the other, whatever was there before. It is
@@ -43,11 +46,11 @@ class Files {
 
     virtual bool DeleteFile(std::string_view path) = 0;
 
-    /// Deletes every file in `folder` whose name ends in `suffix` (case as the system compares
-    /// names).
+    /// Deletes every file in `folder` whose name ends in `suffix`, which is ASCII (case as the
+    /// system compares names).
     virtual void DeleteBySuffix(std::string_view folder, std::string_view suffix) = 0;
 
-    /// The names of the folders directly in `folder`, sorted.
+    /// The names of the folders directly in `folder`, sorted; none that path text cannot hold.
     virtual std::vector<std::string> Subfolders(std::string_view folder) const = 0;
 
     /// Whether `path`, with "." and ".." resolved and symbolic links followed, lies in `folder` or

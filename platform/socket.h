@@ -13,7 +13,7 @@ enum class SocketState : int {
     Connecting = 3,  ///< resolving the name or connecting
     Connected = 7,
     Closing = 8,  ///< the peer has closed its side
-    Error = 9,    ///< refused, reset or unresolvable
+    Error = 9,    ///< refused, reset, unresolvable or out of memory
 };
 
 /// One asynchronous TCP client connection. All events come from the event loop, on its thread.
@@ -27,7 +27,8 @@ enum class SocketState : int {
 ///    exactly once in that state (with the last bytes waiting, or with none when they were read
 ///    before).
 ///  - A peer that closes before any byte raises nothing.
-///  - A refused, reset or unresolvable connection goes to Error and raises nothing.
+///  - A refused, reset or unresolvable connection goes to Error and raises nothing; so does one
+///    for whose bytes there is no memory.
 ///  - The socket may be closed, connected again or destroyed from inside its own handlers.
 ///  - What one `on_data` can read is bounded, so that a fast peer cannot keep other events waiting.
 class Socket {

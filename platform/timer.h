@@ -7,6 +7,12 @@ namespace platform {
 
 /// A repeating interface timer. It fires on the event loop's thread, to the millisecond where the
 /// system allows; a tick that came late is not made up for.
+///
+/// What has arrived goes first. Before a timer that is due fires, every socket for which something
+/// has arrived (the connection itself, bytes, the peer's close) raises an event, also when a long
+/// handler has kept the loop from looking. When such an event stops the timer or starts it anew, it
+/// does not fire. So a timeout measures the peer's silence and not the program's own work; and
+/// since each socket goes first once only, a fast peer does not keep the timer waiting.
 class Timer {
   public:
     virtual ~Timer() = default;

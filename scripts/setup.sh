@@ -1,8 +1,9 @@
-# Shared by ./run and ./test: Debian packages and the build.
+# Shared by the scripts that people start: Debian packages and the build.
 
 BUILD_PACKAGES=(
     cmake
     g++
+    libc-ares-dev
     ninja-build
     qt6-base-dev
 )
@@ -23,6 +24,19 @@ TEST_PACKAGES=(
     xapian-doc
     xdotool
     xvfb
+)
+
+# What "./test lint" runs, and what the tests need to be built.
+LINT_PACKAGES=(
+    clang-format
+    clang-tidy
+    git
+    libgtest-dev
+)
+
+# The site in the pictures of docs/pictures, on top of the packages for the tests.
+PICTURE_PACKAGES=(
+    python-kombu-doc
 )
 
 is_installed() {
@@ -47,13 +61,18 @@ install_missing() {
         apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
 }
 
-# build PRESET [TARGET]: configures and builds on all processors; says little unless something fails.
-build() {
-    local preset=$1 target=${2:-all}
+# configure PRESET: says nothing unless something fails.
+configure() {
     mkdir -p build
-    if ! cmake --preset "$preset" >build/configure.log 2>&1; then
+    if ! cmake --preset "$1" >build/configure.log 2>&1; then
         cat build/configure.log >&2
         return 1
     fi
+}
+
+# build PRESET [TARGET]: configures and builds on all processors; says little unless something fails.
+build() {
+    local preset=$1 target=${2:-all}
+    configure "$preset" || return
     cmake --build --preset "$preset" --target "$target" --parallel "$(nproc)" >&2
 }

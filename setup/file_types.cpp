@@ -1,5 +1,8 @@
 #include "setup/file_types.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "platform/services.h"
 #include "setup/list_file.h"
 #include "text/text.h"
@@ -12,11 +15,18 @@ std::string ListFolder() {
     return platform::System().files.ProgramFolder() + "\\temp";
 }
 
-std::string ListFile() {
-    return ListFolder() + "\\filetypes.txt";
+bool CanBeAType(std::string_view entry) {
+    const std::string_view type = text::Trim(entry);
+    return type.size() > 1 && type.front() == '.' &&
+           std::all_of(type.begin() + 1, type.end(),
+                       [](char c) { return c > ' ' && c <= '~' && c != '.'; });
 }
 
 }  // namespace
+
+std::string FileTypesFile() {
+    return ListFolder() + "\\filetypes.txt";
+}
 
 std::vector<std::string> DefaultFileTypes() {
     return {".htm", ".html", ".php", ".asp", ".txt", ".gif",
@@ -24,19 +34,23 @@ std::vector<std::string> DefaultFileTypes() {
 }
 
 void WriteFileTypes(const std::vector<std::string>& types) {
-    platform::System().files.WriteFile(ListFile(), {JoinListFile(types)});
+    platform::System().files.WriteFile(FileTypesFile(), {JoinListFile(types)});
 }
 
 std::vector<std::string> ReadFileTypes() {
-    return SplitListFile(platform::System().files.ReadFile(ListFile()).value_or(""));
+    return SplitListFile(platform::System().files.ReadFile(FileTypesFile()).value_or(""));
 }
 
-bool FileTypesFileExists() {
-    return platform::System().files.FileLength(ListFile()).has_value();
-}
-
-void MakeFileTypesFolder() {
+bool MakeFirstFileTypesFile() {
     platform::System().files.CreateFolder(ListFolder());
+    if (platform::System().files.FileLength(FileTypesFile())) return false;
+    WriteFileTypes(DefaultFileTypes());
+    return true;
+}
+
+bool AnyFileTypeKnown() {
+    const std::vector<std::string> types = ReadFileTypes();
+    return std::any_of(types.begin(), types.end(), CanBeAType);
 }
 
 std::string LoadFileTypes() {

@@ -15,11 +15,16 @@ void WriteFileTypes(const std::vector<std::string>& types);
 /// The non-blank lines of the file as they stand there; none when it cannot be read.
 std::vector<std::string> ReadFileTypes();
 
-/// Whether the list has a file yet.
-bool FileTypesFileExists();
+/// Gives the list its file, with the default types, when it has none yet; true when it had none. A
+/// fault is passed over silently.
+bool MakeFirstFileTypesFile();
 
-/// Creates the folder of the list's file; an existing one is fine.
-void MakeFileTypesFolder();
+/// The path text of the list's file.
+std::string FileTypesFile();
+
+/// Whether the list names a type that a file can have: a dot, and then printable characters without
+/// another dot.
+bool AnyFileTypeKnown();
 
 /// The wanted types for a crawl, each lower-cased, trimmed and wrapped in colons; "" without a
 /// file.

@@ -37,10 +37,15 @@ std::string NormalizeFolder(const std::string& typed) {
     return folder;
 }
 
-void SetTargetFolder(const std::string& folder) {
+bool PrepareTargetFolder(const std::string& folder) {
     crawl::TargetFolder = folder;
-    std::string path = crawl::TargetFolder;
+    std::string path = folder;
     bas_Output::MakeLocalPath(path);
+    if (TestFolderWritable(crawl::TargetFolder)) return true;
+    platform::System().boxes.MsgBox(
+        "That is an invalid directory. Check it has no invalid characters.",
+        platform::BoxStyle::Stop, "Eror");
+    return false;
 }
 
 bool TestFolderWritable(std::string& path) {
@@ -48,14 +53,6 @@ bool TestFolderWritable(std::string& path) {
     const std::string probe = path + "test23893.txt";
     platform::Files& files = platform::System().files;
     return files.WriteFile(probe, {"sdkjlf\r\n"}) && files.DeleteFile(probe);
-}
-
-bool TargetFolderAccepted() {
-    if (TestFolderWritable(crawl::TargetFolder)) return true;
-    platform::System().boxes.MsgBox(
-        "That is an invalid directory. Check it has no invalid characters.",
-        platform::BoxStyle::Stop, "Eror");
-    return false;
 }
 
 }  // namespace bas_General

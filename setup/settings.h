@@ -17,15 +17,12 @@ std::string StoredFolder();
 /// A typed folder with its name cleaned, "\" for "/" and one "\" at its end at least.
 std::string NormalizeFolder(const std::string& typed);
 
-/// Makes `folder`, which is normalised already, the `TargetFolder` and creates it with its parents
-/// as far as possible.
-void SetTargetFolder(const std::string& folder);
+/// Makes `folder`, which is normalised already, the `TargetFolder` and creates it with its parents.
+/// Whether it can be written into; a box says so when it cannot.
+bool PrepareTargetFolder(const std::string& folder);
 
 /// Whether a probe file can be written into and deleted from the folder. `path` gains "\" forms and
 /// end.
 bool TestFolderWritable(std::string& path);
-
-/// Whether the `TargetFolder` can be written into; a box says so when it cannot.
-bool TargetFolderAccepted();
 
 }  // namespace bas_General

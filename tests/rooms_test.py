@@ -21,9 +21,8 @@ KNOWS = {
     "setup": {"output", "engine/state", "platform", "text"},
     "extractor": {"setup", "output", "engine/state", "platform", "text"},
     "engine": {"extractor", "setup", "output", "engine/state", "platform", "text"},
-    "widgets": {"platform/qt"},
-    "setup/forms": {"widgets", "engine", "extractor", "setup", "output", "engine/state",
-                    "platform/qt", "platform", "text"},
+    "widgets": set(),
+    "setup/forms": {"widgets", "engine", "setup", "engine/state", "platform/qt", "platform", "text"},
     "ui": {"setup/forms", "widgets", "engine", "setup", "output", "engine/state", "platform/qt",
            "platform", "page_text", "text"},
 }  # fmt: skip

@@ -45,6 +45,22 @@ TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
               ":.htm::.html::.php::.asp::.txt::.gif::.jpg::.jpeg::.png::.pdf::.zip::.css:");
 }
 
+TEST(FileTypes, AListIsMadeWhereNoneIsAndMayBeOfNoUse) {
+    fakes::FakeSystem system;
+    EXPECT_TRUE(MakeFirstFileTypesFile());
+    EXPECT_TRUE(AnyFileTypeKnown());
+    const std::pair<const char*, bool> cases[] = {{"", false},
+                                                  {" \r\n.\r\nhtml\r\n", false},
+                                                  {".tar.gz\n.a\1\n.\xE4", false},
+                                                  {"x\r\n .C++ ", true}};
+    for (const auto& [bytes, known] : cases) {
+        system.files.Have(kTypesFile, bytes);
+        EXPECT_EQ(AnyFileTypeKnown(), known) << bytes;
+        EXPECT_FALSE(MakeFirstFileTypesFile());
+        EXPECT_EQ(system.files.At(kTypesFile), bytes);
+    }
+}
+
 TEST(Filters, LoadsAtMostAHundredOrNone) {
     fakes::FakeSystem system;
     const std::map<std::string, Lines> cases = {

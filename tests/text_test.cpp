@@ -88,9 +88,9 @@ TEST(NumbersTest, LeadingAndWholeNumbers) {
         double leading;
         bool whole;
     } cases[] = {
-        {" 12 ", 12, true},  {"-.5x", -.5, false}, {"+3.", 3, true}, {"1e+", 1, false},
-        {"2E-1", 0.2, true}, {".", 0, false},      {"", 0, false},   {"inf", 0, false},
-        {"0x10", 0, false},  {"1,000", 1, false},
+        {" 12 ", 12, true},  {"-.5x", -.5, false}, {"+3.", 3, true},  {"1e+", 1, false},
+        {"2E-1", 0.2, true}, {".", 0, false},      {"", 0, false},    {"inf", 0, false},
+        {"0x10", 0, false},  {"1,000", 1, false},  {"+-1", 0, false},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(text::LeadingNumber(c.subject), c.leading) << c.subject;

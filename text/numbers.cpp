@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 
 #include "text/text.h"
 
@@ -10,81 +11,46 @@ namespace text {
 
 namespace {
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
+struct Number {
+    double value;
+    std::string_view rest;  ///< what follows it
+};
+
+/// The value of a number, without a sign, that no double can hold.
+double ValueBeyondDouble(std::string_view digits) {
+    const std::size_t e = std::min(digits.find_first_of("eE"), digits.size());
+    const std::size_t point = std::min(digits.find('.'), e);
+    const std::size_t first_digit = digits.find_first_not_of("0.");
+    const double power = LeadingNumber(digits.substr(std::min(e + 1, digits.size())));
+    const bool is_small = static_cast<double>(point) + power < static_cast<double>(first_digit);
+    return is_small ? 0 : HUGE_VAL;
 }
 
-std::size_t DigitsFrom(std::string_view subject, std::size_t at) {
-    std::size_t end = at;
-    while (end < subject.size() && IsDigit(subject[end])) {
-        ++end;
-    }
-    return end - at;
-}
-
-bool IsSignAt(std::string_view subject, std::size_t at) {
-    return at < subject.size() && (subject[at] == '+' || subject[at] == '-');
-}
-
-/// How many characters the number at the front of `subject` has; 0 when there is none.
-std::size_t NumberLength(std::string_view subject) {
-    std::size_t end = IsSignAt(subject, 0) ? 1 : 0;
-    std::size_t digits = DigitsFrom(subject, end);
-    end += digits;
-    if (end < subject.size() && subject[end] == '.') {
-        const std::size_t decimals = DigitsFrom(subject, end + 1);
-        digits += decimals;
-        end += 1 + decimals;
-    }
-    if (digits == 0) return 0;
-    if (end < subject.size() && (subject[end] == 'e' || subject[end] == 'E')) {
-        const std::size_t power = end + (IsSignAt(subject, end + 1) ? 2 : 1);
-        const std::size_t power_digits = DigitsFrom(subject, power);
-        if (power_digits > 0) end = power + power_digits;
-    }
-    return end;
-}
-
-/// Whether a number that no double can hold is too small rather than too large.
-bool IsTiny(std::string_view magnitude) {
-    const std::size_t e = std::min(magnitude.find_first_of("eE"), magnitude.size());
-    const std::size_t point = std::min(magnitude.find('.'), e);
-    const std::size_t leading_digit = magnitude.find_first_not_of("0.");
-    std::string_view power = magnitude.substr(std::min(e + 1, magnitude.size()));
-    if (power.starts_with('+')) power.remove_prefix(1);
-    std::int64_t exponent = 0;
-    if (std::from_chars(power.data(), power.data() + power.size(), exponent).ec ==
-        std::errc::result_out_of_range) {
-        return power.starts_with('-');
-    }
-    return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading_digit) + exponent <
-           0;
-}
-
-/// The value of a text that is one number as a whole.
-double Value(std::string_view number) {
-    const bool negative = number.front() == '-';
-    const std::string_view magnitude = number.substr(IsSignAt(number, 0) ? 1 : 0);
+/// The number at the front of `subject`.
+std::optional<Number> ReadNumber(std::string_view subject) {
+    const bool negative = subject.starts_with('-');
+    if (negative || subject.starts_with('+')) subject.remove_prefix(1);
+    // from_chars would take one more sign, "inf" and "nan".
+    if (subject.find_first_of("0123456789.") != 0) return std::nullopt;
     double value = 0;
-    const auto outcome =
-        std::from_chars(magnitude.data(), magnitude.data() + magnitude.size(), value);
-    if (outcome.ec == std::errc::result_out_of_range) value = IsTiny(magnitude) ? 0 : HUGE_VAL;
-    return negative ? -value : value;
+    const auto [end, error] =
+        std::from_chars(subject.data(), subject.data() + subject.size(), value);
+    if (error == std::errc::invalid_argument) return std::nullopt;
+    const auto length = static_cast<std::size_t>(end - subject.data());
+    if (error != std::errc()) value = ValueBeyondDouble(subject.substr(0, length));
+    return Number{negative ? -value : value, subject.substr(length)};
 }
 
 }  // namespace
 
 double LeadingNumber(std::string_view subject) {
-    const std::string_view trimmed = Trim(subject);
-    const std::size_t length = NumberLength(trimmed);
-    return length == 0 ? 0 : Value(trimmed.substr(0, length));
+    const std::optional<Number> number = ReadNumber(Trim(subject));
+    return number ? number->value : 0;
 }
 
 std::optional<double> WholeNumber(std::string_view subject) {
-    const std::string_view trimmed = Trim(subject);
-    const std::size_t length = NumberLength(trimmed);
-    if (length == 0 || length != trimmed.size()) return std::nullopt;
-    return Value(trimmed);
+    const std::optional<Number> number = ReadNumber(Trim(subject));
+    return number && number->rest.empty() ? std::optional(number->value) : std::nullopt;
 }
 
 std::optional<std::int32_t> RoundHalfEven(double value) {

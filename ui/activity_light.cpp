@@ -2,24 +2,58 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <QRadialGradient>
 
 namespace ui {
+
+namespace {
+
+/// The light is drawn about the middle of a square of this side.
+constexpr double kSide = 28;
+
+QString WordFor(ActivityLight::State state) {
+    switch (state) {
+        case ActivityLight::State::Idle:
+            return "Idle";
+        case ActivityLight::State::Downloading:
+            return "Downloading";
+        case ActivityLight::State::Paused:
+            return "Paused";
+    }
+    return {};
+}
+
+void DrawLight(QPainter& painter, const QColor& colour) {
+    QRadialGradient glow(QPointF(-2.5, -2.5), 11);
+    glow.setColorAt(0, colour.lighter(160));
+    glow.setColorAt(1, colour);
+    painter.setPen(QPen(colour.darker(130), 1));
+    painter.setBrush(glow);
+    painter.drawEllipse(QPointF(), 8, 8);
+}
+
+void DrawPauseSign(QPainter& painter) {
+    painter.setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(-2.5, -3.5), QPointF(-2.5, 3.5));
+    painter.drawLine(QPointF(2.5, -3.5), QPointF(2.5, 3.5));
+}
+
+}  // namespace
 
 ActivityLight::ActivityLight(QWidget* parent) : QWidget(parent) {
     Describe();
 }
 
-void ActivityLight::SetRunning(bool running) {
-    if (running == running_) return;
-    running_ = running;
+void ActivityLight::Show(State state) {
+    if (state == state_) return;
+    state_ = state;
     Describe();
     update();
 }
 
 void ActivityLight::Describe() {
-    const QString state = running_ ? tr("Downloading") : tr("Idle");
-    setToolTip(state);
-    setAccessibleName(state);
+    setToolTip(WordFor(state_));
+    setAccessibleName(WordFor(state_));
 }
 
 void ActivityLight::paintEvent(QPaintEvent*) {
@@ -27,20 +61,18 @@ void ActivityLight::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const double side = std::min(width(), height());
     painter.translate(QPointF(width(), height()) / 2);
-    painter.scale(side / 28, side / 28);
-    if (!running_) {
+    painter.scale(side / kSide, side / kSide);
+    if (state_ == State::Idle) {
         QColor grey = palette().color(QPalette::WindowText);
-        grey.setAlphaF(0.35F);
-        painter.setPen(QPen(grey, 2));
-        painter.drawEllipse(QPointF(), 9, 9);
-        return;
+        grey.setAlphaF(0.4F);
+        painter.setPen(QPen(grey, 1.5));
+        painter.drawEllipse(QPointF(), 8, 8);
+    } else if (state_ == State::Downloading) {
+        DrawLight(painter, {0x2e, 0x9e, 0x44});
+    } else {
+        DrawLight(painter, {0xe0, 0xa4, 0x20});
+        DrawPauseSign(painter);
     }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x2e, 0x9e, 0x44));
-    painter.drawEllipse(QPointF(), 10, 10);
-    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawLine(QPointF(0, -5), QPointF(0, 4.5));
-    painter.drawPolyline(QPolygonF({{-4, 0.5}, {0, 5}, {4, 0.5}}));
 }
 
 }  // namespace ui

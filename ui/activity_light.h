@@ -4,15 +4,17 @@
 
 namespace ui {
 
-/// Shows at a glance whether a crawl runs: a green disc with an arrow, or an empty ring.
+/// Shows at a glance whether a crawl runs: a light that is green, amber while paused, or off.
 class ActivityLight : public QWidget {
     Q_OBJECT
 
   public:
+    enum class State { Idle, Downloading, Paused };
+
     explicit ActivityLight(QWidget* parent);
 
-    void SetRunning(bool running);
-    bool Running() const { return running_; }
+    void Show(State state);
+    State Shown() const { return state_; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -20,7 +22,7 @@ class ActivityLight : public QWidget {
   private:
     void Describe();
 
-    bool running_ = false;
+    State state_ = State::Idle;
 };
 
 }  // namespace ui

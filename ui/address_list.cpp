@@ -1,209 +1,140 @@
 #include "ui/address_list.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QHelpEvent>
+#include <QFocusEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPainter>
 #include <QScrollBar>
-#include <QStyleOptionFocusRect>
-#include <QToolTip>
-#include <algorithm>
 
 #include "platform/qt/local_text.h"
-#include "widgets/elided_text.h"
+#include "ui/address_model.h"
 
 namespace ui {
 
 namespace {
-constexpr int kRefreshMilliseconds = 33;
-constexpr int kTextMargin = 4;
+
+constexpr int kRefreshMilliseconds = 50;
+
+bool ByKeyboard(const QFocusEvent& event) {
+    return event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason ||
+           event.reason() == Qt::ShortcutFocusReason;
+}
+
 }  // namespace
 
-AddressList::AddressList(platform::ListItems& items, QWidget* parent)
-    : QAbstractScrollArea(parent), items_(items) {
-    setFocusPolicy(Qt::StrongFocus);
+AddressList::AddressList(platform::ListItems& items, Shows shows, QWidget* parent)
+    : QTableView(parent), model_(new AddressModel(items, this)), shows_(shows) {
+    setModel(model_);
+    horizontalHeader()->hide();
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 2);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    viewport()->setBackgroundRole(QPalette::Base);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    MakeMenu();
+
     refresh_.setSingleShot(true);
     refresh_.setInterval(kRefreshMilliseconds);
     connect(&refresh_, &QTimer::timeout, this, &AddressList::Refresh);
-    items_.on_change = [this] { ItemsChanged(); };
-    shown_count_ = lowest_count_ = items_.Count();
+    connect(model_, &AddressModel::Stale, this, [this] {
+        if (!refresh_.isActive()) refresh_.start();
+    });
+    connect(this, &QTableView::doubleClicked, this, &AddressList::Activated);
 }
 
-AddressList::~AddressList() {
-    Detach();
+void AddressList::MakeMenu() {
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto* open = new QAction("Open in the Browser", this);
+    open->setObjectName("OpenAddress");
+    connect(open, &QAction::triggered, this, &AddressList::Activated);
+    auto* copy = new QAction("Copy Address", this);
+    copy->setObjectName("CopyAddress");
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, &AddressList::CopySelected);
+    addActions({open, copy});
 }
 
 void AddressList::Detach() {
-    if (observing_) items_.on_change = nullptr;
-    observing_ = false;
+    model_->Detach();
 }
 
-void AddressList::ItemsChanged() {
-    lowest_count_ = std::min(lowest_count_, items_.Count());
-    if (selected_ && *selected_ >= items_.Count()) selected_.reset();
-    if (!refresh_.isActive()) refresh_.start();
+std::string AddressList::Selected() {
+    model_->Update();
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    return selected.empty() ? std::string() : model_->Address(selected.front().row());
+}
+
+void AddressList::CopySelected() {
+    const std::string address = Selected();
+    if (!address.empty()) QApplication::clipboard()->setText(platform::FromBytes(address));
 }
 
 void AddressList::Refresh() {
-    const std::size_t first_changed = std::min(lowest_count_, shown_count_);
-    shown_count_ = lowest_count_ = items_.Count();
-    UpdateScrollBar();
-    const std::size_t end_of_page = FirstRow() + static_cast<std::size_t>(RowsPerPage()) + 1;
-    if (first_changed < end_of_page) viewport()->update();
-}
-
-void AddressList::UpdateScrollBar() {
-    const int count = static_cast<int>(items_.Count());
-    verticalScrollBar()->setRange(0, std::max(0, count - RowsPerPage()));
-    verticalScrollBar()->setPageStep(RowsPerPage());
-}
-
-void AddressList::Select(std::optional<std::size_t> row) {
-    if (row && *row >= items_.Count()) row.reset();
-    selected_ = row;
-    if (row) ScrollTo(*row);
-    viewport()->update();
-}
-
-void AddressList::MoveSelection(std::ptrdiff_t to) {
-    if (items_.Empty()) return;
-    const auto last = static_cast<std::ptrdiff_t>(items_.Count()) - 1;
-    Select(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(to, 0, last)));
-}
-
-void AddressList::ScrollTo(std::size_t row) {
-    UpdateScrollBar();
-    const int wanted = static_cast<int>(row);
-    const int first = verticalScrollBar()->value();
-    if (wanted < first) verticalScrollBar()->setValue(wanted);
-    const int top_for_last = wanted - RowsPerPage() + 1;
-    if (top_for_last > first) verticalScrollBar()->setValue(top_for_last);
-}
-
-std::size_t AddressList::FirstRow() const {
-    return static_cast<std::size_t>(verticalScrollBar()->value());
-}
-
-int AddressList::RowHeight() const {
-    return fontMetrics().height() + 2;
-}
-
-int AddressList::RowsPerPage() const {
-    return std::max(1, viewport()->height() / RowHeight());
-}
-
-std::optional<std::size_t> AddressList::RowAt(int y) const {
-    if (y < 0) return std::nullopt;
-    const std::size_t row = FirstRow() + static_cast<std::size_t>(y / RowHeight());
-    if (row >= items_.Count()) return std::nullopt;
-    return row;
-}
-
-void AddressList::paintEvent(QPaintEvent* event) {
-    QPainter painter(viewport());
-    const int height = RowHeight();
-    QRect area(0, 0, viewport()->width(), height);
-    for (std::size_t row = FirstRow(); row < items_.Count() && area.top() <= event->rect().bottom();
-         ++row, area.translate(0, height)) {
-        if (area.intersects(event->rect())) PaintRow(painter, row, area);
+    // A list out of sight, as in a run without a window, costs nothing.
+    if (isVisible()) {
+        const bool at_end = AtEnd();
+        model_->Update();
+        if (at_end) scrollToBottom();
     }
-    if (hasFocus() && !selected_) {
-        QStyleOptionFocusRect focus;
-        focus.initFrom(viewport());
-        focus.rect = viewport()->rect().adjusted(1, 1, -1, -1);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
-    }
+    emit Refreshed();
 }
 
-void AddressList::PaintRow(QPainter& painter, std::size_t row, const QRect& area) const {
-    const bool selected = row == selected_;
-    if (selected) painter.fillRect(area, palette().highlight());
-    painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
-    const QRect text_area = area.adjusted(kTextMargin, 0, -kTextMargin, 0);
-    painter.drawText(text_area, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     ElideMiddle(items_.Item(row), fontMetrics(), text_area.width()));
-    if (selected && hasFocus()) {
-        QStyleOptionFocusRect focus;
-        focus.initFrom(viewport());
-        focus.rect = area;
-        focus.backgroundColor = palette().color(QPalette::Highlight);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
-    }
+void AddressList::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    Refresh();
 }
 
-bool AddressList::viewportEvent(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const std::optional<std::size_t> row = RowAt(help->y());
-    QToolTip::showText(help->globalPos(),
-                       row ? TooltipText(platform::FromBytes(items_.Item(*row))) : QString(),
-                       viewport());
-    return true;
+/// Whether the end is to be kept in view: nobody has scrolled away from it.
+bool AddressList::AtEnd() const {
+    return shows_ == Shows::End && verticalScrollBar()->value() == verticalScrollBar()->maximum();
 }
 
-void AddressList::resizeEvent(QResizeEvent*) {
-    UpdateScrollBar();
-}
-
-void AddressList::changeEvent(QEvent* event) {
-    QAbstractScrollArea::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        UpdateScrollBar();
-        viewport()->update();
-    }
+void AddressList::resizeEvent(QResizeEvent* event) {
+    const bool at_end = AtEnd();
+    QTableView::resizeEvent(event);
+    if (at_end) scrollToBottom();
 }
 
 void AddressList::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
+    // Whoever comes by keyboard sees where in the list they are.
+    if (ByKeyboard(*event) && !selectionModel()->hasSelection() && model_->rowCount() > 0) {
+        selectRow(shows_ == Shows::End ? model_->rowCount() - 1 : 0);
+    }
+    QTableView::focusInEvent(event);
 }
 
-void AddressList::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
-    viewport()->update();
+void AddressList::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
+    // Qt would select a neighbour of what goes.
+    if (currentIndex().row() >= start) selectionModel()->clear();
+    QTableView::rowsAboutToBeRemoved(parent, start, end);
 }
 
-void AddressList::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) Select(RowAt(event->position().toPoint().y()));
-}
-
-void AddressList::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    Select(RowAt(event->position().toPoint().y()));
-    if (selected_) emit Activated();
+QModelIndex AddressList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    // In a table Home and End stay in the row.
+    if (action == MoveHome) return model_->index(0);
+    if (action == MoveEnd) return model_->index(model_->rowCount() - 1);
+    return QTableView::moveCursor(action, modifiers);
 }
 
 void AddressList::keyPressEvent(QKeyEvent* event) {
-    const std::ptrdiff_t current = selected_ ? static_cast<std::ptrdiff_t>(*selected_) : -1;
-    if (event->matches(QKeySequence::Copy)) {
-        if (!selected_) return;
-        QApplication::clipboard()->setText(platform::FromBytes(items_.Item(*selected_)));
-        return;
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        emit Activated();
+    } else {
+        QTableView::keyPressEvent(event);
     }
-    switch (event->key()) {
-        case Qt::Key_Up:
-            return MoveSelection(current - 1);
-        case Qt::Key_Down:
-            return MoveSelection(current + 1);
-        case Qt::Key_PageUp:
-            return MoveSelection(current - RowsPerPage());
-        case Qt::Key_PageDown:
-            return MoveSelection(current + RowsPerPage());
-        case Qt::Key_Home:
-            return MoveSelection(0);
-        case Qt::Key_End:
-            return MoveSelection(static_cast<std::ptrdiff_t>(items_.Count()) - 1);
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            if (selected_) emit Activated();
-            return;
-        default:
-            QAbstractScrollArea::keyPressEvent(event);
-    }
+}
+
+void AddressList::keyboardSearch(const QString&) {
+    // Would read every row, a million perhaps, at every key.
 }
 
 }  // namespace ui

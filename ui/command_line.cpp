@@ -1,21 +1,19 @@
 #include "ui/command_line.h"
 
 #include <QCommandLineParser>
-#include <limits>
 #include <optional>
 
 #include "engine/state/crawl_state.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "text/numbers.h"
+#include "ui/version.h"
 
 namespace ui {
 
 namespace {
 
 constexpr int kBadArguments = 2;
-
-const char kVersion[] = "Vantorin Website Downloader 1.9\n";
 
 CommandLine Refuse(const QString& why) {
     return {CommandLine::Action::Print, {}, why + "\nTry \"vantorin --help\".\n", kBadArguments};
@@ -31,20 +29,63 @@ std::optional<int> ReadConnections(const QString& text) {
 std::optional<std::int64_t> ReadTimeout(const QString& text) {
     const std::optional<double> seconds = text::WholeNumber(platform::ToBytes(text));
     if (!seconds || !(*seconds >= 0)) return std::nullopt;
-    return text::RoundHalfEven(*seconds * 1000);
+    const std::optional<std::int64_t> milliseconds = text::RoundHalfEven(*seconds * 1000);
+    // Nothing rounded down may become the 0 that waits for ever.
+    if (milliseconds == 0 && *seconds > 0) return std::nullopt;
+    return milliseconds;
 }
 
-/// The options' names and what `--help` says about them.
 struct Options {
-    QCommandLineOption site{"site", "Download this web site without a window.", "ADDRESS"};
-    QCommandLineOption folder{"folder", "Save it below this folder.", "FOLDER"};
-    QCommandLineOption connections{
-        "connections", "How many files to download at a time, 1 to 24. Default: 4.", "N"};
-    QCommandLineOption timeout{
-        "timeout", "Give a silent server this long; 0 is for ever. Default: 15.", "SECONDS"};
-    QCommandLineOption help{{"h", "help"}, "Show this help."};
-    QCommandLineOption version{{"v", "version"}, "Show the program's version."};
+    QCommandLineOption site{"site", "", "ADDRESS"};
+    QCommandLineOption folder{"folder", "", "FOLDER"};
+    QCommandLineOption connections{"connections", "", "N"};
+    QCommandLineOption timeout{"timeout", "", "SECONDS"};
+    QCommandLineOption help{{"h", "help"}};
+    QCommandLineOption version{{"v", "version"}};
 };
+
+/// The manual page, docs/vantorin.1, says the same.
+constexpr char kHelp[] =
+    R"(Usage: vantorin
+       vantorin --site ADDRESS --folder FOLDER [OPTION]...
+
+Downloads a web site into a folder, for browsing without a network. The first
+form opens the program's window. The second one needs no display: it says how
+far it is, and answers every question with No. Ctrl+C stops it, a second Ctrl+C
+at once.
+
+Options:
+  --site ADDRESS      the page to start from
+  --folder FOLDER     where to save; the folder is made when it is missing
+  --connections N     how many files to download at a time, 1 to 24 (default: 4)
+  --timeout SECONDS   how long a server may be silent before its file is tried
+                      again, three times in all; 0 waits for ever (default: 15)
+  -h, --help          show this help
+  -v, --version       show the program's version
+
+Exit status:
+  0    the site is complete
+  1    the folder cannot be used, or no type of files to download is known;
+       without options: there is no display
+  2    the options make no sense
+  129, 130, 143
+       stopped by a signal: SIGHUP, SIGINT (Ctrl+C), SIGTERM
+  141  stopped because whatever read the output has gone
+A reader that only pauses holds nothing up: progress is dropped meanwhile, and
+the last lines wait for half a second.
+
+Files:
+  temp/filetypes.txt  the types of files to download, one on each line
+  filters.txt         keywords: addresses with one of them are not downloaded
+       Both lie beside the program where that is a folder of its own that can be
+       written to, else in your data folder (on Linux ~/.local/share/Vantorin).
+       The window's settings (on Linux ~/.config/Vantorin/Vantorin.conf) are
+       left alone by a download without it.
+  FOLDER/.../*.tmp    files that wait to be downloaded
+       They go when the download ends or is stopped. After a crash, a kill or a
+       second Ctrl+C they stay, and the next download takes each for a file that
+       is there already: delete them first, or use a fresh folder.
+)";
 
 CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) {
     CommandLine line{CommandLine::Action::Crawl, {}, {}, 0};
@@ -61,7 +102,8 @@ CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) 
     }
     if (parser.isSet(options.timeout)) {
         const auto milliseconds = ReadTimeout(parser.value(options.timeout));
-        if (!milliseconds) return Refuse("--timeout takes a number of seconds.");
+        if (!milliseconds)
+            return Refuse("--timeout takes a number of seconds, 0 or from 0.001 on.");
         line.order.timeout_milliseconds = *milliseconds;
     }
     return line;
@@ -72,16 +114,13 @@ CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) 
 CommandLine ReadCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     const Options options;
-    parser.setApplicationDescription(
-        "Downloads a web site into a folder for browsing without a network.\n"
-        "Without options it opens its window.");
     parser.addOptions({options.site, options.folder, options.connections, options.timeout,
                        options.help, options.version});
     if (!parser.parse(arguments)) return Refuse(parser.errorText());
-    if (parser.isSet(options.help)) {
-        return {CommandLine::Action::Print, {}, parser.helpText(), 0};
+    if (parser.isSet(options.help)) return {CommandLine::Action::Print, {}, kHelp, 0};
+    if (parser.isSet(options.version)) {
+        return {CommandLine::Action::Print, {}, QString(kNameAndVersion) + "\n", 0};
     }
-    if (parser.isSet(options.version)) return {CommandLine::Action::Print, {}, kVersion, 0};
     if (!parser.positionalArguments().isEmpty()) {
         return Refuse("Unknown word \"" + parser.positionalArguments().first() + "\".");
     }

@@ -3,22 +3,27 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include "engine/rows.h"
 #include "platform/qt/local_text.h"
 #include "widgets/label_font.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
 namespace {
 
-constexpr int kHeader = 36;
-constexpr int kLeastRows = 4;
-constexpr int kMargin = 6;
-constexpr int kNumberWidth = 24;
-constexpr int kReceivedWidth = 84;
+// Lengths in twips.
+constexpr int kHeader = 540;
+constexpr int kMargin = 90;
+constexpr int kNumberWidth = 360;
+constexpr int kReceivedWidth = 1260;
 constexpr int kStatusLeft = kMargin + kNumberWidth + kReceivedWidth + 3 * kMargin;
-constexpr int kGraphWidth = 150;
+constexpr int kGraphWidth = 2250;
+constexpr int kHeadingWidth = 1800;
 /// In a panel narrower than this the headings need the graph's room.
-constexpr int kLeastWidthForGraph = 420;
+constexpr int kLeastWidthForGraph = 6300;
+
+constexpr int kLeastRows = 4;
 
 int RowHeight() {
     return QFontMetrics(LabelFont()).height() + 1;
@@ -32,15 +37,15 @@ class RowsWidget : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        for (int row = 1; row < crawl::kSlotCount; row += 2) {
-            painter.fillRect(0, row * RowHeight(), width(), RowHeight(), palette().alternateBase());
-        }
+        const int height = RowHeight();
+        for (int row = 1; row < crawl::kSlotCount; row += 2)
+            painter.fillRect(0, row * height, width(), height, palette().alternateBase());
     }
 };
 
-/// A row that does nothing stands back.
-void ShowQuietly(QLabel* label, bool quiet) {
-    label->setForegroundRole(quiet ? QPalette::PlaceholderText : QPalette::Text);
+/// Whether a row of this status has nothing to say.
+bool IsIdle(const std::string& status) {
+    return status == bas_Connections::kNotConnected;
 }
 
 }  // namespace
@@ -56,12 +61,13 @@ ConnectionPanel::ConnectionPanel(QWidget* parent)
     connections_heading_->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     data_in_heading_->setAlignment(Qt::AlignRight | Qt::AlignBottom);
     picture3_->setObjectName("Picture3");
-    picture3_->resize(kGraphWidth, kHeader - 6);
+    picture3_->setGeometry(0, Twips(30), Twips(kGraphWidth), Twips(kHeader - 90));
     scroller_->setFrameShape(QFrame::NoFrame);
     scroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroller_->setAccessibleName(connections_heading_->text());
     rows_widget_ = new RowsWidget;
     rows_widget_->setBackgroundRole(QPalette::Base);
+    rows_widget_->setForegroundRole(QPalette::Text);
     rows_widget_->setAutoFillBackground(true);
     MakeRows();
     scroller_->setWidget(rows_widget_);
@@ -70,35 +76,33 @@ ConnectionPanel::ConnectionPanel(QWidget* parent)
 void ConnectionPanel::MakeRows() {
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         Row& row = rows_[i];
-        row.x = new QLabel(QString::number(i), rows_widget_);
-        row.l = new ElidedLabel(rows_widget_);
-        row.k = new QLabel(rows_widget_);
-        row.k2 = new QLabel(rows_widget_);
+        const QByteArray number = QByteArray::number(i);
+        row.x = new ElidedLabel("x" + number, number, rows_widget_);
+        row.l = new ElidedLabel("l" + number, "", rows_widget_);
+        row.k = new ElidedLabel("k" + number, "", rows_widget_);
+        row.k2 = new ElidedLabel("k2" + number, "", rows_widget_);
         row.x->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         row.k2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        ShowQuietly(row.x, true);
-        for (QLabel* label : {row.k, row.k2})
-            label->setTextFormat(Qt::PlainText);
+        row.x->SetQuiet(true);
         row.k->hide();
-        row.l->setObjectName(QString("l%1").arg(i));
-        row.k2->setObjectName(QString("k2%1").arg(i));
-        SetStatus(i, "Not Connected.");
+        SetStatus(i, bas_Connections::kNotConnected);
     }
 }
 
 int ConnectionPanel::FullHeight() const {
-    return kHeader + crawl::kSlotCount * RowHeight() + 2 * frameWidth();
+    return OnPixelGrid(Twips(kHeader) + crawl::kSlotCount * RowHeight() + 2 * frameWidth() + 1);
 }
 
 int ConnectionPanel::LeastHeight() const {
-    return kHeader + kLeastRows * RowHeight() + 2 * frameWidth();
+    return OnPixelGrid(Twips(kHeader) + kLeastRows * RowHeight() + 2 * frameWidth() + 1);
 }
 
 void ConnectionPanel::SetStatus(int row, const std::string& text) {
     const QString shown = platform::FromBytes(text);
     if (rows_[row].l->text() == shown) return;
     rows_[row].l->setText(shown);
-    ShowQuietly(rows_[row].l, shown == "Not Connected.");
+    rows_[row].l->SetQuiet(IsIdle(text));
+    Describe(row);
 }
 
 void ConnectionPanel::SetSize(int row, const std::string& text) {
@@ -107,20 +111,29 @@ void ConnectionPanel::SetSize(int row, const std::string& text) {
 
 void ConnectionPanel::SetReceived(int row, const std::string& text) {
     rows_[row].k2->setText(platform::FromBytes(text));
-    ShowQuietly(rows_[row].k2, text == "-");
+    rows_[row].k2->SetQuiet(text == "-");
+    Describe(row);
+}
+
+void ConnectionPanel::Describe(int row) {
+    QString sentence = QString("Connection %1: %2").arg(row).arg(rows_[row].l->text());
+    if (!rows_[row].k2->text().isEmpty()) sentence += ", " + rows_[row].k2->text();
+    rows_[row].l->setAccessibleName(sentence);
 }
 
 void ConnectionPanel::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
     const QRect inside = contentsRect();
-    const int heading_height = kHeader - 4;
-    data_in_heading_->setGeometry(inside.left(), inside.top(), kStatusLeft - 2 * kMargin,
+    const int header = Twips(kHeader);
+    const int heading_height = header - Twips(60);
+    data_in_heading_->setGeometry(inside.left(), inside.top(), Twips(kStatusLeft - 2 * kMargin),
                                   heading_height);
-    connections_heading_->setGeometry(inside.left() + kStatusLeft, inside.top(), 120,
-                                      heading_height);
-    picture3_->setVisible(width() >= kLeastWidthForGraph);
-    scroller_->setGeometry(inside.left(), inside.top() + kHeader, inside.width(),
-                           std::max(0, inside.height() - kHeader));
+    connections_heading_->setGeometry(inside.left() + Twips(kStatusLeft), inside.top(),
+                                      Twips(kHeadingWidth), heading_height);
+    picture3_->setVisible(width() >= Twips(kLeastWidthForGraph));
+    // A pixel is left to the frame on each side: at 150 % it is more than one wide.
+    scroller_->setGeometry(inside.left() + 1, inside.top() + header, inside.width() - 2,
+                           std::max(0, inside.height() - header - 1));
     PlaceRows();
 }
 
@@ -131,14 +144,17 @@ void ConnectionPanel::PlaceRows() {
     scroller_->setFocusPolicy(scrolls ? Qt::TabFocus : Qt::NoFocus);
     const int bar = scrolls ? scroller_->verticalScrollBar()->sizeHint().width() : 0;
     const int width = std::max(0, scroller_->width() - bar);
-    rows_widget_->resize(width, rows_height);
-    const int status_width = std::max(0, width - kStatusLeft - kMargin);
+    rows_widget_->resize(width, std::max(rows_height, scroller_->height()));
+    const int left = Twips(kStatusLeft);
+    const int status_width = std::max(0, width - left - Twips(kMargin));
+    const int height = RowHeight();
     int top = 0;
     for (Row& row : rows_) {
-        row.l->setGeometry(kStatusLeft, top, status_width, RowHeight());
-        row.x->setGeometry(kMargin, top, kNumberWidth, RowHeight());
-        row.k->setGeometry(kStatusLeft, top, status_width, RowHeight());
-        row.k2->setGeometry(kMargin + kNumberWidth, top, kReceivedWidth + kMargin, RowHeight());
+        row.l->setGeometry(left, top, status_width, height);
+        row.x->setGeometry(Twips(kMargin), top, Twips(kNumberWidth), height);
+        row.k->setGeometry(left, top, status_width, height);
+        row.k2->setGeometry(Twips(kMargin + kNumberWidth), top, Twips(kReceivedWidth + kMargin),
+                            height);
         top = row.l->y() + row.l->height();
     }
 }

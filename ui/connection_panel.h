@@ -36,14 +36,16 @@ class ConnectionPanel : public QFrame {
 
   private:
     struct Row {
-        QLabel* x = nullptr;       ///< the connection's number
-        ElidedLabel* l = nullptr;  ///< status
-        QLabel* k = nullptr;       ///< expected size; stays hidden
-        QLabel* k2 = nullptr;      ///< bytes received
+        ElidedLabel* x = nullptr;   ///< the connection's number
+        ElidedLabel* l = nullptr;   ///< status
+        ElidedLabel* k = nullptr;   ///< expected size; stays hidden
+        ElidedLabel* k2 = nullptr;  ///< bytes received
     };
 
     void MakeRows();
     void PlaceRows();
+    /// Says in one sentence what a row shows, for who cannot see which labels stand side by side.
+    void Describe(int row);
 
     QLabel* connections_heading_;
     QLabel* data_in_heading_;

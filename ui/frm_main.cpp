@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include "engine/endings.h"
+#include "engine/rows.h"
 #include "engine/scheduler.h"
 #include "output/paths.h"
 #include "platform/qt/local_text.h"
@@ -30,7 +31,7 @@ frmMain::~frmMain() = default;
 void frmMain::Form_Load() {
     bas_General::LoadKeywordFilters();
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
-        SetRowStatus(i, "Not Connected.");
+        SetRowStatus(i, bas_Connections::kNotConnected);
         txt_max_->addItem(QString::number(i));
     }
     SetTxtMax("4");
@@ -49,6 +50,7 @@ void frmMain::Retire() {
     retired_ = true;
     move_timer_.SetEnabled(false);
     rate_timer_.stop();
+    progress_timer_.stop();
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         timeouts_[i].SetEnabled(false);
         sockets_[i]->Close();
@@ -98,7 +100,7 @@ void frmMain::FocusText1() {
 
 void frmMain::SetCommand1Enabled(bool enabled) {
     command1_->setEnabled(enabled);
-    picture2_->SetRunning(!enabled);
+    enabled ? CrawlEnds() : CrawlBegins();
 }
 
 void frmMain::SetCommand2Enabled(bool enabled) {
@@ -114,6 +116,8 @@ void frmMain::SetTxtMax(const std::string& count) {
     if (txt_max_->currentText() == shown) return;
     txt_max_->setCurrentIndex(txt_max_->findText(shown));
     txt_max_->setEditText(shown);
+    // The next key replaces what was not typed by hand.
+    txt_max_->lineEdit()->selectAll();
     bas_Connections::txtMax_Change();
 }
 
@@ -143,6 +147,8 @@ void frmMain::SetLabel6(const std::string& status) {
 }
 
 void frmMain::SetRowStatus(int slot, const std::string& text) {
+    // The crawl empties a row's status when its file has come and was saved.
+    if (text.empty()) answered_ = true;
     picture1_->SetStatus(slot, text);
 }
 
@@ -161,7 +167,11 @@ void frmMain::ShowList1() {
 void frmMain::ShowPauseDialog() {
     frmPause dialog(this);
     pause_dialog_ = &dialog;
+    paused_ = true;
+    ShowProgress();
     dialog.exec();
+    paused_ = false;
+    ShowProgress();
 }
 
 void frmMain::Reload() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -17,8 +16,9 @@
 #include "ui/activity_light.h"
 #include "ui/address_list.h"
 #include "ui/connection_panel.h"
+#include "ui/progress_strip.h"
+#include "widgets/choice_box.h"
 #include "widgets/elided_label.h"
-#include "widgets/icons.h"
 
 class QDialog;
 
@@ -90,34 +90,58 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void MakeLists();
     void MakeMenu();
     void MakeConnections();
-    void SetTabOrder();
-    QLabel* MakeLabel(const char* name, const QString& caption);
-    QPushButton* MakeButton(const char* name, Picture picture, const QString& what);
-    QAction* MakeEntry(QMenu* menu, const char* name, const QString& caption);
+    QAction* MakeEntry(QMenu* menu, const char* name, const QString& caption,
+                       const QKeySequence& keys);
 
     // frm_main_layout.cpp
     void PlaceFixedControls();
     void FitPanel(int height);
     void Form_Resize();
+    void PlaceOtherLinksButton();
 
     // frm_main_commands.cpp
     void ConnectHandlers();
+    void ConnectControls();
+    void ConnectMenu();
+    void ConnectCrawl();
     void ExploreTarget();
     void OpenSelectedAddress();
-    void ShowFilters();
     void mnunew_Click();
-    void mnuexit_Click();
     void mnuabout_Click();
     void ShowOtherLinks(bool other_links);
+    void ListChanged();
+
+    // frm_main_progress.cpp
+    void CrawlBegins();
+    void CrawlEnds();
+    void ShowProgress();
+    int OpenConnections() const;
+    QString WordsOnProgress(std::int64_t done, std::int64_t known) const;
+
+    /// `handler` as it is to be hung up everywhere: an unloaded window does nothing any more.
+    template <typename Handler>
+    auto WhileLoaded(Handler handler) {
+        return [this, handler] {
+            if (!retired_) handler();
+        };
+    }
+    template <typename Sender, typename Signal, typename Handler>
+    void On(Sender* sender, Signal signal, Handler handler) {
+        connect(sender, signal, this, WhileLoaded(handler));
+    }
 
     WindowHolder& holder_;
     bool retired_ = false;
     bool asking_exit_ = false;
+    bool paused_ = false;
+    bool crawled_ = false;   ///< this window has seen a crawl begin
+    bool answered_ = false;  ///< a whole file has come since then
 
     text::OneBased<std::unique_ptr<platform::Socket>, crawl::kSlotCount> sockets_;
     text::OneBased<platform::QtTimer, crawl::kSlotCount> timeouts_;
     platform::QtTimer move_timer_;
     QTimer rate_timer_;
+    QTimer progress_timer_;  ///< runs while a crawl does
 
     QWidget* client_;  ///< the area below the menu, in which everything lies
     QLineEdit* text1_;
@@ -125,19 +149,21 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     QPushButton* command2_;
     QPushButton* command3_;
     QPushButton* command4_;
-    QComboBox* txt_max_;
+    ChoiceBox* txt_max_;
     QLabel* label1_;
     QLabel* label2_;
     QLabel* label3_;
     QLabel* label4_;
     QLabel* label5_;
     ElidedLabel* label6_;
-    QLabel* label7_;
+    ElidedLabel* label7_;
     QLabel* label8_;
     QLabel* label9_;
     QLabel* list2_heading_;
+    ElidedLabel* next_;  ///< which address of the queue is fetched next
     ConnectionPanel* picture1_;
     ActivityLight* picture2_;
+    ProgressStrip* progress_;
     AddressList* list1_;
     AddressList* list2_;
     QToolButton* other_links_;  ///< exchanges `List1` and `List2`

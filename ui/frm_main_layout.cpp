@@ -1,8 +1,10 @@
 #include <QGuiApplication>
+#include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
 
 #include "ui/frm_main.h"
+#include "widgets/controls.h"
 #include "widgets/twips.h"
 
 /// The main window's layout. The client area below the menu is what is laid out, in twips.
@@ -14,8 +16,9 @@ namespace {
 constexpr int kEdge = 180;
 constexpr int kButton = 420;
 constexpr int kPanelLeft = 240;
-constexpr int kPanelTop = 1770;
+constexpr int kPanelTop = 1800;
 constexpr int kListAfterPanel = 540;
+constexpr int kNextAfterHeading = 1650;
 constexpr int kQueueRoom = 1500;
 
 constexpr int kOpeningWidth = 12300;
@@ -23,10 +26,6 @@ constexpr int kOpeningQueue = 2250;
 
 /// What the panel and the queue leave of the height to everything else.
 constexpr int kAroundPanelAndQueue = 2280 + 480;
-
-int InTwips(int pixels) {
-    return pixels * 15;
-}
 
 /// A control refuses a negative size and keeps the one it has.
 void SetWidth(QWidget* control, int twips) {
@@ -43,10 +42,6 @@ void SetLeft(QWidget* control, int twips) {
 
 void SetTop(QWidget* control, int twips) {
     control->move(control->x(), Twips(twips));
-}
-
-void Place(QWidget* control, int left, int top, int width, int height) {
-    control->setGeometry(Twips(left), Twips(top), Twips(width), Twips(height));
 }
 
 int Left(const QWidget* control) {
@@ -67,45 +62,46 @@ int Height(const QWidget* control) {
 void frmMain::PlaceFixedControls() {
     constexpr int kSecondColumn = kEdge + kButton + 60;
     constexpr int kSecondRow = 780;
-    Place(command1_, kEdge, 210, kButton, kButton);
-    Place(command2_, kSecondColumn, 210, kButton, kButton);
-    Place(command3_, kEdge, kSecondRow, kButton, kButton);
-    Place(command4_, kSecondColumn, kSecondRow, kButton, kButton);
-    Place(text1_, 1140, 210, 6000, kButton);
-    Place(picture2_, 7260, 210, kButton, kButton);
-    Place(txt_max_, 0, kSecondRow, 930, kButton);
+    PlaceTwips(command1_, kEdge, 210, kButton, kButton);
+    PlaceTwips(command2_, kSecondColumn, 210, kButton, kButton);
+    PlaceTwips(command3_, kEdge, kSecondRow, kButton, kButton);
+    PlaceTwips(command4_, kSecondColumn, kSecondRow, kButton, kButton);
+    PlaceTwips(text1_, 1140, 210, 6000, kButton);
+    PlaceTwips(picture2_, 7260, 210, kButton, kButton);
+    PlaceTwips(txt_max_, 0, kSecondRow, 930, kButton);
     label9_->adjustSize();
-    Place(label9_, 0, kSecondRow, Width(label9_), kButton);
+    PlaceTwips(label9_, 0, kSecondRow, Width(label9_), kButton);
 
     constexpr int kCounterRow = 1365;
-    Place(label2_, kEdge, kCounterRow, 1200, 270);
-    Place(label3_, kEdge + 1200, kCounterRow, 1350, 270);
-    Place(label4_, kEdge + 2550, kCounterRow, 2100, 270);
-    Place(label1_, kEdge + 4650, kCounterRow, 840, 270);
-    Place(label5_, kEdge + 5490, kCounterRow, 1800, 270);
-    Place(label7_, 0, kCounterRow, 930, 270);
+    PlaceTwips(label2_, kEdge, kCounterRow, 1200, 270);
+    PlaceTwips(label3_, kEdge + 1200, kCounterRow, 1350, 270);
+    PlaceTwips(label4_, kEdge + 2550, kCounterRow, 2100, 270);
+    PlaceTwips(label1_, kEdge + 4650, kCounterRow, 840, 270);
+    PlaceTwips(label5_, kEdge + 5490, kCounterRow, 1800, 270);
+    PlaceTwips(label7_, 0, kCounterRow, 930, 270);
 
-    Place(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
+    PlaceTwips(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
+    picture1_->move(picture1_->x(), OnPixelGrid(picture1_->y()));
     for (QWidget* heading : {label8_, list2_heading_})
-        Place(heading, kEdge, 0, 3000, 300);
+        PlaceTwips(heading, kEdge, 0, 3000, 300);
+    PlaceTwips(next_, kEdge + kNextAfterHeading, 0, 3000, 300);
     for (QWidget* list : {list1_, list2_})
-        Place(list, kEdge, 0, kOpeningWidth, kQueueRoom);
-    Place(label6_, kEdge, 0, kOpeningWidth, 270);
+        PlaceTwips(list, kEdge, 0, kOpeningWidth, kQueueRoom);
+    PlaceTwips(label6_, kEdge, 0, kOpeningWidth, 270);
 }
 
 void frmMain::FitPanel(int height) {
     // All rows where there is room for them and some of the queue, else as many as there are; they
     // scroll then. Below a few rows the panel does not shrink.
-    const int panel =
-        std::clamp(height - kAroundPanelAndQueue - kQueueRoom, InTwips(picture1_->LeastHeight()),
-                   InTwips(picture1_->FullHeight()));
-    SetHeight(picture1_, panel);
-    const int list_top = kPanelTop + Height(picture1_) + kListAfterPanel;
+    const int room = Twips(height - kAroundPanelAndQueue - kQueueRoom);
+    const int panel = std::clamp(room, picture1_->LeastHeight(), picture1_->FullHeight());
+    picture1_->resize(picture1_->width(), OnPixelGrid(panel));
+    const int list_top = picture1_->y() + picture1_->height() + OnPixelGrid(Twips(kListAfterPanel));
     for (QWidget* list : {list1_, list2_})
-        SetTop(list, list_top);
-    for (QWidget* heading : {label8_, list2_heading_})
-        SetTop(heading, list_top - 330);
-    SetTop(other_links_, list_top - 390);
+        list->move(list->x(), list_top);
+    for (QWidget* heading : std::initializer_list<QWidget*>{label8_, list2_heading_, next_})
+        heading->move(heading->x(), list_top - Twips(330));
+    other_links_->move(other_links_->x(), list_top - Twips(390));
 }
 
 void frmMain::Form_Resize() {
@@ -128,12 +124,18 @@ void frmMain::Form_Resize() {
     SetWidth(label6_, w - 360);
     // In a narrow window the counters need the hint's room.
     label7_->setVisible(label7_->x() > label5_->geometry().right());
+    PlaceOtherLinksButton();
+}
+
+void frmMain::PlaceOtherLinksButton() {
+    other_links_->adjustSize();
     SetLeft(other_links_, Left(list1_) + Width(list1_) - Width(other_links_));
+    next_->resize(std::max(0, other_links_->x() - next_->x() - Twips(120)), next_->height());
 }
 
 void frmMain::PlaceOnScreen() {
-    const int menu = menuWidget()->sizeHint().height();
-    const int wanted = Twips(kAroundPanelAndQueue + kOpeningQueue) + picture1_->FullHeight() + menu;
+    const int wanted = Twips(kAroundPanelAndQueue + kOpeningQueue) + picture1_->FullHeight() +
+                       menuBar()->height() + progress_->sizeHint().height();
     // The desktop's frame around the window is not known yet.
     constexpr int kFrame = 40;
     const QSize room = screen()->availableGeometry().size() - QSize(0, kFrame);

@@ -6,6 +6,7 @@
 
 #include "engine/endings.h"
 #include "widgets/label_font.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
@@ -28,8 +29,8 @@ frmPause::frmPause(QWidget* parent) : QDialog(parent) {
     connect(this, &QDialog::finished, this, [] { bas_Connections::Resume(); });
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 20, 24, 20);
-    column->setSpacing(14);
+    column->setContentsMargins(Twips(360), Twips(300), Twips(360), Twips(300));
+    column->setSpacing(Twips(210));
     column->addWidget(heading, 0, Qt::AlignHCenter);
     column->addWidget(explanation);
     column->addWidget(command1, 0, Qt::AlignHCenter);

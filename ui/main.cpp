@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -10,9 +11,11 @@
 #include "platform/qt/qt_socket.h"
 #include "setup/forms/frm_new.h"
 #include "ui/command_line.h"
+#include "ui/output_stream.h"
 #include "ui/system_services.h"
 #include "ui/terminal.h"
 #include "ui/unattended.h"
+#include "ui/version.h"
 #include "ui/window_holder.h"
 
 namespace {
@@ -81,16 +84,18 @@ int RunWindow(int argc, char** argv) {
     return QApplication::exec();
 }
 
-/// Qt remarks on what an environment without a desktop lacks. That is no news here.
+/// Qt warns about what an environment without a desktop lacks, which an unattended run does not
+/// use.
 void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtCriticalMsg && type != QtFatalMsg) return;
-    std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
+    ui::OutputStream(ui::OutputStream::Which::Error).Write(platform::ToBytes(message) + "\n");
 }
 
 int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
     qInstallMessageHandler(PassOnFaultsOnly);
-    // The window is never shown, so the run needs no display, nor one that works.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The window is never shown, so the run needs no display, whatever the environment says of one.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_QPA_PLATFORMTHEME");
     QApplication application(argc, argv);
     platform::MemorySettingsStore settings;
     ui::Terminal terminal;
@@ -104,8 +109,12 @@ int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    ui::OpenClosedStreams();
+#ifndef _WIN32
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that grows past the user's limit is a failed write
+#endif
     QCoreApplication::setApplicationName("Vantorin");
-    QCoreApplication::setApplicationVersion("1.9");
+    QCoreApplication::setApplicationVersion(ui::kVersion);
     QStringList words;
     for (int i = 0; i < argc; ++i)
         words += QString::fromLocal8Bit(argv[i]);

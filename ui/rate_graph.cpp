@@ -6,19 +6,23 @@
 
 #include "platform/byte_size.h"
 #include "platform/qt/local_text.h"
+#include "widgets/contrast.h"
+#include "widgets/label_font.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
 namespace {
 constexpr std::size_t kSeconds = 60;
-constexpr int kTextHeight = 13;
-constexpr int kMargin = 5;
-/// A trickle is drawn as one.
+// Lengths in twips.
+constexpr int kTextHeight = 195;
+constexpr int kMargin = 75;
+/// What fills the graph at least, in bytes per second: a few bytes must not look like a flood.
 constexpr std::int32_t kLeastScale = 1024;
 }  // namespace
 
 RateGraph::RateGraph(QWidget* parent) : QWidget(parent), rates_(kSeconds, 0) {
-    setAccessibleName(tr("Bytes per second in the last minute"));
+    setAccessibleName("Bytes per second in the last minute");
     setToolTip(accessibleName());
 }
 
@@ -35,9 +39,10 @@ void RateGraph::Sample(std::int32_t total_bytes) {
 void RateGraph::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const std::int32_t peak = std::max(kLeastScale, *std::ranges::max_element(rates_));
-    const QRect area = rect().adjusted(0, 0, -kMargin, 0);
+    const QRect area = rect().adjusted(0, 0, -Twips(kMargin), 0);
     const double bar = static_cast<double>(area.width()) / kSeconds;
-    const int room = area.height() - kTextHeight - 1;
+    const int text_height = Twips(kTextHeight);
+    const int room = area.height() - text_height - 1;
     QColor colour = palette().color(QPalette::Highlight);
     colour.setAlphaF(0.75F);
     for (std::size_t i = 0; i < rates_.size(); ++i) {
@@ -51,11 +56,10 @@ void RateGraph::paintEvent(QPaintEvent*) {
     painter.fillRect(QRect(0, area.bottom(), area.width(), 1), line);
 
     if (rates_.back() == 0) return;
-    QFont small = font();
-    small.setPixelSize(10);
-    painter.setFont(small);
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(QRect(0, 1, area.width(), kTextHeight), Qt::AlignRight | Qt::AlignTop,
+    painter.setFont(SmallLabelFont());
+    painter.setPen(
+        QuietText(palette().color(QPalette::WindowText), {palette().color(QPalette::Window)}));
+    painter.drawText(QRect(0, 1, area.width(), text_height), Qt::AlignRight | Qt::AlignTop,
                      platform::FromBytes(platform::StrFormatByteSize(rates_.back()) + "/s"));
 }
 

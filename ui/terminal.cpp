@@ -1,49 +1,46 @@
 #include "ui/terminal.h"
 
-#include <cstdio>
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
+#include <QElapsedTimer>
 
 #include "text/text.h"
 
 namespace ui {
 
 namespace {
-
-bool OutputIsTerminal() {
-#ifdef _WIN32
-    return _isatty(_fileno(stdout)) != 0;
-#else
-    return isatty(STDOUT_FILENO) != 0;
-#endif
+constexpr int kLastWaitMilliseconds = 500;
 }
 
-void Write(const std::string& text) {
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    std::fflush(stdout);
-}
-
-}  // namespace
-
-Terminal::Terminal() : in_place_(OutputIsTerminal()) {}
+Terminal::Terminal() : in_place_(output_.IsTerminal()) {}
 
 void Terminal::ShowProgress(const std::string& line) {
-    if (line == progress_) return;
+    if (line == progress_ || !pending_.empty() || !output_.Ready()) return;
     // Blanks cover what a longer line left there.
     const std::size_t old_length = line_open_ ? progress_.size() : 0;
+    const std::size_t blanks = old_length > line.size() ? old_length - line.size() : 0;
     progress_ = line;
-    if (!in_place_) return Write(line + "\n");
-    line_open_ = true;
-    Write("\r" + line + std::string(old_length > line.size() ? old_length - line.size() : 0, ' '));
+    line_open_ = in_place_;
+    pending_ = in_place_ ? "\r" + line + std::string(blanks, ' ') : line + "\n";
+    Flush();
 }
 
 void Terminal::Print(const std::string& lines) {
-    if (line_open_) Write("\n");
+    if (line_open_) pending_ += "\n";
     line_open_ = false;
-    Write(lines + "\n");
+    pending_ += lines + "\n";
+    Flush();
+}
+
+void Terminal::Flush() {
+    pending_.erase(0, output_.Write(pending_));
+}
+
+void Terminal::Finish() {
+    QElapsedTimer waited;
+    waited.start();
+    for (qint64 left = kLastWaitMilliseconds; left > 0 && !pending_.empty();
+         left = kLastWaitMilliseconds - waited.elapsed()) {
+        if (output_.Ready(static_cast<int>(left))) Flush();
+    }
 }
 
 platform::BoxAnswer TerminalBoxes::MsgBox(const std::string& message, platform::BoxStyle style,

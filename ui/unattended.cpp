@@ -4,20 +4,24 @@
 #include <QElapsedTimer>
 #include <QTimer>
 #include <csignal>
+#include <cstdlib>
+#include <optional>
 
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
 #include "engine/state/crawl_state.h"
+#include "platform/path_text.h"
 #include "setup/file_types.h"
 #include "setup/settings.h"
+#include "text/text.h"
 #include "ui/frm_main.h"
 
 namespace ui {
 
 namespace {
 
-constexpr int kLookMilliseconds = 50;
+constexpr int kCheckMilliseconds = 50;
 constexpr int kProgressMilliseconds = 1000;
 
 #ifdef _WIN32
@@ -29,8 +33,18 @@ volatile std::sig_atomic_t g_signal = 0;
 
 /// The first signal ends the run tidily; a second one, at once.
 extern "C" void NoteSignal(int number) {
+    if (g_signal != 0) std::_Exit(128 + number);
     g_signal = number;
-    std::signal(number, SIG_DFL);
+}
+
+void HandleSignals() {
+    for (const int number : kEndingSignals) {
+        // What whoever started the program wants ignored, as nohup does, stays ignored.
+        if (std::signal(number, SIG_IGN) != SIG_IGN) std::signal(number, NoteSignal);
+    }
+#ifndef _WIN32
+    std::signal(SIGPIPE, SIG_IGN);  // the terminal notices
+#endif
 }
 
 std::string Progress() {
@@ -40,23 +54,33 @@ std::string Progress() {
            bas_Connections::FormatCount(crawl::TotalBytes) + " bytes";
 }
 
-bool PrepareFolder(const std::string& folder, Terminal& terminal) {
-    // Cleaning takes characters out of the name. A person sees that in the wizard's box; here it
-    // would put the files where nobody looks for them.
-    const std::string cleaned = bas_General::NormalizeFolder(folder);
-    if (cleaned != folder && cleaned != folder + "\\") {
-        terminal.Print("The folder's name has characters that this program does not keep.");
-        return false;
-    }
-    bas_General::SetTargetFolder(cleaned);
-    return bas_General::TargetFolderAccepted();
+/// The folder as it will be in every path below it; nothing when the rules for names would change
+/// it. A person sees such a change in the wizard's box; here the files would go where nobody looks.
+std::optional<std::string> FolderThatStays(const std::string& typed) {
+    const std::string folder = platform::ResolvePathText(typed).value_or(typed) + "\\";
+    const bool stays = bas_General::NormalizeFolder(folder) == folder &&
+                       !text::Contains(folder, "www.") && !text::Contains(folder, "\\ ");
+    return stays ? std::optional(folder) : std::nullopt;
 }
 
-void PrepareFileTypes() {
-    bas_General::MakeFileTypesFolder();
-    if (!bas_General::FileTypesFileExists()) {
-        bas_General::WriteFileTypes(bas_General::DefaultFileTypes());
-    }
+bool PrepareFolder(const std::string& typed, Terminal& terminal) {
+    const std::optional<std::string> folder = FolderThatStays(typed);
+    if (folder) return bas_General::PrepareTargetFolder(*folder);
+    terminal.Print(
+        "This folder's path would be changed: it may not contain \"www.\", \"__\", any of\n"
+        "* < > { } ? ! & | or a name that begins with a blank.");
+    return false;
+}
+
+bool PrepareFileTypes(Terminal& terminal) {
+    bas_General::MakeFirstFileTypesFile();
+    if (bas_General::AnyFileTypeKnown()) return true;
+    const std::string file = bas_General::FileTypesFile();
+    terminal.Print(
+        "No file type to download is known. They have to be listed, one on each line, in\n" +
+        platform::SystemPathOf(file).value_or(file) +
+        "\nor that file has to be missing where a new list can be written.");
+    return false;
 }
 
 void Start(const CrawlOrder& order, frmMain& window) {
@@ -68,36 +92,61 @@ void Start(const CrawlOrder& order, frmMain& window) {
     }
 }
 
-/// Ends the event loop when the crawl has ended, by itself or by a signal.
-void Look(WindowHolder& holder, Terminal& terminal, QElapsedTimer& since_progress) {
-    if (g_signal != 0 && engine::CrawlIsRunning()) bas_Connections::StopNOW();
-    if (!holder.Unwound()) return;
-    if (!engine::CrawlIsRunning()) {
-        QCoreApplication::exit(g_signal == 0 ? kExitComplete : 128 + g_signal);
-    } else if (since_progress.hasExpired(kProgressMilliseconds)) {
-        terminal.ShowProgress(Progress());
-        since_progress.start();
+/// Shows how far a crawl is, and ends the event loop when it has ended, by itself or because it has
+/// to.
+class Watch {
+  public:
+    Watch(WindowHolder& holder, Terminal& terminal) : holder_(holder), terminal_(terminal) {
+        QObject::connect(&timer_, &QTimer::timeout, [this] { Check(); });
+        timer_.start(kCheckMilliseconds);
+        since_progress_.start();
     }
+
+  private:
+    void Check() {
+        terminal_.Flush();
+        if (engine::CrawlIsRunning()) StopIfAsked();
+        if (!holder_.Unwound()) return;
+        if (!engine::CrawlIsRunning()) {
+            QCoreApplication::exit(exit_code_);
+        } else if (since_progress_.hasExpired(kProgressMilliseconds)) {
+            terminal_.ShowProgress(Progress());
+            since_progress_.start();
+        }
+    }
+
+    void StopIfAsked() {
+        if (g_signal == 0 && !terminal_.ReaderGone()) return;
+        exit_code_ = g_signal != 0 ? 128 + g_signal : kExitReaderGone;
+        bas_Connections::StopNOW();
+    }
+
+    WindowHolder& holder_;
+    Terminal& terminal_;
+    QTimer timer_;
+    QElapsedTimer since_progress_;
+    int exit_code_ = kExitComplete;
+};
+
+int RunCrawl(const CrawlOrder& order, WindowHolder& holder, Terminal& terminal) {
+    Start(order, holder.Current());
+    const Watch watch(holder, terminal);
+    const int exit_code = QCoreApplication::exec();
+    terminal.Print(bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
+                   bas_Connections::FormatCount(crawl::TotalBytes) +
+                   (exit_code == kExitComplete ? " bytes." : " bytes when it was stopped."));
+    return exit_code;
 }
 
 }  // namespace
 
 int RunUnattended(const CrawlOrder& order, WindowHolder& holder, Terminal& terminal) {
-    if (!PrepareFolder(order.folder, terminal)) return kExitUnusableFolder;
-    PrepareFileTypes();
-    for (const int number : kEndingSignals)
-        std::signal(number, NoteSignal);
-    Start(order, holder.Current());
-
-    QElapsedTimer since_progress;
-    since_progress.start();
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] { Look(holder, terminal, since_progress); });
-    look.start(kLookMilliseconds);
-    const int exit_code = QCoreApplication::exec();
-    terminal.Print(bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
-                   bas_Connections::FormatCount(crawl::TotalBytes) +
-                   (exit_code == kExitComplete ? " bytes." : " bytes when it was stopped."));
+    HandleSignals();
+    int exit_code = kExitUnusable;
+    if (PrepareFolder(order.folder, terminal) && PrepareFileTypes(terminal)) {
+        exit_code = RunCrawl(order, holder, terminal);
+    }
+    terminal.Finish();
     return exit_code;
 }
 

@@ -20,7 +20,7 @@ class frmMain;
 
 /// Owns the main window. A stop replaces it by a fresh one while handlers of the old one are still
 /// on the call stack: the button that was clicked, perhaps a scan in whose yield it was clicked. So
-/// an unloaded window is kept, deaf, until the stack has unwound.
+/// an unloaded window does nothing more, but is destroyed only when the stack has unwound.
 class WindowHolder : public QObject {
     Q_OBJECT
 

@@ -11,10 +11,15 @@ void PlaceTwips(QWidget* control, int left, int top, int width, int height) {
     control->setGeometry(Twips(left), Twips(top), Twips(width), Twips(height));
 }
 
-QLabel* MakeCaption(const char* name, const QString& caption, QWidget* parent) {
+QLabel* MakeLabel(const char* name, const QString& caption, QWidget* parent) {
     auto* label = new QLabel(caption, parent);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QLabel* MakeParagraph(const char* name, const QString& text, QWidget* parent) {
+    QLabel* label = MakeLabel(name, text, parent);
     label->setWordWrap(true);
     return label;
 }
@@ -22,6 +27,16 @@ QLabel* MakeCaption(const char* name, const QString& caption, QWidget* parent) {
 QPushButton* MakeFormButton(const char* name, const QString& caption, QWidget* parent) {
     auto* button = new QPushButton(caption, parent);
     button->setObjectName(QLatin1String(name));
+    return button;
+}
+
+QPushButton* MakeIconButton(const char* name, Picture picture, const QString& what,
+                            QWidget* parent) {
+    QPushButton* button = MakeFormButton(name, "", parent);
+    button->setIcon(ButtonIcon(picture));
+    button->setIconSize({Twips(300), Twips(300)});
+    button->setToolTip(what);
+    button->setAccessibleName(what);
     return button;
 }
 

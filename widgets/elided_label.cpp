@@ -4,12 +4,31 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "widgets/contrast.h"
 #include "widgets/elided_text.h"
 
 namespace ui {
 
-ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+ElidedLabel::ElidedLabel(const char* name, const QString& text, QWidget* parent)
+    : QLabel(text, parent) {
+    setObjectName(QLatin1String(name));
     setTextFormat(Qt::PlainText);
+}
+
+void ElidedLabel::SetQuiet(bool quiet) {
+    if (quiet == quiet_) return;
+    quiet_ = quiet;
+    update();
+}
+
+QColor ElidedLabel::TextColour() const {
+    const QColor full = palette().color(foregroundRole());
+    if (!quiet_) return full;
+    const QColor background = palette().color(backgroundRole());
+    // The rows of a list take turns with two backgrounds.
+    return backgroundRole() == QPalette::Base
+               ? QuietText(full, {background, palette().color(QPalette::AlternateBase)})
+               : QuietText(full, {background});
 }
 
 bool ElidedLabel::event(QEvent* event) {
@@ -22,7 +41,7 @@ bool ElidedLabel::event(QEvent* event) {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
+    painter.setPen(TextColour());
     painter.drawText(contentsRect(), static_cast<int>(alignment()) | Qt::TextSingleLine,
                      ElideMiddle(text(), fontMetrics(), contentsRect().width()));
 }

@@ -9,11 +9,20 @@ class ElidedLabel : public QLabel {
     Q_OBJECT
 
   public:
-    explicit ElidedLabel(QWidget* parent);
+    ElidedLabel(const char* name, const QString& text, QWidget* parent);
+
+    /// A quiet label is paler: it accompanies what others say.
+    void SetQuiet(bool quiet);
+
+    /// The colour that its text is painted in.
+    QColor TextColour() const;
 
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    bool quiet_ = false;
 };
 
 }  // namespace ui

@@ -3,8 +3,6 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "platform/qt/local_text.h"
-
 namespace ui {
 
 namespace {
@@ -19,24 +17,19 @@ constexpr QChar kEllipsis(0x2026);
 
 }  // namespace
 
-QString ElideMiddle(const QString& text, const QFontMetrics& metrics, int width) {
-    QString shown = text;
-    if (shown.size() > kMostCharacters) {
-        shown = shown.left(kMostCharacters / 2) + kEllipsis + shown.right(kMostCharacters / 2);
+QString OneLine(const QString& text) {
+    QString line = text;
+    if (line.size() > kMostCharacters) {
+        line = line.left(kMostCharacters / 2) + kEllipsis + line.right(kMostCharacters / 2);
     }
-    for (QChar& c : shown) {
+    for (QChar& c : line) {
         if (c < QChar(' ')) c = QChar(' ');
     }
-    return metrics.elidedText(shown, Qt::ElideMiddle, width);
+    return line;
 }
 
-QString ElideMiddle(const std::string& bytes, const QFontMetrics& metrics, int width) {
-    if (bytes.size() <= kMostCharacters) {
-        return ElideMiddle(platform::FromBytes(bytes), metrics, width);
-    }
-    const std::string ends = bytes.substr(0, kMostCharacters / 2) + "..." +
-                             bytes.substr(bytes.size() - kMostCharacters / 2);
-    return ElideMiddle(platform::FromBytes(ends), metrics, width);
+QString ElideMiddle(const QString& text, const QFontMetrics& metrics, int width) {
+    return metrics.elidedText(OneLine(text), Qt::ElideMiddle, width);
 }
 
 QString TooltipText(const QString& text) {

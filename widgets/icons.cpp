@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
+#include <algorithm>
 
 namespace ui {
 
@@ -13,41 +13,82 @@ namespace {
 /// All shapes are drawn in a square of this side.
 constexpr double kSide = 16;
 
-QPainterPath Polygon(std::initializer_list<QPointF> corners) {
-    QPolygonF polygon(QList<QPointF>{corners});
-    QPainterPath path;
-    path.addPolygon(polygon);
-    path.closeSubpath();
-    return path;
+using Corners = QList<QPointF>;
+
+struct Colours {
+    QColor fill;
+    QColor line;
+};
+
+Colours ColoursOf(QColor fill, bool dark) {
+    return {dark ? fill.lighter(125) : fill, dark ? fill.lighter(145) : fill.darker(130)};
 }
 
-QPainterPath Shape(Picture picture) {
+/// What a button does to a site, to its files, or what it shows of them.
+QColor FillOf(Picture picture) {
     switch (picture) {
         case Picture::Start:
-            return Polygon({{4, 2}, {14, 8}, {4, 14}});
+            return {0x2e, 0x9e, 0x44};
         case Picture::Stop:
-            return Polygon({{3, 3}, {13, 3}, {13, 13}, {3, 13}});
+            return {0xd0, 0x3a, 0x30};
         case Picture::Filters:
-            return Polygon(
-                {{1.5, 2.5}, {14.5, 2.5}, {9.5, 8.5}, {9.5, 13}, {6.5, 14.5}, {6.5, 8.5}});
+            return {0x2f, 0x72, 0xc4};
         case Picture::Explore:
-            return Polygon({{1.5, 3}, {6, 3}, {7.5, 5}, {14.5, 5}, {14.5, 13.5}, {1.5, 13.5}});
+            return {0xe0, 0xa4, 0x20};
     }
     return {};
 }
 
-QColor Fill(Picture picture, bool dark) {
+void SetColours(QPainter& painter, const Colours& colours) {
+    painter.setBrush(colours.fill);
+    painter.setPen(QPen(colours.line, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+/// An arrow down into a tray, as browsers show a download.
+void DrawStart(QPainter& painter, const Colours& colours) {
+    painter.drawPolygon(
+        Corners{{6, 1}, {10, 1}, {10, 5.5}, {13.5, 5.5}, {8, 11}, {2.5, 5.5}, {6, 5.5}});
+    painter.setPen(QPen(colours.line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(Corners{{1.5, 11}, {1.5, 14.5}, {14.5, 14.5}, {14.5, 11}});
+}
+
+/// A stop sign.
+void DrawStop(QPainter& painter) {
+    painter.drawPolygon(
+        Corners{{5, 1}, {11, 1}, {15, 5}, {15, 11}, {11, 15}, {5, 15}, {1, 11}, {1, 5}});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawRect(QRectF(5, 5, 6, 6));
+}
+
+/// A funnel that keeps something out.
+void DrawFilters(QPainter& painter, const QColor& refusal) {
+    painter.drawPolygon(Corners{{1, 1.5}, {14, 1.5}, {9, 7.5}, {9, 12}, {6, 14.5}, {6, 7.5}});
+    painter.setPen(QPen(refusal, 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(11, 10.5), QPointF(15, 14.5));
+    painter.drawLine(QPointF(15, 10.5), QPointF(11, 14.5));
+}
+
+/// An open folder.
+void DrawExplore(QPainter& painter, const Colours& colours) {
+    painter.setBrush(colours.line);
+    painter.drawPolygon(Corners{{1, 2.5}, {5.5, 2.5}, {7, 4.5}, {13, 4.5}, {13, 13.5}, {1, 13.5}});
+    painter.setBrush(colours.fill);
+    painter.drawPolygon(Corners{{1, 13.5}, {3.5, 7}, {15.5, 7}, {13, 13.5}});
+}
+
+void Draw(QPainter& painter, Picture picture, const Colours& colours, const QColor& refusal) {
+    SetColours(painter, colours);
     switch (picture) {
         case Picture::Start:
-            return dark ? QColor(0x5c, 0xc8, 0x6e) : QColor(0x2e, 0x9e, 0x44);
+            return DrawStart(painter, colours);
         case Picture::Stop:
-            return dark ? QColor(0xf0, 0x70, 0x66) : QColor(0xd0, 0x3a, 0x30);
+            return DrawStop(painter);
         case Picture::Filters:
-            return dark ? QColor(0x6a, 0xa8, 0xf0) : QColor(0x2f, 0x72, 0xc4);
+            return DrawFilters(painter, refusal);
         case Picture::Explore:
-            return dark ? QColor(0xf0, 0xc2, 0x5a) : QColor(0xe0, 0xa4, 0x20);
+            return DrawExplore(painter, colours);
     }
-    return {};
 }
 
 class DrawnIcon : public QIconEngine {
@@ -67,20 +108,18 @@ class DrawnIcon : public QIconEngine {
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const QPalette palette = QApplication::palette();
         const bool dark = palette.color(QPalette::Window).lightness() < 128;
-        QColor colour = Fill(picture_, dark);
+        Colours colours = ColoursOf(FillOf(picture_), dark);
+        QColor refusal = ColoursOf(FillOf(Picture::Stop), dark).fill;
         if (mode == QIcon::Disabled) {
-            colour = palette.color(QPalette::Disabled, QPalette::ButtonText);
-            colour.setAlphaF(0.45F);
+            const int grey = palette.color(QPalette::Disabled, QPalette::ButtonText).lightness();
+            colours.fill = colours.line = refusal = QColor(grey, grey, grey, 130);
         }
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         const double scale = std::min(rect.width(), rect.height()) / kSide;
-        painter->translate(rect.center() + QPointF(0.5, 0.5) - QPointF(8, 8) * scale);
+        painter->translate(QRectF(rect).center() - QPointF(kSide, kSide) / 2 * scale);
         painter->scale(scale, scale);
-        painter->setPen(QPen(dark ? colour.lighter(115) : colour.darker(125), 1, Qt::SolidLine,
-                             Qt::RoundCap, Qt::RoundJoin));
-        painter->setBrush(colour);
-        painter->drawPath(Shape(picture_));
+        Draw(*painter, picture_, colours, refusal);
         painter->restore();
     }
 

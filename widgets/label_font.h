@@ -5,7 +5,10 @@
 namespace ui {
 
 /// The face of all labels: Verdana, or where it is missing the face with its metrics. Sized in
-/// pixels, so that it keeps its proportion to lengths given in twips on every screen.
+/// twips, so that it keeps its proportion to the forms.
 QFont LabelFont();
+
+/// The face of hints below a box.
+QFont SmallLabelFont();
 
 }  // namespace ui

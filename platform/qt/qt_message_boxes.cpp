@@ -1,8 +1,10 @@
 #include "platform/qt/qt_message_boxes.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QInputDialog>
 #include <QLabel>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -16,6 +18,32 @@ QString LinesOf(const std::string& message) {
     return FromBytes(message).replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
+/// What a box stands over: the dialog that is open, else the active window, else the main window.
+/// While another program has the keyboard no window of ours is active, and a box of nobody's would
+/// come up in front of that program.
+QWidget* Owner() {
+    if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
+    if (QWidget* window = QApplication::activeWindow()) return window;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
+    }
+    return nullptr;
+}
+
+/// Waits until the program is in front, asking for attention meanwhile: a box would take the
+/// keyboard from another program, and the next key typed there would answer it.
+void AwaitFront() {
+    QWidget* const owner = Owner();
+    if (owner == nullptr || QGuiApplication::applicationState() == Qt::ApplicationActive) return;
+    QApplication::alert(owner);
+    QEventLoop in_front;
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &in_front,
+                     [&in_front](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive) in_front.quit();
+                     });
+    in_front.exec();
+}
+
 }  // namespace
 
 BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
@@ -23,8 +51,9 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
     const bool asks = style == BoxStyle::InformationYesNo || style == BoxStyle::StopYesNo;
     const bool stops = style == BoxStyle::Stop || style == BoxStyle::StopYesNo;
 
+    AwaitFront();
     // On the heap and watched, since the window above it may be unloaded while it is open.
-    const QPointer<QMessageBox> box(new QMessageBox(QApplication::activeWindow()));
+    const QPointer<QMessageBox> box(new QMessageBox(Owner()));
     box->setIcon(stops ? QMessageBox::Critical : QMessageBox::Information);
     box->setWindowTitle(FromBytes(title));
     box->setTextFormat(Qt::PlainText);
@@ -42,7 +71,7 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
 }
 
 std::string QtMessageBoxes::InputBox(const std::string& prompt, const std::string& title) {
-    const QPointer<QInputDialog> box(new QInputDialog(QApplication::activeWindow()));
+    const QPointer<QInputDialog> box(new QInputDialog(Owner()));
     box->setWindowTitle(FromBytes(title));
     box->setLabelText(LinesOf(prompt));
     for (QLabel* label : box->findChildren<QLabel*>())

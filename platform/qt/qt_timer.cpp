@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/qt/socket_watch.h"
+
 namespace platform {
 
 QtTimer::QtTimer() {
     timer_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Tick(); });
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Due(); });
+    next_turn_.setSingleShot(true);
+    QObject::connect(&next_turn_, &QTimer::timeout, &next_turn_, [this] { FireAfterArrivals(); });
 }
 
 bool QtTimer::SetInterval(std::int64_t milliseconds) {
@@ -24,18 +28,35 @@ void QtTimer::SetEnabled(bool enabled) {
 
 void QtTimer::Restart() {
     timer_.stop();
+    next_turn_.stop();
     if (!enabled_ || interval_ == 0) return;
     // Qt counts 24 days at most; a longer interval would fire no sooner than it must.
     constexpr std::int64_t kLongest = std::numeric_limits<int>::max();
     timer_.start(static_cast<int>(std::min(interval_, kLongest)));
 }
 
-void QtTimer::Tick() {
-    if (*in_handler_ || !on_timer) return;
+void QtTimer::Due() {
+    if (*in_handler_ || next_turn_.isActive()) return;
+    due_since_ = SocketWatch::Now();
+    FireAfterArrivals();
+}
+
+/// A handler that took long may have let bytes pile up, and Qt lets timers fire before it looks at
+/// the sockets again. Each socket goes first once; on a busy network the timer would else wait for
+/// ever.
+void QtTimer::FireAfterArrivals() {
+    if (SocketWatch::AnyWaitsSince(due_since_)) {
+        next_turn_.start(0);
+    } else {
+        Fire();
+    }
+}
+
+void QtTimer::Fire() {
     const auto in_handler = in_handler_;  // the handler may destroy the timer
     const auto handler = on_timer;
     *in_handler = true;
-    handler();
+    if (handler) handler();
     *in_handler = false;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTimer>
+#include <cstdint>
 #include <memory>
 
 #include "platform/timer.h"
@@ -19,12 +20,16 @@ class QtTimer final : public Timer {
 
   private:
     void Restart();
-    void Tick();
+    void Due();
+    void FireAfterArrivals();
+    void Fire();
 
     std::int64_t interval_ = 0;
     bool enabled_ = false;
+    std::uint64_t due_since_ = 0;  // a SocketWatch::Moment
     std::shared_ptr<bool> in_handler_ = std::make_shared<bool>(false);
     QTimer timer_;
+    QTimer next_turn_;  // runs while this timer is due and sockets go before it
 };
 
 }  // namespace platform

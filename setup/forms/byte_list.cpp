@@ -55,7 +55,28 @@ void ByteList::keyPressEvent(QKeyEvent* event) {
         emit DeletePressed();
         return;
     }
+    const bool steps = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    // The first step only selects the row that has the focus already.
+    if (steps && selectedItems().empty()) {
+        SelectCurrent();
+        return;
+    }
     QListWidget::keyPressEvent(event);
+    // A key that leads to the row that has the focus already moves nothing, and Qt selects nothing.
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) SelectCurrent();
+}
+
+void ByteList::focusInEvent(QFocusEvent* event) {
+    QListWidget::focusInEvent(event);
+    // Whoever comes by keyboard sees where in the list they are.
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+        event->reason() == Qt::ShortcutFocusReason) {
+        SelectCurrent();
+    }
+}
+
+void ByteList::SelectCurrent() {
+    if (selectedItems().empty() && count() > 0) setCurrentRow(std::max(0, currentRow()));
 }
 
 std::string ByteList::TextOf(const QListWidgetItem& item) const {

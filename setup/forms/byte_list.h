@@ -32,8 +32,11 @@ class ByteList : public QListWidget {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
   private:
+    /// Selects the row that has the focus, the first one if none has, unless one is selected.
+    void SelectCurrent();
     std::string TextOf(const QListWidgetItem& item) const;
 };
 

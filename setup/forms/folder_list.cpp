@@ -11,6 +11,7 @@
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
@@ -70,7 +71,7 @@ FolderList::FolderList(const char* name, QWidget* parent) : QTreeWidget(parent) 
     setItemsExpandable(false);
     setExpandsOnDoubleClick(false);
     setUniformRowHeights(true);
-    setIndentation(16);
+    setIndentation(Twips(240));
     setTextElideMode(Qt::ElideMiddle);
     connect(this, &QTreeWidget::itemDoubleClicked, this, &FolderList::OpenItem);
 }

@@ -1,6 +1,5 @@
 #include "setup/forms/frm_new.h"
 
-#include <QComboBox>
 #include <QFrame>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,16 +10,16 @@
 #include "engine/main_window.h"
 #include "engine/site_start.h"
 #include "engine/state/crawl_state.h"
-#include "extractor/addresses.h"
-#include "output/paths.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
+#include "setup/forms/address_hint.h"
 #include "setup/forms/byte_list.h"
 #include "setup/forms/z_dir.h"
 #include "setup/forms/z_filter.h"
 #include "setup/settings.h"
 #include "text/numbers.h"
 #include "text/text.h"
+#include "widgets/choice_box.h"
 #include "widgets/elided_label.h"
 #include "widgets/twips.h"
 
@@ -28,10 +27,18 @@ namespace ui {
 
 namespace {
 
-constexpr int kCollapsedWidth = Twips(6855);
-constexpr int kExpandedWidth = Twips(9720);
+int CollapsedWidth() {
+    return Twips(6855);
+}
+
+int ExpandedWidth() {
+    return Twips(9720);
+}
+
 /// Half of the difference of the widths, so that the form grows about its centre.
-constexpr int kSideStep = (Twips(2865) + 1) / 2;
+int SideStep() {
+    return (Twips(2865) + 1) / 2;
+}
 
 }  // namespace
 
@@ -73,7 +80,7 @@ void frmNew::Form_Load() {
     SetTxtDir(bas_General::StoredFolder());
     list2_->addItems({"5", "10", "20", "30", "45"});
     list2_->setEditText(platform::FromBytes(bas_General::ReadSetting("Timeout", "15")));
-    setFixedWidth(kCollapsedWidth);
+    setFixedWidth(CollapsedWidth());
     frame1_->hide();
 }
 
@@ -97,7 +104,9 @@ void frmNew::ApplyTimeout(const std::string& seconds) {
 }
 
 void frmNew::txtURL_Change() {
-    bas_General::PutSetting("LastURL", platform::ToBytes(txt_url_->text()));
+    const std::string address = platform::ToBytes(txt_url_->text());
+    bas_General::PutSetting("LastURL", address);
+    address_hint_->setText(platform::FromBytes(AddressHint(address)));
 }
 
 void frmNew::txtDir_Change() {
@@ -131,16 +140,13 @@ void frmNew::ShowSystemFolder() {
     }
 }
 
-void frmNew::SetToInDIR() {
-    SetTxtDir(bas_Output::CleanLinkName(TxtDir()));
-    SetTxtDir(text::ReplaceAll(TxtDir(), "/", "\\"));
-    if (bas_Extractor::LastChar(TxtDir()) != "\\") SetTxtDir(TxtDir() + "\\");
-    bas_General::SetTargetFolder(TxtDir());
+bool frmNew::SetToInDIR() {
+    SetTxtDir(bas_General::NormalizeFolder(TxtDir()));
+    return bas_General::PrepareTargetFolder(TxtDir());
 }
 
 void frmNew::Command1_Click() {
-    SetToInDIR();
-    if (!bas_General::TargetFolderAccepted()) return;
+    if (!SetToInDIR()) return;
     SaveFileTypes();
     engine::Window().SetText1(platform::ToBytes(txt_url_->text()));
     bas_Connections::ConnectNowNow();
@@ -148,16 +154,15 @@ void frmNew::Command1_Click() {
 }
 
 void frmNew::Command2_Click() {
-    SetToInDIR();
-    if (!bas_General::TargetFolderAccepted()) return;
+    if (!SetToInDIR()) return;
     SaveFileTypes();
     accept();
 }
 
 void frmNew::Command6_Click() {
-    const bool expand = width() == kCollapsedWidth;
-    setFixedWidth(expand ? kExpandedWidth : kCollapsedWidth);
-    move(x() + (expand ? -kSideStep : kSideStep), y());
+    const bool expand = width() == CollapsedWidth();
+    setFixedWidth(expand ? ExpandedWidth() : CollapsedWidth());
+    move(x() + (expand ? -SideStep() : SideStep()), y());
     command6_->setText(expand ? "Options <<" : "Options >>");
     // Out of sight it must be out of the tab order, too.
     frame1_->setVisible(expand);

@@ -3,7 +3,6 @@
 #include <QDialog>
 #include <string>
 
-class QComboBox;
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -12,6 +11,7 @@ class QPushButton;
 namespace ui {
 
 class ByteList;
+class ChoiceBox;
 class ElidedLabel;
 
 /// The New Site Wizard: which site to download into which folder, the timeout and the file types.
@@ -29,6 +29,9 @@ class frmNew : public QDialog {
     // frm_new_controls.cpp
     void MakeControls();
     void MakeMainArea();
+    void MakeAddressBoxes();
+    void MakeButtons();
+    ElidedLabel* MakeHint(const char* name);
     void MakeOptionsArea();
     void ConnectHandlers();
 
@@ -42,8 +45,9 @@ class frmNew : public QDialog {
     void Command7_Click();  ///< the picture button
     void Command8_Click();  ///< Filters
 
-    /// Normalises the folder box and makes its folder the target folder.
-    void SetToInDIR();
+    /// Normalises the folder box and makes its folder the target folder; false when it cannot be
+    /// written into.
+    bool SetToInDIR();
     void ShowSystemFolder();
     std::string TxtDir() const;
     void SetTxtDir(const std::string& folder);
@@ -52,6 +56,7 @@ class frmNew : public QDialog {
     // frm_new_file_types.cpp
     void LoadFileTypesList();
     void SaveFileTypes();
+    void ListDefaultTypes();
     void MakeFileTypesFile();
     void Command3_Click();  ///< Add
     void Command4_Click();  ///< Delete
@@ -60,6 +65,7 @@ class frmNew : public QDialog {
     bool unloaded_ = false;
     QLineEdit* txt_url_;
     QLineEdit* txt_dir_;
+    ElidedLabel* address_hint_;   ///< what the address will make the crawl ask for
     ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
     QPushButton* command1_;
     QPushButton* command2_;
@@ -71,7 +77,7 @@ class frmNew : public QDialog {
     QPushButton* command3_;
     QPushButton* command4_;
     QPushButton* command5_;
-    QComboBox* list2_;
+    ChoiceBox* list2_;
 };
 
 }  // namespace ui

@@ -1,17 +1,14 @@
-#include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QVBoxLayout>
 
 #include "setup/forms/byte_list.h"
 #include "setup/forms/decoration.h"
 #include "setup/forms/frm_new.h"
-#include "widgets/controls.h"
-
 #include "setup/forms/wrapping_button.h"
 #include "widgets/address_box.h"
+#include "widgets/choice_box.h"
+#include "widgets/controls.h"
 #include "widgets/elided_label.h"
 #include "widgets/icons.h"
 #include "widgets/label_font.h"
@@ -46,45 +43,52 @@ void frmNew::MakeControls() {
 }
 
 void frmNew::MakeMainArea() {
-    txt_url_ = new AddressBox(this);
-    txt_url_->setObjectName("txtURL");
-    txt_url_->setText("http://");
-    txt_dir_ = new AddressBox(this);
-    txt_dir_->setObjectName("txtDir");
-    txt_dir_->setText("C:\\websites\\");
-    system_folder_ = new ElidedLabel(this);
-    system_folder_->setObjectName("SystemFolder");
-    QFont small = font();
-    small.setPixelSize(small.pixelSize() * 5 / 6);
-    system_folder_->setFont(small);
-    QLabel* label1 = MakeCaption("Label1", "Website to Download", this);
-    label1->setBuddy(txt_url_);
-    QLabel* label4 = MakeCaption("Label4", "Save to this Directory", this);
-    label4->setBuddy(txt_dir_);
-    QLabel* label8 = MakeCaption("Label8",
-                                 "If you have previously downloaded this website, make sure the "
-                                 "directory is different to last time, or the website may not be "
-                                 "downloaded correctly.",
-                                 this);
+    MakeAddressBoxes();
+    MakeButtons();
+    QLabel* label8 = MakeParagraph("Label8",
+                                   "If you have previously downloaded this website, make sure the "
+                                   "directory is different to last time, or the website may not be "
+                                   "downloaded correctly.",
+                                   this);
     label8->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    PlaceTwips(label8, 600, 3240, 4050, 1335);
+}
 
+void frmNew::MakeAddressBoxes() {
+    txt_url_ = new AddressBox("txtURL", this);
+    txt_url_->setText("http://");
+    txt_dir_ = new AddressBox("txtDir", this);
+    txt_dir_->setText("C:\\websites\\");
+    address_hint_ = MakeHint("AddressHint");
+    system_folder_ = MakeHint("SystemFolder");
+    QLabel* label1 = MakeLabel("Label1", "Website to Download", this);
+    label1->setBuddy(txt_url_);
+    QLabel* label4 = MakeLabel("Label4", "Save to this Directory", this);
+    label4->setBuddy(txt_dir_);
+
+    PlaceTwips(label1, 600, 1380, 4500, 270);
+    PlaceTwips(txt_url_, 600, 1680, 5775, 345);
+    PlaceTwips(address_hint_, 600, 2025, 5775, 225);
+    PlaceTwips(label4, 600, 2265, 4500, 240);
+    PlaceTwips(txt_dir_, 1200, 2520, 5175, 345);
+    PlaceTwips(system_folder_, 1200, 2865, 5175, 225);
+}
+
+ElidedLabel* frmNew::MakeHint(const char* name) {
+    auto* hint = new ElidedLabel(name, "", this);
+    hint->setFont(SmallLabelFont());
+    hint->SetQuiet(true);
+    return hint;
+}
+
+void frmNew::MakeButtons() {
     command1_ = new WrappingButton("Command1", "Download Website Now!", this);
     command1_->setDefault(true);
     command2_ = MakeFormButton("Command2", "Close", this);
     command6_ = MakeFormButton("Command6", "Options >>", this);
+    command7_ = MakeIconButton("Command7", Picture::Explore, "Browse for the directory", this);
     command8_ = MakeFormButton("Command8", "Filters", this);
-    command7_ = MakeFormButton("Command7", "", this);
-    command7_->setIcon(ButtonIcon(Picture::Explore));
-    command7_->setIconSize(QSize(Twips(300), Twips(300)));
-    command7_->setToolTip("Browse for the directory");
-    command7_->setAccessibleName("Browse for the directory");
 
-    PlaceTwips(label1, 600, 1380, 4500, 270);
-    PlaceTwips(txt_url_, 600, 1680, 5775, 345);
-    PlaceTwips(label4, 600, 2220, 4500, 270);
-    PlaceTwips(txt_dir_, 1200, 2520, 5175, 345);
-    PlaceTwips(system_folder_, 1200, 2880, 5175, 240);
-    PlaceTwips(label8, 600, 3240, 4050, 1335);
     PlaceTwips(command1_, 4800, 3600, 1695, 975);
     PlaceTwips(command2_, 5160, 120, 1455, 375);
     PlaceTwips(command6_, 5160, 600, 1455, 375);
@@ -103,17 +107,14 @@ void frmNew::MakeOptionsArea() {
     command3_ = MakeFormButton("Command3", "Add", frame1_);
     command4_ = MakeFormButton("Command4", "Delete", frame1_);
     command5_ = MakeFormButton("Command5", "Set Default", frame1_);
-    list2_ = new QComboBox(frame1_);
-    list2_->setObjectName("List2");
+    list2_ = new ChoiceBox("List2", frame1_);
     list2_->setAccessibleName("Timeout in seconds");
-    list2_->setEditable(true);
-    list2_->setInsertPolicy(QComboBox::NoInsert);
-    list2_->setCompleter(nullptr);  // would turn a typed 1 into 10
-    QLabel* label3 = MakeCaption("Label3", "Get These File Types", frame1_);
+    list2_->LetType();
+    QLabel* label3 = MakeLabel("Label3", "Get These File Types", frame1_);
     label3->setBuddy(list1_);
-    QLabel* label5 = MakeCaption("Label5", "Timeout", frame1_);
+    QLabel* label5 = MakeLabel("Label5", "Timeout", frame1_);
     label5->setBuddy(list2_);
-    QLabel* label6 = MakeCaption("Label6", "Seconds", frame1_);
+    QLabel* label6 = MakeLabel("Label6", "Seconds", frame1_);
 
     auto* grid = new QGridLayout(frame1_);
     grid->setContentsMargins(Twips(90), Twips(90), Twips(90), Twips(90));
@@ -123,12 +124,10 @@ void frmNew::MakeOptionsArea() {
     grid->addWidget(command3_, 2, 0);
     grid->addWidget(command4_, 2, 1);
     grid->addWidget(command5_, 3, 0, 1, 2);
-    auto* timeout = new QHBoxLayout;
-    timeout->setSpacing(Twips(60));
-    timeout->addWidget(label5);
-    timeout->addWidget(list2_, 1);
-    timeout->addWidget(label6);
-    grid->addLayout(timeout, 4, 0, 1, 2);
+    // Room for "12 sec" and the like: two columns of this width, and the caption above.
+    grid->addWidget(label5, 4, 0, 1, 2);
+    grid->addWidget(list2_, 5, 0);
+    grid->addWidget(label6, 5, 1);
 }
 
 }  // namespace ui

@@ -16,8 +16,7 @@ constexpr std::size_t kLongestType = 5;
 }  // namespace
 
 void frmNew::LoadFileTypesList() {
-    bas_General::MakeFileTypesFolder();
-    if (!bas_General::FileTypesFileExists()) MakeFileTypesFile();
+    if (bas_General::MakeFirstFileTypesFile()) ListDefaultTypes();
     // On a first run this shows the defaults, in the list already, a second time.
     for (const std::string& type : bas_General::ReadFileTypes())
         list1_->AddItem(type);
@@ -27,10 +26,14 @@ void frmNew::SaveFileTypes() {
     bas_General::WriteFileTypes(list1_->Items());
 }
 
-void frmNew::MakeFileTypesFile() {
+void frmNew::ListDefaultTypes() {
     list1_->clear();
     for (const std::string& type : bas_General::DefaultFileTypes())
         list1_->AddItem(type);
+}
+
+void frmNew::MakeFileTypesFile() {
+    ListDefaultTypes();
     SaveFileTypes();
 }
 

@@ -3,11 +3,14 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include "widgets/twips.h"
+
 namespace ui {
 
 namespace {
 constexpr int kCaptionFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
-}
+constexpr int kSideMargin = 75;
+}  // namespace
 
 WrappingButton::WrappingButton(const char* name, const QString& caption, QWidget* parent)
     : QPushButton(caption, parent) {
@@ -22,6 +25,7 @@ void WrappingButton::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_PushButton, option);
 
     QRect area = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    area.adjust(Twips(kSideMargin), 0, -Twips(kSideMargin), 0);
     if (isDown()) {
         area.translate(style()->pixelMetric(QStyle::PM_ButtonShiftHorizontal, &option, this),
                        style()->pixelMetric(QStyle::PM_ButtonShiftVertical, &option, this));

@@ -4,11 +4,11 @@
 #include <functional>
 #include <string>
 
-class QComboBox;
 class QPushButton;
 
 namespace ui {
 
+class ChoiceBox;
 class ElidedLabel;
 class FolderList;
 
@@ -26,19 +26,23 @@ class zDir : public QDialog {
 
   private:
     void MakeControls();
+    void PlaceControls();
     void Form_Load();
     void Drive1_Change();
     void Dir1_Change();
     void Command1_Click();
+    /// Asks for a name, makes a folder of it in the open one, and opens that.
+    void MakeNewFolder();
     void SetLabel1(const std::string& caption);
 
     SetFolder set_folder_;
     std::string label1_caption_;
-    QComboBox* drive1_;
+    ChoiceBox* drive1_;
     FolderList* dir1_;
     ElidedLabel* label1_;
     QPushButton* command1_;
     QPushButton* command2_;
+    QPushButton* new_folder_;
 };
 
 }  // namespace ui

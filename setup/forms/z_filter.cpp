@@ -27,6 +27,7 @@ QPointer<zFilter> g_open_dialog;
 zFilter::zFilter(QWidget* parent) : QDialog(parent) {
     setAttribute(Qt::WA_DeleteOnClose);
     MakeControls();
+    MakeTexts();
     PlaceControls();
     connect(command1_, &QPushButton::clicked, this, &zFilter::Command1_Click);
     connect(command2_, &QPushButton::clicked, this, &zFilter::Command2_Click);
@@ -71,23 +72,26 @@ void zFilter::MakeControls() {
     command4_ = MakeFormButton("Command4", "Close", this);
 }
 
-void zFilter::PlaceControls() {
-    QLabel* label2 = MakeCaption("Label2", "Keyword Filters", this);
+void zFilter::MakeTexts() {
+    label2_ = MakeLabel("Label2", "Keyword Filters", this);
     QFont heading = font();
     heading.setBold(true);
     heading.setPixelSize(heading.pixelSize() * 4 / 3);
-    label2->setFont(heading);
-    QLabel* label1 = MakeCaption(
+    label2_->setFont(heading);
+    label1_ = MakeParagraph(
         "Label1",
         "Whenever a URL is added to the list to be downloaded, it will be compared with the "
         "keywords in this list. If any of the keyword text exists anywhere in the URL, it will be "
         "removed from the download list.",
         this);
-    QLabel* label3 = MakeCaption("Label3", "Add Keyword", this);
-    QLabel* label4 = MakeCaption("Label4",
-                                 "Note: Use longer filter keywords where possible to avoid "
-                                 "filtering out wanted files.",
-                                 this);
+    label3_ = MakeLabel("Label3", "Add Keyword", this);
+    label4_ = MakeParagraph("Label4",
+                            "Note: Use longer filter keywords where possible to avoid "
+                            "filtering out wanted files.",
+                            this);
+}
+
+void zFilter::PlaceControls() {
     auto* image1 = new Decoration("Image1", Decoration::Subject::Funnel, this);
     image1->setFixedSize(Twips(600), Twips(600));
 
@@ -99,14 +103,14 @@ void zFilter::PlaceControls() {
 
     auto* grid = new QGridLayout(this);
     grid->addWidget(image1, 0, 0);
-    grid->addWidget(label2, 0, 1, 1, 2);
-    grid->addWidget(label1, 1, 0, 1, 3);
-    grid->addWidget(label3, 2, 0, 1, 3);
+    grid->addWidget(label2_, 0, 1, 1, 2);
+    grid->addWidget(label1_, 1, 0, 1, 3);
+    grid->addWidget(label3_, 2, 0, 1, 3);
     grid->addWidget(text1_, 3, 0, 1, 2);
     grid->addWidget(command1_, 3, 2);
     grid->addWidget(list1_, 4, 0, 1, 2);
     grid->addLayout(list_buttons, 4, 2);
-    grid->addWidget(label4, 5, 0, 1, 3);
+    grid->addWidget(label4_, 5, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(4, 1);
     resize(Twips(6000), Twips(6600));

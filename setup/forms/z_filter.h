@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <string>
 
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -27,6 +28,7 @@ class zFilter : public QDialog {
 
   private:
     void MakeControls();
+    void MakeTexts();
     void PlaceControls();
     void Form_Load();
     void Form_Unload();
@@ -41,6 +43,10 @@ class zFilter : public QDialog {
     QPushButton* command2_;
     QPushButton* command3_;
     QPushButton* command4_;
+    QLabel* label1_;
+    QLabel* label2_;
+    QLabel* label3_;
+    QLabel* label4_;
 };
 
 }  // namespace ui

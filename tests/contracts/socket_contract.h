@@ -19,6 +19,8 @@
 ///   PeerSends(), PeerCloses(), PeerResets(), PeerReads(n)
 ///   RunUntil(condition)  lets events run until it holds; false when it never does
 ///   Settle()             lets everything arrive that is on its way
+///   Block(ms)            lets time pass without events, like a handler that takes long
+///   NewTimer()           a timer on the same loop, as a unique_ptr
 namespace contracts {
 
 using platform::SocketState;
@@ -56,6 +58,7 @@ class SocketContract : public testing::Test {
     bool Receives(const std::string& all) {
         return bench_.RunUntil([&] { return received == all; });
     }
+    int Events() const { return connects + static_cast<int>(states.size()); }
     auto EventsInClosing() const {
         return std::count(states.begin(), states.end(), SocketState::Closing);
     }
@@ -187,10 +190,58 @@ TYPED_TEST_P(SocketContract, ItMayBeDestroyedInItsOwnHandler) {
     EXPECT_TRUE(bench.RunUntil([&] { return !bench.socket; }));
 }
 
+TYPED_TEST_P(SocketContract, WhatHasArrivedGoesBeforeATimerThatIsDue) {
+    auto& bench = this->bench_;
+    const std::function<void()> arrivals[] = {
+        [&] { bench.PeerSends("more"); },
+        [&] { bench.PeerCloses(); },
+        [&] {
+            bench.Connect();
+            bench.Accept();
+        },
+    };
+    for (const auto& arrive : arrivals) {
+        const auto timer = bench.NewTimer();
+        timer->SetInterval(20);
+        int at_timer = 0;  // so many events had come
+        timer->on_timer = [&] { at_timer = this->Events(); };
+        int at_block = 0;
+        this->in_data = [&] {
+            if (at_block > 0) return;
+            at_block = this->Events();
+            timer->SetEnabled(true);
+            arrive();
+            bench.Block(100);
+        };
+        this->ConnectAndAccept();
+        bench.PeerSends("x");
+        EXPECT_TRUE(bench.RunUntil([&] { return at_timer > 0; }));
+        EXPECT_GT(at_timer, at_block);
+    }
+}
+
+TYPED_TEST_P(SocketContract, WhatGoesBeforeATimerMayStopIt) {
+    auto& bench = this->bench_;
+    const auto timer = bench.NewTimer();
+    timer->SetInterval(20);
+    timer->on_timer = [] { ADD_FAILURE() << "the peer was not silent"; };
+    this->in_data = [&] {
+        const bool first = this->states.size() == 1;
+        timer->SetEnabled(first);
+        if (!first) return;
+        bench.PeerSends("more");
+        bench.Block(100);
+    };
+    this->ConnectAndAccept();
+    bench.PeerSends("some ");
+    EXPECT_TRUE(this->Receives("some more"));
+    bench.Settle();
+}
+
 REGISTER_TYPED_TEST_SUITE_P(SocketContract, AnAnswerEndsWithExactlyOneEventInClosing,
                             NothingIsRaisedForAPeerThatSendsNothing, AResetIsNoClose,
                             WhatComesDuringAHandlerIsNoticedAfterIt, NothingComesAfterClose,
-                            ANewConnectionLivesInsideTheOldHandler,
-                            ItMayBeDestroyedInItsOwnHandler);
+                            ANewConnectionLivesInsideTheOldHandler, ItMayBeDestroyedInItsOwnHandler,
+                            WhatHasArrivedGoesBeforeATimerThatIsDue, WhatGoesBeforeATimerMayStopIt);
 
 }  // namespace contracts

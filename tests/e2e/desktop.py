@@ -18,7 +18,7 @@ printf '%s\\n' "$#" "$@" >> "$HOME/opened"
 class Desktop:
     """Shows nowhere, and notes what it is asked to open."""
 
-    def __init__(self, home):
+    def __init__(self, home, screen=(1280, 1024)):
         (home / "bin").mkdir(parents=True)
         opener = home / "bin/xdg-open"
         opener.write_text(OPENER)
@@ -29,7 +29,7 @@ class Desktop:
         display = f":{random.randrange(100, 50000)}"
         self.server = subprocess.Popen(["Xvfb", display, "-displayfd", "1", "-nolock", "-noreset",
                                         "-nolisten", "unix", "-nolisten", "tcp", "-screen", "0",
-                                        "1280x1024x24"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                                        f"{screen[0]}x{screen[1]}x24"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         with self.server.stdout as ready:
             ready.readline()
         self.environment = environment(home, DISPLAY=display)

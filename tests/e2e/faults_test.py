@@ -1,8 +1,11 @@
 """Servers, pages, disks and list files at their worst: the crawl goes on, and ends."""
 
+import functools
 import hashlib
 import os
+import random
 import shutil
+import signal
 import socket
 import struct
 import subprocess
@@ -10,7 +13,7 @@ import time
 import unittest
 
 import private_network
-from program import Crawl, copy_program, read, tree
+from program import Crawl, copy_program, read, tree, wait_until
 from site_model import SiteModel
 from web import NOT_FOUND, ScriptedServer, page
 
@@ -29,8 +32,8 @@ class FaultTest(unittest.TestCase):
         self.program = copy_program(self.folder / "program")
         (self.folder / "home").mkdir()
 
-    def start(self, *words, folder=None):
-        return Crawl(self.program, START, folder or self.mirror, *words)
+    def start(self, *words, folder=None, **more):
+        return Crawl(self.program, START, folder or self.mirror, *words, **more)
 
     def crawl(self, answers, *words, seconds=90, folder=None):
         """Crawls what `answers` serves to the end, which must be a good one."""
@@ -38,6 +41,9 @@ class FaultTest(unittest.TestCase):
             crawl = self.start(*words, folder=folder)
             self.assertEqual(crawl.wait(seconds), 0, crawl.output())
         return server
+
+    def placeholders(self):
+        return [path for path in tree(self.mirror) if path.endswith(b".tmp")]
 
     def saved(self):
         return {path: data for path, data in tree(self.mirror).items() if path.startswith(b"example.test/")}
@@ -264,7 +270,7 @@ class TargetFolder(FaultTest):
 
 class ListFiles(FaultTest):
     def test_damaged_lists_do_no_harm(self):
-        damaged = {"random": os.urandom(100_000), "one line": b"x" * 1_000_000, "nul": bytes(1000),
+        damaged = {"random": random.Random(1).randbytes(100_000), "one line": b"x" * 1_000_000, "nul": bytes(1000),
                    "many lines": b".html\r\n" * 100_000, "no lines": b""}
         (self.program.parent / "temp").mkdir()
         answers = {b"/": page(links_to(b"a.html"))}
@@ -272,14 +278,86 @@ class ListFiles(FaultTest):
             with self.subTest(damage=what):
                 (self.program.parent / "temp/filetypes.txt").write_bytes(data)
                 (self.program.parent / "filters.txt").write_bytes(data if what != "many lines" else b"zz\n" * 101)
-                self.crawl(answers, folder=self.folder / what)
-                self.assertTrue((self.folder / what / "example.test/index.html").is_file())
+                if what == "many lines":
+                    self.crawl(answers)
+                    self.assertIn(HOME, self.saved())
+                else:
+                    self.assert_no_type_known()
 
-    def test_a_folder_in_place_of_each_list(self):
+    def test_a_list_that_can_neither_be_read_nor_made(self):
         (self.program.parent / "temp/filetypes.txt").mkdir(parents=True)
         (self.program.parent / "filters.txt").mkdir()
-        self.crawl({b"/": page(links_to(b"a.html"))})
-        self.assertEqual(list(self.saved()), [HOME])
+        self.assert_no_type_known()
+        self.program = copy_program(self.folder / "bin")  # keeps its lists in the home folder
+        home = self.folder / "home"
+        subprocess.run(["mount", "--bind", "-o", "ro", home, home], check=True)
+        self.assertIn(f"{home}/.local/share/Vantorin/temp/filetypes.txt", self.assert_no_type_known())
+
+    def assert_no_type_known(self):
+        crawl = self.start()
+        self.assertEqual(crawl.wait(20), 1)
+        self.assertIn("No file type to download is known.", crawl.output())
+        return crawl.output()
+
+
+def slow(connection, _):
+    time.sleep(0.2)  # so that the crawl lasts for some lines of progress
+    connection.sendall(page(b"slow"))
+
+
+class Surroundings(FaultTest):
+    """What the system does to a run that nobody watches."""
+
+    names = [b"slow%d.html" % i for i in range(30)]
+    site = {b"/": page(links_to(*names))} | {b"/" + name: slow for name in names}
+
+    def setUp(self):
+        super().setUp()
+        self.enterContext(ScriptedServer(self.site))
+
+    def test_a_reader_that_goes_away(self):
+        with subprocess.Popen(["head", "-n", "1"], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL) as reader:
+            crawl = self.start("--connections", 1, output=reader.stdin)
+            self.assertEqual(crawl.wait(20), 141)
+        self.assertEqual(self.placeholders(), [])
+
+    def test_a_reader_that_does_not_read(self):
+        reader, writer = os.pipe()
+        os.set_blocking(writer, False)
+        with self.assertRaises(BlockingIOError):
+            while True:
+                os.write(writer, bytes(65536))
+        os.set_blocking(writer, True)
+        self.assert_downloads(output=writer)
+        os.close(reader)
+        os.close(writer)
+
+    def test_a_display_that_is_not_there(self):
+        self.assert_downloads(DISPLAY=":77", QT_QPA_PLATFORM="xcb", QT_QPA_PLATFORMTHEME="gtk3")
+
+    def test_no_standard_streams(self):
+        crawl = self.start(before=lambda: os.closerange(0, 3))
+        wait_until(self.placeholders, what="a placeholder")
+        streams = {os.readlink(f"/proc/{crawl.process.pid}/fd/{number}") for number in range(3)}
+        self.assertEqual(streams, {os.devnull}, "no file or connection gets their numbers")
+        self.assertEqual(crawl.wait(20), 0)
+
+    def assert_downloads(self, **how):
+        crawl = self.start(**how)
+        self.assertEqual(crawl.wait(20), 0, crawl.output())
+        self.assertEqual(self.saved().keys(), {HOME} | {b"example.test/" + name for name in self.names})
+
+    def test_signals(self):
+        ignore = functools.partial(signal.signal, signal.SIGHUP, signal.SIG_IGN)
+        for numbers, before in (([signal.SIGINT], None), ([signal.SIGHUP, signal.SIGTERM], ignore)):
+            crawl = self.start("--connections", 1, before=before)
+            wait_until(self.placeholders, what="a placeholder")
+            for number in numbers:
+                crawl.process.send_signal(number)
+                time.sleep(0.2)  # for the first one to be heeded, if it is
+            self.assertEqual(crawl.wait(1), 128 + numbers[-1], crawl.output())
+            self.assertEqual(self.placeholders(), [])
+            shutil.rmtree(self.mirror)
 
 
 if __name__ == "__main__":

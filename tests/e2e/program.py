@@ -24,14 +24,16 @@ def environment(home, **more):
 class Crawl:
     """One unattended crawl, running from construction on."""
 
-    def __init__(self, program, site, folder, *words):
+    def __init__(self, program, site, folder, *words, output=None, before=None, **variables):
+        """`output` takes the place of the file that `output()` reads; `before` is called in the new
+        process, and `variables` join its environment."""
         self.folder = Path(folder)
         self.output_file = program.parent / f"output-{time.monotonic_ns()}.txt"
-        with self.output_file.open("wb") as output:
+        with self.output_file.open("wb") as file:
             self.process = subprocess.Popen(
                 [program, "--site", site, "--folder", folder, *map(str, words)],
-                env=environment(program.parent.parent / "home"), stdin=subprocess.DEVNULL,
-                stdout=output, stderr=subprocess.STDOUT)
+                env=environment(program.parent.parent / "home", **variables), preexec_fn=before,
+                stdin=subprocess.DEVNULL, stdout=output or file, stderr=subprocess.STDOUT)
 
     def wait(self, seconds=120):
         """The exit status; a crawl that does not end in time is killed and counts as status None."""

@@ -1,11 +1,12 @@
 """Downloads a site through the window, with nothing but key presses."""
 
+import time
 import unittest
 
 import private_network
 import web
 from desktop import MAIN, WIZARD, Desktop
-from program import copy_program, tree
+from program import copy_program, tree, wait_until
 from site_model import SiteModel
 
 SITE = "www.example.test"
@@ -60,6 +61,33 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(program.wait(20), 0)
         stored = self.settings.read_text(errors="replace")
         self.assertIn(f"LastURL={SITE}", stored)
+
+    def test_a_box_waits_until_the_program_is_in_front(self):
+        desktop = self.desktop
+        program = copy_program(self.folder / "program")
+        first = desktop.start(program)
+        self.addCleanup(first.kill)
+        desktop.await_window(WIZARD)
+        desktop.type(SITE)
+        desktop.press("Tab")
+        desktop.type(str(self.folder / "mirror"))
+        desktop.press("Return")
+        desktop.await_window(MAIN)
+        other = desktop.start(program)  # any other program would do
+        self.addCleanup(other.kill)
+        desktop.await_window(WIZARD)
+
+        wait_until(self.is_complete, 120, "the whole site")
+        time.sleep(1)
+        self.assertEqual(desktop.run("xdotool", "getwindowfocus", "getwindowname"), WIZARD)
+        other.kill()
+        desktop.run("xdotool", "search", "--all", "--pid", str(first.pid), "--name", MAIN, "windowactivate")
+        desktop.await_window("Done.")
+
+    def is_complete(self):
+        """Files have come, and no placeholder is left."""
+        saved = tree(self.folder / "mirror/example.test")
+        return len(saved) > 30 and not any(path.endswith(b".tmp") for path in saved)
 
     def site_files(self, site=b"example.test/"):
         return {path: data for path, data in tree(self.folder / "mirror").items()

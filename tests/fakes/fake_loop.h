@@ -23,11 +23,15 @@ class FakeLoop : public platform::EventLoop {
     std::int64_t Now() const { return now_; }
 
     /// Runs `event` in the next turn, after everything posted before it.
-    void Post(Handler event) { PostIn(0, std::move(event)); }
-    /// Runs `event` in so many milliseconds.
+    void Post(Handler event) { arrivals_.emplace(posted_++, std::move(event)); }
+    /// Runs `event` in so many milliseconds, as a timer: what has been posted by then goes first,
+    /// however long the timer has been due.
     void PostIn(std::int64_t milliseconds, Handler event) {
-        events_.emplace(std::pair(now_ + milliseconds, posted_++), std::move(event));
+        timers_.emplace(std::pair(now_ + milliseconds, posted_++), std::move(event));
     }
+
+    /// Lets time pass without running anything, like a handler that takes long.
+    void Block(std::int64_t milliseconds) { now_ += milliseconds; }
 
     /// Lets time pass, running everything that falls due in the order of its time.
     void Advance(std::int64_t milliseconds) { RunTo(now_ + milliseconds); }
@@ -43,24 +47,25 @@ class FakeLoop : public platform::EventLoop {
     void AtYield(int nth, Handler script) { scripts_.emplace(yields_ + nth, std::move(script)); }
 
   private:
-    using Key =
-        std::pair<std::int64_t, std::uint64_t>;  // when it is due, its number among all posted
+    using Number = std::uint64_t;  // among all that was posted
 
-    /// The first event due by `time` that was posted before number `posted_before`.
-    std::optional<Handler> TakeDue(std::int64_t time, std::uint64_t posted_before) {
-        for (auto event = events_.begin(); event != events_.end() && event->first.first <= time;
-             ++event) {
-            if (event->first.second >= posted_before) continue;
-            now_ = std::max(now_, event->first.first);
-            Handler handler = std::move(event->second);
-            events_.erase(event);
-            return handler;
+    /// The next event due by `time` that was posted before number `posted_before`.
+    std::optional<Handler> TakeDue(std::int64_t time, Number posted_before) {
+        if (!arrivals_.empty()) {
+            if (arrivals_.begin()->first >= posted_before) return std::nullopt;
+            return std::move(arrivals_.extract(arrivals_.begin()).mapped());
+        }
+        for (auto timer = timers_.begin(); timer != timers_.end() && timer->first.first <= time;
+             ++timer) {
+            if (timer->first.second >= posted_before) continue;
+            now_ = std::max(now_, timer->first.first);
+            return std::move(timers_.extract(timer).mapped());
         }
         return std::nullopt;
     }
 
     void RunTo(std::int64_t time) {
-        constexpr auto kAll = std::numeric_limits<std::uint64_t>::max();
+        constexpr auto kAll = std::numeric_limits<Number>::max();
         int left = 10'000'000;
         // An event may have let more time pass than was asked for here.
         while (auto event = TakeDue(std::max(time, now_), kAll)) {
@@ -75,14 +80,15 @@ class FakeLoop : public platform::EventLoop {
         while (const auto script = scripts_.extract(yields_))
             script.mapped()();
         // What these events post is left for the next turn, as in a real loop.
-        const std::uint64_t posted_before = posted_;
+        const Number posted_before = posted_;
         while (auto event = TakeDue(now_, posted_before))
             (*event)();
     }
 
     std::int64_t now_ = 0;
-    std::uint64_t posted_ = 0;
-    std::map<Key, Handler> events_;
+    Number posted_ = 0;
+    std::map<Number, Handler> arrivals_;
+    std::map<std::pair<std::int64_t, Number>, Handler> timers_;  // by the time they are due
     int yields_ = 0;
     std::multimap<int, Handler> scripts_;
 };

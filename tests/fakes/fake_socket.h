@@ -92,6 +92,10 @@ class FakeSocket : public platform::Socket {
         bool peer_reset = false;
         bool any_byte_came = false;
         bool in_handler = false;
+
+        bool HasMore() const {
+            return !on_the_way.empty() || !waiting.empty() || peer_closed || peer_reset;
+        }
     };
 
     template <typename Event>
@@ -133,7 +137,7 @@ class FakeSocket : public platform::Socket {
         if (handler) handler();
         if (const auto connection = raised_in.lock()) {
             connection->in_handler = false;
-            PostCheck();
+            if (connection->HasMore()) PostCheck();
         }
     }
 

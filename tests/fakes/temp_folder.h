@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
+#include <random>
 #include <string>
 #include <system_error>
 
@@ -14,9 +13,11 @@ namespace fakes {
 class TempFolder {
   public:
     TempFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "vantorin-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        system_path_ = name;
+        std::random_device random;
+        do {
+            system_path_ =
+                std::filesystem::temp_directory_path() / ("vantorin-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(system_path_));
     }
     ~TempFolder() {
         std::error_code error;

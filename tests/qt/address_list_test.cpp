@@ -1,10 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "platform/list_items.h"
+#include "platform/qt/local_text.h"
 #include "ui/address_list.h"
 #include "widgets/elided_text.h"
 
@@ -28,72 +33,114 @@ class AddressList : public testing::Test {
         list.show();
         list.setFocus();
         QTest::qWait(1);
-        page = list.viewport()->height() / row_height;
     }
     void Add(int count) {
         for (int i = 0; i < count; ++i)
-            items.AddItem("www.site.com/" + std::to_string(i));
+            items.AddItem("www.site.com/" + std::to_string(items.Count()));
     }
-    QPoint InRow(int row) const { return {20, row * row_height + row_height / 2}; }
+    /// Until the list shows what there is.
+    static void Refresh() { QTest::qWait(100); }
+    std::string RowAt(int y) { return platform::ToBytes(list.indexAt({20, y}).data().toString()); }
+    std::string BottomRow() { return RowAt(list.viewport()->height() - list.rowHeight(0)); }
 
     platform::ListItems items;
-    ui::AddressList list{items, nullptr};
-    const int row_height = list.fontMetrics().height() + 2;
-    int page = 0;
+    ui::AddressList list{items, ui::AddressList::Shows::End, nullptr};
 };
 
 TEST_F(AddressList, PaintsAMillionChangesAFewTimes) {
     PaintCounter counter;
     list.viewport()->installEventFilter(&counter);
     Add(1'000'000);
-    QTest::qWait(100);
-    EXPECT_LE(counter.paints, 3);
-    EXPECT_EQ(list.verticalScrollBar()->maximum(), 1'000'000 - page);
-
-    counter.paints = 0;
+    Refresh();
+    EXPECT_EQ(list.model()->rowCount(), 1'000'000);
     for (int i = 0; i < 500'000; ++i)
         items.RemoveLast();
-    QTest::qWait(100);
-    EXPECT_EQ(counter.paints, 0) << "nothing on screen changed";
+    Refresh();
+    EXPECT_EQ(list.model()->rowCount(), 500'000);
+    EXPECT_LE(counter.paints, 8);
+}
+
+TEST_F(AddressList, KeepsItsEndInViewUntilScrolledUp) {
+    Add(100);
+    Refresh();
+    EXPECT_EQ(BottomRow(), "www.site.com/99");
+    list.resize(300, 120);
+    Add(50);
+    Refresh();
+    EXPECT_EQ(BottomRow(), "www.site.com/149");
+    list.verticalScrollBar()->setValue(20);
+    Add(50);
+    Refresh();
+    EXPECT_EQ(RowAt(1), "www.site.com/20");
+    QTest::keyClick(&list, Qt::Key_End);
+    Add(1);
+    Refresh();
+    EXPECT_EQ(BottomRow(), "www.site.com/200");
 }
 
 TEST_F(AddressList, SelectsByKeysAndMouse) {
     Add(100);
-    const std::pair<Qt::Key, int> presses[] = {{Qt::Key_Down, 0},
-                                               {Qt::Key_Down, 1},
-                                               {Qt::Key_End, 99},
-                                               {Qt::Key_PageUp, 99 - page},
-                                               {Qt::Key_Home, 0}};
+    Refresh();
+    QTest::keyClicks(&list, "w");
+    EXPECT_EQ(list.Selected(), "") << "typing searches nothing";
+    const std::pair<Qt::Key, const char*> presses[] = {{Qt::Key_Home, "www.site.com/0"},
+                                                       {Qt::Key_Down, "www.site.com/1"},
+                                                       {Qt::Key_End, "www.site.com/99"},
+                                                       {Qt::Key_Up, "www.site.com/98"}};
     for (const auto& [key, selected] : presses) {
         QTest::keyClick(&list, key);
-        EXPECT_EQ(list.Selected(), static_cast<std::size_t>(selected));
+        EXPECT_EQ(list.Selected(), selected);
     }
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), "www.site.com/98");
+
     QSignalSpy activated(&list, &ui::AddressList::Activated);
     list.verticalScrollBar()->setValue(50);
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, InRow(1));
-    EXPECT_EQ(list.Selected(), 51U);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, InRow(2));
-    EXPECT_EQ(list.Selected(), 52U);
+    const QPoint second_row = list.visualRect(list.model()->index(51, 0)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second_row);
+    EXPECT_EQ(list.Selected(), "www.site.com/51");
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second_row);
     QTest::keyClick(&list, Qt::Key_Return);
     EXPECT_EQ(activated.count(), 2);
 }
 
 TEST_F(AddressList, SelectionIsNeverAnItemThatIsGone) {
     Add(3);
-    list.Select(2);
+    Refresh();
+    list.selectRow(2);
     items.RemoveLast();
     items.AddItem("another");
-    EXPECT_FALSE(list.Selected());
-    list.Select(0);
+    EXPECT_EQ(list.Selected(), "");
+    list.selectRow(0);
     items.Clear();
     QTest::keyClick(&list, Qt::Key_Down);
-    EXPECT_FALSE(list.Selected());
+    EXPECT_EQ(list.Selected(), "");
+}
+
+TEST_F(AddressList, ShowsWhoComesByKeyboardWhichRowIsCurrent) {
+    QLineEdit before;
+    before.setFocus();
+    Add(2);
+    Refresh();
+    QFocusEvent tab(QEvent::FocusIn, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&list, &tab);
+    EXPECT_EQ(list.Selected(), "www.site.com/1") << "the next one to be fetched";
+}
+
+TEST_F(AddressList, TellsItsRowsToAScreenReader) {
+    Add(30);
+    Refresh();
+    QAccessibleTableInterface* table =
+        QAccessible::queryAccessibleInterface(&list)->tableInterface();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->rowCount(), 30);
+    EXPECT_EQ(table->cellAt(29, 0)->text(QAccessible::Name), "www.site.com/29");
 }
 
 TEST(ElidedText, KeepsBothEndsOfAnAddress) {
     const QFontMetrics metrics{QFont()};
     const std::string address = "www.site.com/" + std::string(1'000'000, 'x') + "/page.html";
-    const QString shown = ui::ElideMiddle(address, metrics, 300);
+    const QString shown = ui::ElideMiddle(QString::fromStdString(address), metrics, 300);
     EXPECT_LE(metrics.horizontalAdvance(shown), 300);
     EXPECT_TRUE(shown.startsWith("www.site.com"));
     EXPECT_TRUE(shown.endsWith("page.html"));

@@ -69,6 +69,18 @@ TEST_F(DirectoryChooserTest, BrowsesByMouse) {
     EXPECT_FALSE(chooser->isVisible());
 }
 
+TEST_F(DirectoryChooserTest, MakesANewFolderAndOpensIt) {
+    Open("C:\\Websites\\");
+    for (const char* name : {"", "one", "a/b", " copy "}) {
+        system.boxes.inputs = {name};
+        Click(*chooser, "NewFolder");
+    }
+    EXPECT_EQ(system.boxes.asked.size(), 2U) << "one is there already, and a/b is no name";
+    EXPECT_EQ(Label1(), "C:\\Websites\\copy");
+    Click(*chooser, "Command1");
+    EXPECT_EQ(chosen, (std::vector<std::string>{"C:\\Websites\\copy\\"}));
+}
+
 TEST_F(DirectoryChooserTest, ARootEndsInTwoBackslashes) {
     Open("C:\\");
     Click(*chooser, "Command1");

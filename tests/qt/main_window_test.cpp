@@ -1,7 +1,10 @@
+#include <QAccessible>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "setup/settings.h"
 #include "tests/qt/window_bench.h"
@@ -9,11 +12,14 @@
 #include "ui/address_list.h"
 #include "ui/connection_panel.h"
 #include "ui/rate_graph.h"
+#include "widgets/contrast.h"
+#include "widgets/elided_label.h"
 
 using platform::BoxAnswer;
 using Texts = std::vector<std::string>;
 
 using MainWindow = bench::WindowTest;
+using State = ui::ActivityLight::State;
 
 TEST_F(MainWindow, StandsThereAsDesigned) {
     crawl::List1.AddItem("left over");
@@ -52,7 +58,7 @@ TEST_F(MainWindow, HasItsMenu) {
 
 TEST_F(MainWindow, LaysItselfOutAtEverySize) {
     Open();
-    const QWidget& client = *Window().centralWidget();
+    const QWidget& client = The<QWidget>("Client");
     const auto& panel = The<ui::ConnectionPanel>("Picture1");
     const QWidget& queue = The<QWidget>("List1");
     const QWidget& address = The<QWidget>("Text1");
@@ -90,6 +96,7 @@ TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     };
     type("24");
     EXPECT_EQ(Window().TxtMax(), "4");
+    EXPECT_EQ(count.lineEdit()->selectedText(), "4") << "the next key replaces it";
     EXPECT_EQ(system.boxes.asked.size(), 1U);
     Window().ChooseConnections(23);
     QTest::keyClick(&count, Qt::Key_Down);
@@ -111,7 +118,7 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
     system.boxes.answers = {BoxAnswer::Yes};
     StartByKeys("site.com");
     EXPECT_FALSE(Window().Command1Enabled());
-    EXPECT_TRUE(The<ui::ActivityLight>("Picture2").Running());
+    EXPECT_EQ(The<ui::ActivityLight>("Picture2").Shown(), State::Downloading);
     EXPECT_EQ(The<QLabel>("Label6").text(), "Downloading Site [www.site.com]");
     ASSERT_TRUE(WaitFor([&] { return !system.processes.folders.empty(); }));
 
@@ -120,13 +127,119 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
     EXPECT_EQ(system.files.At("C:\\mirror\\site.com\\b.html"), "b\r\n");
     EXPECT_EQ(The<QLabel>("Label3").text(), "2 Files");
     EXPECT_EQ(The<QLabel>("Label6").text(), "Website Downloaded!");
-    EXPECT_FALSE(The<ui::ActivityLight>("Picture2").Running());
+    EXPECT_EQ(The<ui::ActivityLight>("Picture2").Shown(), State::Idle);
+    EXPECT_EQ(The<QLabel>("Progress").text(), "2 files done");
     EXPECT_EQ(The<QLineEdit>("Text1").selectedText(), "www.site.com");
 
     EXPECT_EQ(crawl::List2.Count(), 1U);
     EXPECT_TRUE(The<QWidget>("List2").isHidden());
+    EXPECT_EQ(The<QAbstractButton>("OtherLinks").text(), "Show Other Links (1)");
     Click("OtherLinks");
     EXPECT_TRUE(The<QWidget>("List2").isVisible());
+
+    pages.clear();
+    StartByKeys("other.com");
+    EXPECT_TRUE(crawl::List2.Empty()) << "the last site's links";
+}
+
+TEST_F(MainWindow, SaysHowFarItIsAndWhatComesNext) {
+    pages = {{"/", "<a href=\"b.html\">b</a> <a href=\"c.html\">c</a>"}, {"/b.html", "b"}};
+    Open();
+    EXPECT_TRUE(The<QWidget>("ProgressBar").isHidden());
+    Window().ChooseConnections(1);
+    StartByKeys("site.com");  // whose c.html, asked for first, never comes
+    const auto progress = [&] { return The<QLabel>("Progress").text(); };
+    ASSERT_TRUE(WaitFor([&] { return progress() == "1 of 3 files found so far"; }));
+    EXPECT_EQ(The<QProgressBar>("ProgressBar").value(), 333);
+    ASSERT_TRUE(WaitFor([&] { return The<QLabel>("Next").text() == "Next: www.site.com/b.html"; }));
+
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&] {
+            EXPECT_EQ(progress(), "Paused: no new files start. 1 of 3 files found so far");
+            EXPECT_EQ(The<ui::ActivityLight>("Picture2").Shown(), State::Paused);
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        });
+        Choose("mnupause");
+        QCoreApplication::exit();
+    });
+    QCoreApplication::exec();
+    EXPECT_EQ(progress(), "1 of 3 files found so far");
+}
+
+TEST_F(MainWindow, SaysWhenNoFileCameAtAll) {
+    Open();
+    StartByKeys("silent.com");
+    for (int i = 1; i <= crawl::kSlotCount; ++i)
+        Window().tmrOut(i).SetInterval(1);
+    ASSERT_TRUE(WaitFor([&] { return !system.boxes.asked.empty(); }));
+    EXPECT_EQ(The<QLabel>("Label6").text(), "Website Downloaded!");
+    EXPECT_EQ(The<QLabel>("Progress").text(),
+              "No file came: http://www.silent.com did not answer, or not to the end.");
+}
+
+TEST_F(MainWindow, IsReadableOnLightAndDarkDesktops) {
+    const QPalette usual = QApplication::palette();
+    for (const bool dark : {false, true}) {
+        SCOPED_TRACE(dark ? "dark" : "light");
+        QApplication::setPalette(dark ? QPalette(QColor(0x32, 0x30, 0x30))
+                                      : QPalette(Qt::lightGray));
+        Open();
+        for (const char* name : {"x1", "l1", "Label7", "Next"}) {
+            const auto& label = The<ui::ElidedLabel>(name);
+            EXPECT_GE(
+                ui::Contrast(label.TextColour(), label.palette().color(label.backgroundRole())),
+                4.5)
+                << name;
+        }
+        StartByKeys("silent.com");
+        const QPalette& running = The<QLineEdit>("Text1").palette();
+        EXPECT_GE(ui::Contrast(running.color(QPalette::Disabled, QPalette::Text),
+                               running.color(QPalette::Disabled, QPalette::Base)),
+                  4.5);
+        QApplication::setPalette(usual);
+        holder.Reload();
+    }
+}
+
+TEST_F(MainWindow, TellsItsConnectionsToAScreenReader) {
+    Open();
+    Window().SetRowStatus(3, "Downloading www.site.com/a");
+    Window().SetRowReceived(3, "12.0 KB");
+    QAccessibleInterface* row = QAccessible::queryAccessibleInterface(&The<QLabel>("l3"));
+    EXPECT_EQ(row->text(QAccessible::Name), "Connection 3: Downloading www.site.com/a, 12.0 KB");
+}
+
+TEST_F(MainWindow, KeepsWhatIsBeingTypedWhenTheWindowComesBack) {
+    Open();
+    auto& address = The<QLineEdit>("Text1");
+    address.setFocus();
+    QTest::keyClicks(&address, "site");
+    QWidget other;
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    Window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    QTest::keyClicks(&address, ".com");
+    EXPECT_EQ(address.text(), "site.com");
+    The<QPushButton>("Command4").setFocus();
+    QTest::keyClick(&The<QPushButton>("Command4"), Qt::Key_Backtab);
+    QTest::keyClick(&The<QPushButton>("Command3"), Qt::Key_Backtab);
+    QTest::keyClick(&The<QPushButton>("Command1"), Qt::Key_Backtab);
+    EXPECT_EQ(address.selectedText(), "site.com");
+}
+
+TEST_F(MainWindow, TheWheelTurnsTheConnectionsOnlyWithTheFocus) {
+    Open();
+    auto& count = The<QComboBox>("txtMax");
+    for (const bool focused : {false, true}) {
+        if (focused) count.setFocus();
+        const QPointF place = QRectF(count.rect()).center();
+        QWheelEvent wheel(place, count.mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&count, &wheel);
+        EXPECT_EQ(Window().TxtMax(), focused ? "5" : "4");
+        EXPECT_EQ(count.hasFocus(), focused);
+    }
 }
 
 TEST_F(MainWindow, StartsNothingInAFolderThatCannotBeWritten) {
@@ -149,6 +262,7 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     emit queue.Activated();
     for (const char* item : {"www.site.com/a", "HTTP://site.com/b", " www.site.com/c "}) {
         crawl::List1.AddItem(item);
+        QTest::qWait(100);
         QTest::keyClick(&queue, Qt::Key_End);
         QTest::keyClick(&queue, Qt::Key_Return);
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -64,4 +65,27 @@ TEST_F(QtMessageBoxesTest, OutliveTheirWindow) {
             EXPECT_EQ(boxes_.MsgBox("Sure?", BoxStyle::StopYesNo, "Title"), BoxAnswer::No);
         }
     }
+}
+
+TEST_F(QtMessageBoxesTest, BelongToTheDialogOrTheMainWindow) {
+    QMainWindow main_window;
+    main_window.show();
+    QWidget other;  // has the keyboard, as a window of another program would
+    other.show();
+    QApplication::setActiveWindow(nullptr);
+    const auto owner_of_box = [&] {
+        QWidget* owner = nullptr;
+        WhenOpen([&](QDialog& box) {
+            owner = box.parentWidget();
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        boxes_.MsgBox("Done.", BoxStyle::Information, "Title");
+        return owner;
+    };
+    EXPECT_EQ(owner_of_box(), &main_window);
+    QDialog dialog(&main_window);
+    dialog.setModal(true);
+    dialog.show();
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(owner_of_box(), &dialog);
 }

@@ -7,11 +7,35 @@
 #include <QTcpServer>
 #include <QWidget>
 #include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
 #include <thread>
 #include <utility>
 
+#include "platform/qt/host_resolver.h"
 #include "tests/contracts/socket_contract.h"
+#include "tests/qt/name_server.h"
 #include "tests/qt/real_bench.h"
+
+namespace {
+
+/// Allocations of so many bytes are refused, as by a system that has no memory left.
+std::size_t g_refused_from = SIZE_MAX;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    void* const memory = size < g_refused_from ? std::malloc(size) : nullptr;
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
 
 namespace {
 
@@ -42,10 +66,13 @@ struct QtSocketBench : real::Clock {
         pollfd waiting{static_cast<int>(server.socketDescriptor()), POLLIN, 0};
         return poll(&waiting, 1, 0) == 1;
     }
+    /// Takes the newest; others may be left of connections that were given up.
     void Accept() {
-        if (peer >= 0) close(peer);
         ASSERT_TRUE(RunUntil([this] { return SomeoneWaits(); }));
-        peer = accept(static_cast<int>(server.socketDescriptor()), nullptr, nullptr);
+        while (SomeoneWaits()) {
+            if (peer >= 0) close(peer);
+            peer = accept(static_cast<int>(server.socketDescriptor()), nullptr, nullptr);
+        }
     }
     void PeerSends(const std::string& bytes) {
         EXPECT_EQ(send(peer, bytes.data(), bytes.size(), MSG_NOSIGNAL), ssize_t(bytes.size()));
@@ -72,26 +99,28 @@ namespace contracts {
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, SocketContract, QtSocketBench);
 }  // namespace contracts
 
-TEST_F(QtSocketTest, FindsHostsAndNothingElse) {
-    using namespace std::string_literals;
-    const auto end_of = [&](const std::string& host) {
+TEST_F(QtSocketTest, FindsItsHostByName) {
+    NameServer names;
+    platform::HostResolver resolver(names.Address());
+    bench_.socket = std::make_unique<platform::QtSocket>(resolver);
+    const auto connect = [&](const std::string& host) {
         bench_.socket->Connect(host, bench_.server.serverPort());
-        bench_.RunUntil([&] { return bench_.socket->State() != SocketState::Connecting; });
-        return bench_.socket->State();
     };
-    for (const std::string& host :
-         {""s, "a..b"s, "localhost "s, "localhost\0.com"s, "\xff"s, "localhost:80"s, "[::1]"s,
-          "1.2.3.4.5"s, std::string(70'000, 'a'), "nowhere.invalid"s})
-        EXPECT_EQ(end_of(host), SocketState::Error) << host.substr(0, 80);
-    EXPECT_FALSE(bench_.SomeoneWaits());
-    EXPECT_EQ(end_of("localhost"), SocketState::Connected);
-}
+    connect("no.site.test");
+    EXPECT_TRUE(Becomes(SocketState::Error));
+    connect("www.site.test");
+    EXPECT_EQ(bench_.socket->State(), SocketState::Connecting);
+    EXPECT_TRUE(Becomes(SocketState::Connected));
+    bench_.Accept();
 
-TEST_F(QtSocketTest, ALookupEndsWithItsConnection) {
-    bench_.socket->Connect("localhost", bench_.server.serverPort());
-    bench_.NewSocket();
-    bench_.Wait(200);
-    EXPECT_FALSE(bench_.SomeoneWaits());
+    connect("silent.site.test");
+    connect("www.second.test");
+    bench_.socket->Close();
+    bench_.RunUntil([&] { return names.asked.size() == 4; });
+    bench_.Settle();
+    EXPECT_EQ(bench_.socket->State(), SocketState::Closed);
+    EXPECT_FALSE(bench_.SomeoneWaits()) << "a look-up ends with its connection";
+    bench_.socket.reset();
 }
 
 // Here the sending hears of the reset, and the reading must not take what follows for a close.
@@ -108,13 +137,18 @@ TEST_F(QtSocketTest, AResetThatSendingMeetsIsNoClose) {
     EXPECT_EQ(EventsInClosing(), 0);
 }
 
-TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaint) {
+TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaintAndTimersFire) {
     struct Window : QWidget {
         int unpainted = 0;  // pieces since the last time
         void paintEvent(QPaintEvent*) override { unpainted = 0; }
     } window;
     window.show();
     bench_.Wait(50);
+    const auto timer = bench_.NewTimer();
+    int ticks = 0;
+    timer->on_timer = [&] { ++ticks; };
+    timer->SetInterval(10);
+    timer->SetEnabled(true);
     int pieces = 0;
     int most_unpainted = 0;
     bench_.socket->on_data = [&] {
@@ -132,4 +166,49 @@ TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaint) {
     EXPECT_TRUE(Becomes(SocketState::Closing));
     sender.join();
     EXPECT_LT(most_unpainted, pieces / 4);
+    EXPECT_GE(ticks, 5);
+}
+
+// The second socket's handler blocks in the very turn that the due timer waited for.
+TEST_F(QtSocketTest, EverySocketGoesBeforeATimerHoweverLongTheOthersTake) {
+    QtSocketBench other;
+    ConnectAndAccept();
+    other.Connect();
+    other.Accept();
+    EXPECT_TRUE(bench_.RunUntil([&] { return other.socket->State() == SocketState::Connected; }));
+
+    std::string order;
+    const auto timer = bench_.NewTimer();
+    timer->SetInterval(20);
+    timer->on_timer = [&] {
+        order += " timer";
+        timer->SetEnabled(false);
+    };
+    in_data = [&] {
+        order += " " + received;
+        if (std::exchange(received, "") != "first") return;
+        timer->SetEnabled(true);
+        other.PeerSends("x");
+        bench_.Block(100);
+    };
+    other.socket->on_data = [&] {
+        order += " " + other.socket->GetData();
+        bench_.PeerSends("late");
+        bench_.Block(100);
+    };
+    bench_.PeerSends("first");
+    EXPECT_TRUE(bench_.RunUntil([&] { return order.ends_with("timer"); }));
+    EXPECT_EQ(order, " first x late timer");
+}
+
+TEST_F(QtSocketTest, WithoutMemoryForItsBytesAConnectionFails) {
+    const std::string answer(20'000, 'x');
+    ConnectAndAccept();
+    g_refused_from = 10'000;
+    bench_.PeerSends(answer);
+    const bool failed = Becomes(SocketState::Error);
+    g_refused_from = SIZE_MAX;
+    EXPECT_TRUE(failed);
+    bench_.Settle();
+    EXPECT_EQ(Events(), 1) << "the connecting only";
 }

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <chrono>
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <thread>
 
 #include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_timer.h"
 
 /// Letting real time pass in a test. Deadlines are so long that only a fault meets them.
 namespace real {
@@ -27,6 +31,14 @@ class Clock {
     void Wait(std::int64_t milliseconds) {
         const std::int64_t end = Now() + milliseconds;
         RunUntil([&] { return Now() >= end; });
+    }
+    /// Lets time pass without events, like a handler that takes long.
+    void Block(std::int64_t milliseconds) const {
+        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    }
+
+    std::unique_ptr<platform::Timer> NewTimer() const {
+        return std::make_unique<platform::QtTimer>();
     }
 
     platform::QtEventLoop loop;

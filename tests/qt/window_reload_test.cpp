@@ -82,6 +82,7 @@ TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
         const int wizards_before = wizards;
         int writes = 0;
         system.boxes.answers = {BoxAnswer::Yes};
+        bas_General::PrepareTargetFolder("c:\\mirror" + std::to_string(stop_at) + "\\");
         system.files.on_write = [&](const std::string&) {
             if (++writes != stop_at) return;
             QTimer::singleShot(0, [this] {
@@ -89,7 +90,6 @@ TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
                 QTest::qWait(20);  // an unloaded window outlives also this
             });
         };
-        bas_General::SetTargetFolder("c:\\mirror" + std::to_string(stop_at) + "\\");
         StartByKeys("site.com");
         // At last the crawl is complete before it can be stopped, and opens its folder.
         ASSERT_TRUE(WaitFor([&] { return old.isNull() || !system.processes.folders.empty(); }));

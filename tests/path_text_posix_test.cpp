@@ -49,7 +49,7 @@ TEST(PathText, DrivesAreTheHomeFolderAndTheRoot) {
     setenv("HOME", home.c_str(), 1);
 }
 
-TEST(PathText, HostPathsBecomeText) {
+TEST(PathText, SystemPathsBecomeText) {
     EXPECT_EQ(PathTextOf("/srv/mirror"), "\\srv\\mirror");
     EXPECT_EQ(PathTextOf("z:\\srv"), "z:\\srv");
     EXPECT_EQ(SystemPathOf(PathTextOf("./a/../b")), std::filesystem::current_path() / "b");

@@ -3,25 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#ifdef _WIN32
-#include <windows.h>
-
-#include <shlwapi.h>
-// shlwapi.h renames whatever is called so.
-#undef StrFormatByteSize
-#endif
-
 namespace platform {
-
-#ifdef _WIN32
-
-std::string StrFormatByteSize(std::int32_t bytes) {
-    std::array<char, 32> buffer{};
-    StrFormatByteSizeA(static_cast<DWORD>(bytes), buffer.data(), static_cast<UINT>(buffer.size()));
-    return buffer.data();
-}
-
-#else
 
 namespace {
 
@@ -50,7 +32,5 @@ std::string StrFormatByteSize(std::int32_t bytes) {
     }
     return ThreeDigits(count * 100 / size) + kUnits.at(unit);
 }
-
-#endif
 
 }  // namespace platform

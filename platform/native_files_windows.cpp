@@ -1,0 +1,173 @@
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <memory>
+
+#include "platform/native_files.h"
+#include "platform/path_text.h"
+
+namespace platform::native {
+
+namespace {
+
+/// From the system's single-byte code page; nothing for bytes that are no text in it.
+std::optional<Path> Widened(std::string_view text) {
+    Path wide(text.size(), L'\0');
+    const int size = static_cast<int>(text.size());
+    const int length =
+        MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, text.data(), size, wide.data(), size);
+    if (length == 0) return std::nullopt;
+    wide.resize(static_cast<std::size_t>(length));
+    return wide;
+}
+
+/// Whether the system, and every other program, knows a device by this name, as they do with any
+/// extension: "con", "nul.txt", "com1".
+bool IsDevice(PathView name) {
+    Path stem(name.substr(0, name.find(L'.')));
+    stem.resize(stem.find_last_not_of(L' ') + 1);
+    // The numbers 1 to 9 are alike; the raised 1, 2 and 3 count too.
+    if (stem.size() == 4 && PathView(L"23456789\xB9\xB2\xB3").find(stem[3]) != PathView::npos) {
+        stem[3] = L'1';
+    }
+    constexpr std::array<PathView, 8> kDevices = {L"con",    L"prn",     L"aux",  L"nul",
+                                                  L"conin$", L"conout$", L"com1", L"lpt1"};
+    return std::any_of(kDevices.begin(), kDevices.end(),
+                       [&stem](PathView device) { return IsSameName(stem, device); });
+}
+
+/// Whether the system takes `name` for the name of a file and nothing else: what follows a ":"
+/// would be a stream of another file, and "<" and ">" are wildcards, too.
+bool IsPlainName(PathView name) {
+    return name.find_first_of(L"<>:\"|?*") == PathView::npos && !IsDevice(name) &&
+           std::none_of(name.begin(), name.end(), [](wchar_t c) { return c < L' '; });
+}
+
+struct CloseFile {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using OpenedFile = std::unique_ptr<void, CloseFile>;
+
+/// Opens a file or folder, the one that links lead to, to ask about it; null with `errno` ENOENT
+/// when it is not there.
+OpenedFile OpenToAsk(const Path& path) {
+    constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) return OpenedFile(handle);
+    const DWORD error = GetLastError();
+    errno = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? ENOENT : EIO;
+    return nullptr;
+}
+
+bool IsFolder(DWORD attributes) {
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+}  // namespace
+
+std::optional<Path> PathOf(std::string_view path_text) {
+    const std::optional<std::string> resolved = ResolvePathText(path_text);
+    if (!resolved) return std::nullopt;
+    // With this in front a path may be longer than 260 characters, and is taken as it stands.
+    Path path = L"\\\\?\\";
+    path.append({static_cast<wchar_t>(resolved->front()), L':'});
+    // Name by name: in some code pages the "\" is half of a character.
+    std::string_view rest = std::string_view(*resolved).substr(2);
+    while (!rest.empty()) {
+        rest.remove_prefix(1);
+        const std::size_t length = std::min(rest.find('\\'), rest.size());
+        const std::optional<Path> name = Widened(rest.substr(0, length));
+        if (!name || !IsPlainName(*name)) return std::nullopt;
+        path.append(L"\\").append(*name);
+        rest.remove_prefix(length);
+    }
+    if (path.ends_with(L':')) path += L'\\';
+    return path;
+}
+
+std::optional<std::string> TextOf(const Path& name) {
+    const int size = static_cast<int>(name.size());
+    std::string text(4 * name.size(), '\0');
+    const int length = WideCharToMultiByte(CP_ACP, 0, name.data(), size, text.data(),
+                                           static_cast<int>(text.size()), nullptr, nullptr);
+    text.resize(static_cast<std::size_t>(length));
+    // A letter that the code page has not would come back as another.
+    return Widened(text) == name ? std::optional(text) : std::nullopt;
+}
+
+bool IsSameName(PathView a, PathView b) {
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
+                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
+}
+
+std::optional<Status> StatusOf(const Path& path) {
+    const OpenedFile file = OpenToAsk(path);
+    BY_HANDLE_FILE_INFORMATION status;
+    if (!file || !GetFileInformationByHandle(file.get(), &status)) return std::nullopt;
+    const bool is_folder = IsFolder(status.dwFileAttributes);
+    return Status{is_folder, !is_folder,
+                  (std::uint64_t{status.nFileSizeHigh} << 32) + status.nFileSizeLow};
+}
+
+bool IsLink(const Path& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
+std::optional<Path> FinalPath(const Path& path) {
+    const bool is_drive = path.ends_with(L':');
+    const OpenedFile file = OpenToAsk(is_drive ? path + L"\\" : path);
+    Path followed(32768, L'\0');
+    const auto size = static_cast<DWORD>(followed.size());
+    const DWORD length = file ? GetFinalPathNameByHandleW(file.get(), followed.data(), size, 0) : 0;
+    // Some systems cannot tell it for a long path: it is looked for from the folder, then. Above a
+    // drive there is nothing to look in.
+    if (file || is_drive) errno = is_drive ? EIO : ENOENT;
+    if (length == 0 || length >= size) return std::nullopt;
+    followed.resize(length);
+    if (followed.ends_with(L'\\')) followed.pop_back();
+    return followed;
+}
+
+std::FILE* Open(const Path& path, const char* mode) {
+    // The system's C library has no "x".
+    const int flags = mode[0] == 'r'   ? _O_RDONLY
+                      : mode[0] == 'a' ? _O_WRONLY | _O_APPEND
+                                       : _O_WRONLY | _O_CREAT | _O_EXCL;
+    const int file = _wopen(path.c_str(), flags | _O_BINARY, _S_IREAD | _S_IWRITE);
+    return file < 0 ? nullptr : _fdopen(file, std::string(mode, 2).c_str());
+}
+
+bool MakeFolder(const Path& path) {
+    return CreateDirectoryW(path.c_str(), nullptr) != 0;
+}
+
+bool Unlink(const Path& path) {
+    return DeleteFileW(path.c_str()) != 0;
+}
+
+std::vector<Entry> EntriesOf(const Path& folder) {
+    std::vector<Entry> entries;
+    WIN32_FIND_DATAW entry;
+    const Path all = folder + (folder.ends_with(L'\\') ? L"*" : L"\\*");
+    const HANDLE search = FindFirstFileW(all.c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return entries;
+    do {
+        const PathView name = entry.cFileName;
+        if (name != L"." && name != L"..") {
+            entries.push_back({Path(name), IsFolder(entry.dwFileAttributes)});
+        }
+    } while (FindNextFileW(search, &entry));
+    FindClose(search);
+    return entries;
+}
+
+}  // namespace platform::native

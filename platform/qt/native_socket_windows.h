@@ -1,0 +1,62 @@
+#pragma once
+
+// The order matters: winsock2.h must come before anything that includes windows.h.
+#include <winsock2.h>
+#include <ws2tcpip.h>
+
+#include <cstddef>
+
+namespace platform::native {
+
+using Handle = SOCKET;
+inline constexpr Handle kNoHandle = INVALID_SOCKET;
+
+/// Readies the system's sockets for this process, once.
+inline bool Startup() {
+    static const bool started = [] {
+        WSADATA data;
+        return WSAStartup(MAKEWORD(2, 2), &data) == 0;
+    }();
+    return started;
+}
+
+inline int LastError() {
+    return WSAGetLastError();
+}
+/// The operation would have had to wait, or goes on in the background.
+inline bool IsPending(int error) {
+    return error == WSAEWOULDBLOCK || error == WSAEINPROGRESS;
+}
+
+inline void CloseHandle(Handle handle) {
+    closesocket(handle);
+}
+
+inline Handle OpenNonBlocking(int family) {
+    const Handle handle = socket(family, SOCK_STREAM, 0);
+    u_long on = 1;
+    if (handle == kNoHandle || ioctlsocket(handle, FIONBIO, &on) == 0) return handle;
+    closesocket(handle);
+    return kNoHandle;
+}
+
+/// The number of bytes read, 0 at the peer's close, below 0 for `LastError`.
+inline std::ptrdiff_t Receive(Handle handle, char* buffer, std::size_t size) {
+    return recv(handle, buffer, static_cast<int>(size), 0);
+}
+
+/// The number of bytes taken for sending, below 0 for `LastError`.
+inline std::ptrdiff_t Send(Handle handle, const char* bytes, std::size_t size) {
+    constexpr std::size_t kMost = 65536;  // an int takes no more than 2 GB
+    return send(handle, bytes, static_cast<int>(size < kMost ? size : kMost), 0);
+}
+
+using PollEntry = WSAPOLLFD;
+inline int PollAtOnce(PollEntry* entries, std::size_t count) {
+    return WSAPoll(entries, static_cast<ULONG>(count), 0);
+}
+
+/// A connecting that failed is told of as an exception, and the socket never becomes writable.
+inline constexpr bool kFailureIsException = true;
+
+}  // namespace platform::native

@@ -1,0 +1,192 @@
+#include "platform/system_files.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "platform/native_files.h"
+#include "platform/path_text.h"
+
+namespace platform {
+
+namespace {
+
+using native::Path;
+constexpr auto kSeparator = std::filesystem::path::preferred_separator;
+
+/// Writes one part after the other, as they may be too large for a copy that holds them all, and
+/// closes the file: some systems tell only then that the disk was full.
+bool WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> parts) {
+    // Small parts go to the system together; with a buffer of its own the library would first ask
+    // how large a one the disk likes.
+    std::array<char, 4096> buffer;
+    std::setvbuf(file, buffer.data(), _IOFBF, buffer.size());
+    const bool written = std::all_of(parts.begin(), parts.end(), [file](std::string_view part) {
+        return std::fwrite(part.data(), 1, part.size(), file) == part.size();
+    });
+    return std::fclose(file) == 0 && written;
+}
+
+/// Writes to a new file, as it came from `native::Open`, and leaves none on a fault.
+bool WriteNewFile(const Path& path, std::FILE* file,
+                  std::initializer_list<std::string_view> parts) {
+    if (file == nullptr) return false;
+    if (WriteAndClose(file, parts)) return true;
+    native::Unlink(path);
+    return false;
+}
+
+/// A name for the file that is written in the target's place and takes its name when it is whole.
+/// The sweep of the placeholders takes such a file along, should the program be killed in between.
+Path TemporaryBeside(const Path& path, int number) {
+    const std::string name = "~vantorin" + std::to_string(number) + ".tmp";
+    return path.substr(0, path.rfind(kSeparator) + 1).append(name.begin(), name.end());
+}
+
+/// Where `path` leads when every link on the way is followed; what does not exist yet counts as it
+/// is written. Nothing when that cannot be known: a link to nowhere, for one, leads wherever a
+/// write through it would go.
+std::optional<Path> FollowLinks(std::string_view path_text) {
+    std::optional<Path> path = native::PathOf(path_text);
+    Path missing;
+    while (path) {
+        if (const auto followed = native::FinalPath(*path)) return *followed + missing;
+        if ((errno != ENOENT && errno != ENOTDIR) || native::IsLink(*path)) return std::nullopt;
+        const std::size_t cut = path->rfind(kSeparator);
+        missing.insert(0, *path, cut);
+        path->resize(cut);
+    }
+    return std::nullopt;
+}
+
+std::optional<native::Status> StatusOf(std::string_view path_text) {
+    const auto path = native::PathOf(path_text);
+    return path ? native::StatusOf(*path) : std::nullopt;
+}
+
+}  // namespace
+
+SystemFiles::SystemFiles(const std::string& program_folder)
+    : program_folder_(PathTextOf(program_folder)) {
+    while (program_folder_.ends_with('\\')) {
+        program_folder_.pop_back();
+    }
+}
+
+bool SystemFiles::CreateFolder(std::string_view path) {
+    const auto native_path = native::PathOf(path);
+    return native_path && native::MakeFolder(*native_path);
+}
+
+std::optional<std::uint64_t> SystemFiles::FileLength(std::string_view path) const {
+    const auto status = StatusOf(path);
+    if (!status) return std::nullopt;
+    return status->is_folder ? 0 : status->length;
+}
+
+bool SystemFiles::FolderExists(std::string_view path) const {
+    const auto status = StatusOf(path);
+    return status && status->is_folder;
+}
+
+std::optional<std::string> SystemFiles::ReadFile(std::string_view path) const {
+    const auto native_path = native::PathOf(path);
+    const auto status = native_path ? native::StatusOf(*native_path) : std::nullopt;
+    if (!status || !status->is_file) return std::nullopt;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(native::Open(*native_path, "rb"),
+                                                               std::fclose);
+    if (file == nullptr) return std::nullopt;
+
+    std::string bytes;
+    try {
+        bytes.resize(status->length);
+    } catch (const std::exception&) {  // larger than the memory
+        return std::nullopt;
+    }
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
+    if (std::ferror(file.get()) != 0) return std::nullopt;
+    return bytes;
+}
+
+bool SystemFiles::WriteFile(std::string_view path, std::initializer_list<std::string_view> parts) {
+    const auto native_path = native::PathOf(path);
+    if (!native_path) return false;
+    Path temporary;
+    std::FILE* file = nullptr;
+    int number = 0;
+    do {
+        temporary = TemporaryBeside(*native_path, number++);
+        file = native::Open(temporary, "wbx");
+    } while (file == nullptr && errno == EEXIST);
+    if (!WriteNewFile(temporary, file, parts)) return false;
+
+    std::error_code error;
+    std::filesystem::rename(temporary, *native_path, error);
+    if (error) native::Unlink(temporary);
+    return !error;
+}
+
+bool SystemFiles::AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) {
+    const auto native_path = native::PathOf(path);
+    if (!native_path) return false;
+    const auto status = native::StatusOf(*native_path);
+    if (!status) return WriteNewFile(*native_path, native::Open(*native_path, "wbx"), parts);
+    std::FILE* const file = status->is_file ? native::Open(*native_path, "ab") : nullptr;
+    if (file == nullptr) return false;
+    if (WriteAndClose(file, parts)) return true;
+    // Were this to fail too, nothing more could be done about the part that was written.
+    std::error_code error;
+    std::filesystem::resize_file(*native_path, status->length, error);
+    return false;
+}
+
+bool SystemFiles::DeleteFile(std::string_view path) {
+    const auto native_path = native::PathOf(path);
+    return native_path && native::Unlink(*native_path);
+}
+
+void SystemFiles::DeleteBySuffix(std::string_view folder, std::string_view suffix) {
+    const auto native_folder = native::PathOf(folder);
+    if (!native_folder) return;
+    const Path ending(suffix.begin(), suffix.end());
+    for (const auto& [name, is_folder] : native::EntriesOf(*native_folder)) {
+        if (!is_folder && name.size() >= ending.size() &&
+            native::IsSameName(name.substr(name.size() - ending.size()), ending)) {
+            native::Unlink(*native_folder + kSeparator + name);
+        }
+    }
+}
+
+std::vector<std::string> SystemFiles::Subfolders(std::string_view folder) const {
+    const auto native_folder = native::PathOf(folder);
+    if (!native_folder) return {};
+    std::vector<std::string> names;
+    for (const auto& [name, is_folder] : native::EntriesOf(*native_folder)) {
+        if (!is_folder) continue;
+        if (const auto text = native::TextOf(name)) names.push_back(*text);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+bool SystemFiles::IsInside(std::string_view path, std::string_view folder) const {
+    const auto inner = FollowLinks(path);
+    const auto outer = FollowLinks(folder);
+    if (!inner || !outer || inner->size() < outer->size()) return false;
+    return native::IsSameName(inner->substr(0, outer->size()), *outer) &&
+           (inner->size() == outer->size() || (*inner)[outer->size()] == kSeparator);
+}
+
+bool SystemFiles::IsLink(std::string_view path) const {
+    const auto native_path = native::PathOf(path);
+    return native_path && native::IsLink(*native_path);
+}
+
+}  // namespace platform

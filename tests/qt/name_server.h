@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QUdpSocket>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+/// A name server on this machine, on the test's own event loop. What it does with a name, the first
+/// part of the name says:
+///   silent   says nothing
+///   half     says nothing when asked for an IPv6 address
+///   late     says nothing the first time
+///   no       there is no such name
+///   six      has an IPv6 address only
+///   big      must be asked over TCP
+/// Every name has the address of this machine.
+class NameServer {
+  public:
+    NameServer() {
+        do {
+            udp_ = std::make_unique<QUdpSocket>();
+            udp_->bind(QHostAddress::LocalHost);
+        } while (!tcp_.listen(QHostAddress::LocalHost, udp_->localPort()));
+        QObject::connect(udp_.get(), &QUdpSocket::readyRead, udp_.get(), [this] { AnswerUdp(); });
+        QObject::connect(&tcp_, &QTcpServer::newConnection, &tcp_, [this] {
+            QTcpSocket* client = tcp_.nextPendingConnection();
+            QObject::connect(client, &QTcpSocket::readyRead, client,
+                             [this, client] { AnswerTcp(*client); });
+        });
+    }
+
+    /// As the resolver takes it.
+    std::string Address() const { return "127.0.0.1:" + std::to_string(udp_->localPort()); }
+
+    /// How often a name has been asked for, each of the two families for itself.
+    std::map<std::string, int> asked;
+
+  private:
+    static constexpr std::size_t kHeader = 12;
+    static constexpr char kIPv4 = 1, kIPv6 = 28;  // kinds of question
+    static constexpr char kNoSuchName = 3;
+    static constexpr char kTruncated = 2;
+
+    void AnswerUdp() {
+        while (udp_->hasPendingDatagrams()) {
+            std::string question(static_cast<std::size_t>(udp_->pendingDatagramSize()), '\0');
+            QHostAddress from;
+            std::uint16_t port = 0;
+            udp_->readDatagram(question.data(), qint64(question.size()), &from, &port);
+            const std::string reply = Reply(question, false);
+            if (!reply.empty()) udp_->writeDatagram(reply.data(), qint64(reply.size()), from, port);
+        }
+    }
+
+    /// Over TCP two bytes of length stand before each message. All that are sent here are short.
+    void AnswerTcp(QTcpSocket& client) {
+        while (client.bytesAvailable() > 0) {
+            const std::string length = client.read(2).toStdString();
+            const std::string reply = Reply(client.read(length[1]).toStdString(), true);
+            const char reply_length[] = {0, char(reply.size())};
+            client.write(reply_length, sizeof reply_length);
+            client.write(reply.data(), qint64(reply.size()));
+        }
+    }
+
+    std::string Reply(const std::string& question, bool tcp) {
+        std::string name;
+        std::size_t at = kHeader;
+        for (; question[at] != 0; at += std::size_t(question[at]) + 1)
+            name += (name.empty() ? "" : ".") + question.substr(at + 1, std::size_t(question[at]));
+        const char kind = question[at + 2];
+        const int times = ++asked[name];
+        const auto is = [&](std::string_view rule) { return name.starts_with(rule); };
+        if (is("silent") || (is("half") && kind == kIPv6) || (is("late") && times <= 2)) return "";
+
+        // The question comes back with the header's flags and counts filled in; answers follow.
+        std::string reply = question.substr(0, at + 5);
+        const bool cut = is("big") && !tcp;
+        const bool has = !cut && !is("no") && is("six") == (kind == kIPv6);
+        reply[2] = static_cast<char>(0x81 | (cut ? kTruncated : 0));
+        reply[3] = static_cast<char>(0x80 | (is("no") ? kNoSuchName : 0));
+        reply[7] = has ? 1 : 0;
+        if (!has) return reply;
+        using namespace std::string_literals;
+        const std::string address = kind == kIPv4 ? "\x7f\0\0\1"s : std::string(15, '\0') + '\1';
+        return reply + "\xc0\x0c\0"s + kind + "\0\1\0\0\0\x3c\0"s + char(address.size()) + address;
+    }
+
+    std::unique_ptr<QUdpSocket> udp_;
+    QTcpServer tcp_;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+
+class QProgressBar;
+
+namespace ui {
+
+class ElidedLabel;
+
+/// How far a crawl is, below everything else: a thin bar, and the same in words.
+class ProgressStrip : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ProgressStrip(QWidget* parent);
+
+    /// Shows `words`, and of `known` files `done`; no bar when none are known.
+    void Show(std::int64_t done, std::int64_t known, const QString& words);
+
+  private:
+    QProgressBar* bar_;
+    ElidedLabel* words_;
+};
+
+}  // namespace ui

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QColor>
+#include <initializer_list>
+
+namespace ui {
+
+/// How well two colours are told apart, from 1 (not at all) to 21 (black and white), as the rules
+/// for accessible web pages count it.
+double Contrast(const QColor& a, const QColor& b);
+
+/// A paler `text` for what only accompanies: row numbers, hints. It is mixed with the first of
+/// `backgrounds` and readable (a contrast of 4.5) on each of them, where `text` itself is.
+QColor QuietText(const QColor& text, std::initializer_list<QColor> backgrounds);
+
+}  // namespace ui
