@@ -10,7 +10,7 @@
 #include "platform/system_files.h"
 #include "tests/fakes/temp_folder.h"
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 namespace {
 

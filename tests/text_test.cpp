@@ -14,7 +14,7 @@
 
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 TEST(TextTest, InStrCountsFromOneAndZeroMeansAbsent) {
     EXPECT_EQ(text::InStr("abcabc", "abc", 0), 1u);
