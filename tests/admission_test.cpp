@@ -186,13 +186,4 @@ TEST_F(AdmissionTest, ALinkIsQueuedOnceAlsoWhereItsNameIsNotTheOneWritten) {
     EXPECT_EQ(system_.files.At("C:\\mirror\\site.com\\x.html.tmp"), kPlaceholder);
 }
 
-TEST_F(AdmissionTest, ALinkWhoseFilesCannotBeWrittenIsQueuedOnce) {
-    system_.files.disk_full = true;
-    for (int i = 0; i < 2; ++i) {
-        Admit("site.com/a/b/../y.html");
-        Admit("site.com/nul\0.html"s);
-    }
-    EXPECT_EQ(fakes::Items(crawl::List1), (Addresses{"site.com/a/y.html", "site.com/nul\0.html"s}));
-}
-
 }  // namespace

@@ -14,6 +14,7 @@
 #include "tests/fakes/temp_folder.h"
 
 using namespace bas_Output;
+using std::string_literals::operator""s;
 
 namespace {
 
@@ -86,6 +87,8 @@ TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
     EXPECT_FALSE(WriteMirrorPage("C:\\mirror\\..\\x", "mirror", {"x"}));
     EXPECT_TRUE(HasMirrorFile("C:\\mirror\\\\dir\\..\\bad"));
     EXPECT_TRUE(HasMirrorFile("c:\\x"));
+    EXPECT_FALSE(AppendMirrorFile("C:\\mirror\\a\0b"s, {"x"}));
+    EXPECT_TRUE(HasMirrorFile("C:\\mirror\\a\0b"s));
     BeginMirror();
     EXPECT_FALSE(HasMirrorFile("C:\\mirror\\bad"));
 }

@@ -2,15 +2,23 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <deque>
 #include <exception>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <utility>
 
 #include "engine/answer_memory.h"
 #include "engine/endings.h"
 #include "engine/scheduler.h"
 #include "engine/site_start.h"
+#include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_main_window.h"
+#include "tests/fakes/fake_network.h"
+#include "tests/fakes/fake_system.h"
+#include "tests/schedule_checks.h"
+#include "tests/schedule_site.h"
 
 namespace schedules {
 
@@ -20,227 +28,253 @@ constexpr std::size_t kLargeAnswer = 5000;
 constexpr std::size_t kEverything = 1'000'000;
 constexpr const char* kConnections[] = {"1", "2", "3", "4", "8", "24", "0"};
 
-}  // namespace
+/// The engine, and around it a user, servers and time that do what a list of events says.
+class World : private fakes::FakeNetwork {
+  public:
+    /// `seed` gives the sites, the timeout and the memory for answers.
+    explicit World(unsigned seed)
+        : sites_(seed, kLargeAnswer), timeout_(100 + 150 * (seed % 7)), checks_(sites_, loop_) {
+        // In every fourth world, one large answer beside others is too much.
+        bas_Connections::MostAnswerBytes = seed % 4 == 0 ? kLargeAnswer : 1'000'000;
+        system_.emplace(loop_);
+        system_->files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.gif\r\n");
+        system_->files.refused = {"c:\\Websites\\site.com\\bad.html",
+                                  "c:\\Websites\\site.com\\bad.html.tmp"};
+        Boot();
+    }
 
-World::World(unsigned seed)
-    : sites_(seed, kLargeAnswer), timeout_(100 + 150 * (seed % 7)), checks_(sites_, loop_) {
-    // In every fourth world, one large answer beside others is too much.
-    bas_Connections::MostAnswerBytes = seed % 4 == 0 ? kLargeAnswer : 1'000'000;
-    system_.emplace(loop_);
-    system_->files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.gif\r\n");
-    system_->files.refused = {"c:\\Websites\\site.com\\bad.html",
-                              "c:\\Websites\\site.com\\bad.html.tmp"};
-    Boot();
-}
+    ~World() override {
+        crawl::List1.on_change = nullptr;
+        bas_Connections::MostAnswerBytes = std::numeric_limits<std::int32_t>::max();
+    }
 
-World::~World() {
-    bas_Connections::MostAnswerBytes = std::numeric_limits<std::int32_t>::max();
-}
+    /// Does these events, then lets the servers do what they do by themselves until the crawl is
+    /// over. What went wrong first, or "".
+    std::string Run(const std::vector<Event>& events) {
+        try {
+            to_come_.assign(events.begin(), events.end());
+            while (checks_.Fault().empty() && DoNext()) {
+                checks_.Look();
+            }
+            LetItEnd();
+        } catch (const std::exception& e) {
+            return e.what();
+        }
+        return checks_.Fault();
+    }
 
-void World::Boot() {
-    system_->boxes.while_open = [this] { DoBehindBox(); };
-    crawl::TargetFolder = "C:\\Websites\\";
-    paused_ = false;
-    window_.emplace(loop_);
-    window_->JoinNetwork(*this);
-    checks_.Booted(*window_, system_->files);
-}
+  private:
+    void Boot() {
+        system_->boxes.while_open = [this] { DoBehindBox(); };
+        crawl::TargetFolder = "C:\\Websites\\";
+        paused_ = false;
+        window_.emplace(loop_);
+        window_->JoinNetwork(*this);
+        checks_.Booted(*window_, system_->files);
+    }
 
-void World::Attach(fakes::FakeSocket& socket) {
-    const int slot = static_cast<int>(attached_++ % crawl::kSlotCount) + 1;
-    socket.peer_on_connect = [this, slot](fakes::FakeSocket&) { checks_.Connected(slot); };
-    fakes::FakeTimer& timer = window_->tmrOut(slot);
-    timer.on_timer = [this, slot, handler = timer.on_timer] { checks_.TimerFired(slot, handler); };
-}
+    void Attach(fakes::FakeSocket& socket) override {
+        const int slot = static_cast<int>(attached_++ % crawl::kSlotCount) + 1;
+        socket.peer_on_connect = [this, slot](fakes::FakeSocket&) { checks_.Connected(slot); };
+        fakes::FakeTimer& timer = window_->tmrOut(slot);
+        timer.on_timer = [this, slot, handler = timer.on_timer] {
+            checks_.TimerFired(slot, handler);
+        };
+    }
 
-std::string World::Run(const std::vector<Event>& events) {
-    try {
-        to_come_.assign(events.begin(), events.end());
-        while (checks_.Fault().empty() && DoNext()) {
+    bool DoNext() {
+        if (to_come_.empty()) return false;
+        const Event event = to_come_.front();
+        to_come_.pop_front();
+        if (event.kind == Kind::Restart && boxes_open_ == 0) Restart(event.amount % 2 == 1);
+        Do(event);
+        return true;
+    }
+
+    void Do(const Event& event) {
+        if (event.yield > 0) {
+            loop_.AtYield(event.yield, [this, event] { DoNow(event); });
+        } else {
+            DoNow(event);
+            loop_.RunUntilIdle();
+        }
+    }
+
+    void DoNow(const Event& event) {
+        if (user_gone_) return;
+        if (event.kind == Kind::Wait) {
+            loop_.Advance(event.amount);
+        } else if (event.kind < Kind::Wait) {
+            BeServed(event);
+        } else if (boxes_open_ == 0) {
+            Click(event);
+        }
+    }
+
+    /// While a box is open, the next two events happen behind it.
+    void DoBehindBox() {
+        const std::string title = system_->boxes.asked.back().title;
+        checks_.Asked(title);
+        ++boxes_open_;
+        for (int i = 0; i < 2; ++i) {
+            DoNext();
+        }
+        --boxes_open_;
+        const bool yes = title == "Exit Vantorin" || (title == "Stop Download" && stop_answer_);
+        if (yes) checks_.StopConfirmed();
+        system_->boxes.answers = {yes ? platform::BoxAnswer::Yes : platform::BoxAnswer::No};
+    }
+
+    void BeServed(const Event& event) {
+        std::vector<int> open;
+        for (int i = 1; i <= crawl::kSlotCount; ++i) {
+            const Peer* const peer = checks_.PeerOf(i);
+            const bool is_open = window_->Sock(i).State() != platform::SocketState::Closed;
+            if (is_open && peer != nullptr && !peer->ended) open.push_back(i);
+        }
+        if (open.empty()) return;
+        const int slot = open[event.which % open.size()];
+        if (event.kind == Kind::Serve || !checks_.PeerOf(slot)->accepted) Serve(slot, event.amount);
+        if (event.kind == Kind::Finish) Serve(slot, kEverything);
+        if (event.kind == Kind::CloseEarly || event.kind == Kind::Reset) {
+            End(slot, event.kind == Kind::Reset);
+        }
+    }
+
+    /// The server of this slot accepts or refuses, or, when it has accepted, sends and perhaps
+    /// ends.
+    void Serve(int slot, std::size_t amount) {
+        Peer& peer = *checks_.PeerOf(slot);
+        fakes::FakeSocket& socket = window_->Sock(slot);
+        const Ending ending = peer.answer->ending;
+        if (peer.ended || (peer.accepted && ending == Ending::Silence)) return;
+        if (ending == Ending::Refusal) {
+            socket.PeerRefuses();
+            peer.ended = true;
+        } else if (!peer.accepted) {
+            socket.PeerAccepts();
+            peer.accepted = true;
+        } else {
+            const std::string& bytes = peer.answer->bytes;
+            const std::size_t all = ending == Ending::Reset ? bytes.size() / 2 : bytes.size();
+            const std::size_t count = std::min(amount, std::max(all, peer.sent) - peer.sent);
+            socket.PeerSends(bytes.substr(peer.sent, count));
+            checks_.Sent(slot, count);
+            if (peer.sent >= all) End(slot, ending == Ending::Reset);
+        }
+    }
+
+    void End(int slot, bool reset) {
+        Peer& peer = *checks_.PeerOf(slot);
+        if (peer.ended) return;
+        if (reset) {
+            window_->Sock(slot).PeerResets();
+        } else {
+            window_->Sock(slot).PeerCloses();
+            checks_.ClosedByServer(slot);
+        }
+        peer.ended = true;
+    }
+
+    void Click(const Event& event) {
+        if (paused_ && event.kind != Kind::Resume) return;
+        switch (event.kind) {
+            case Kind::Start:
+                Start(kHosts[event.which % std::size(kHosts)]);
+                break;
+            case Kind::Stop:
+                Stop(event.amount % 2 == 1);
+                if (event.amount % 4 == 3) Start(kHosts[event.which % std::size(kHosts)]);
+                break;
+            case Kind::Pause:
+                if (!window_->pause_enabled) break;
+                paused_ = true;
+                checks_.Paused(true);
+                bas_Connections::mnupause_Click();
+                break;
+            case Kind::Resume:
+                if (!std::exchange(paused_, false)) break;
+                checks_.Paused(false);
+                bas_Connections::Resume();
+                break;
+            case Kind::Connections:
+                window_->txt_max = kConnections[event.which % std::size(kConnections)];
+                bas_Connections::txtMax_Click();
+                break;
+            default:
+                break;
+        }
+    }
+
+    void Start(const std::string& address) {
+        // Without a connection the start page would be lost, and nothing could ever end.
+        if (!window_->start_enabled || leaving_ || bas_Connections::ConnectionsCount() < 1) return;
+        crawl::Stopping = false;
+        window_->text1 = address;
+        checks_.Started(address);
+        bas_Connections::ConnectNowNow();
+        for (int i = 1; i <= crawl::kSlotCount; ++i) {
+            window_->tmrOut(i).SetInterval(timeout_);
+        }
+    }
+
+    void Stop(bool yes) {
+        if (!window_->stop_enabled || leaving_) return;
+        stop_answer_ = yes;
+        leaving_ = true;
+        bas_Connections::AskStop();
+        leaving_ = false;
+    }
+
+    void Restart(bool by_exit) {
+        if (by_exit && !paused_) {
+            leaving_ = true;
+            bas_Connections::Form_Unload();
+            leaving_ = false;
             checks_.Look();
         }
-        LetItEnd();
-    } catch (const std::exception& e) {
-        return e.what();
+        window_.reset();
+        const fakes::MemoryFiles disk = std::move(system_->files);
+        system_.emplace(loop_);
+        system_->files = disk;
+        Boot();
     }
-    return checks_.Fault();
-}
 
-bool World::DoNext() {
-    if (to_come_.empty()) return false;
-    const Event event = to_come_.front();
-    to_come_.pop_front();
-    if (event.kind == Kind::Restart && boxes_open_ == 0) Restart(event.amount % 2 == 1);
-    Do(event);
-    return true;
-}
-
-void World::Do(const Event& event) {
-    if (event.yield > 0) {
-        loop_.AtYield(event.yield, [this, event] { DoNow(event); });
-    } else {
-        DoNow(event);
-        loop_.RunUntilIdle();
-    }
-}
-
-void World::DoNow(const Event& event) {
-    if (user_gone_) return;
-    if (event.kind == Kind::Wait) {
-        loop_.Advance(event.amount);
-    } else if (event.kind < Kind::Wait) {
-        BeServed(event);
-    } else if (boxes_open_ == 0) {
-        Click(event);
-    }
-}
-
-/// While a box is open, the next two events happen behind it.
-void World::DoBehindBox() {
-    const std::string title = system_->boxes.asked.back().title;
-    checks_.Asked(title);
-    ++boxes_open_;
-    for (int i = 0; i < 2; ++i) {
-        DoNext();
-    }
-    --boxes_open_;
-    const bool yes = title == "Exit Vantorin" || (title == "Stop Download" && stop_answer_);
-    if (yes) checks_.StopConfirmed();
-    system_->boxes.answers = {yes ? platform::BoxAnswer::Yes : platform::BoxAnswer::No};
-}
-
-void World::BeServed(const Event& event) {
-    std::vector<int> open;
-    for (int i = 1; i <= crawl::kSlotCount; ++i) {
-        const Peer* const peer = checks_.PeerOf(i);
-        const bool is_open = window_->Sock(i).State() != platform::SocketState::Closed;
-        if (is_open && peer != nullptr && !peer->ended) open.push_back(i);
-    }
-    if (open.empty()) return;
-    const int slot = open[event.which % open.size()];
-    if (event.kind == Kind::Serve || !checks_.PeerOf(slot)->accepted) Serve(slot, event.amount);
-    if (event.kind == Kind::Finish) Serve(slot, kEverything);
-    if (event.kind == Kind::CloseEarly || event.kind == Kind::Reset) {
-        End(slot, event.kind == Kind::Reset);
-    }
-}
-
-/// The server of this slot accepts or refuses, or, when it has accepted, sends and perhaps ends.
-void World::Serve(int slot, std::size_t amount) {
-    Peer& peer = *checks_.PeerOf(slot);
-    fakes::FakeSocket& socket = window_->Sock(slot);
-    const Ending ending = peer.answer->ending;
-    if (peer.ended || (peer.accepted && ending == Ending::Silence)) return;
-    if (ending == Ending::Refusal) {
-        socket.PeerRefuses();
-        peer.ended = true;
-    } else if (!peer.accepted) {
-        socket.PeerAccepts();
-        peer.accepted = true;
-    } else {
-        const std::string& bytes = peer.answer->bytes;
-        const std::size_t all = ending == Ending::Reset ? bytes.size() / 2 : bytes.size();
-        const std::size_t count = std::min(amount, std::max(all, peer.sent) - peer.sent);
-        socket.PeerSends(bytes.substr(peer.sent, count));
-        checks_.Sent(slot, count);
-        if (peer.sent >= all) End(slot, ending == Ending::Reset);
-    }
-}
-
-void World::End(int slot, bool reset) {
-    Peer& peer = *checks_.PeerOf(slot);
-    if (peer.ended) return;
-    if (reset) {
-        window_->Sock(slot).PeerResets();
-    } else {
-        window_->Sock(slot).PeerCloses();
-        checks_.ClosedByServer(slot);
-    }
-    peer.ended = true;
-}
-
-void World::Click(const Event& event) {
-    if (paused_ && event.kind != Kind::Resume) return;
-    switch (event.kind) {
-        case Kind::Start:
-            Start(kHosts[event.which % std::size(kHosts)]);
-            break;
-        case Kind::Stop:
-            Stop(event.amount % 2 == 1);
-            if (event.amount % 4 == 3) Start(kHosts[event.which % std::size(kHosts)]);
-            break;
-        case Kind::Pause:
-            if (!window_->pause_enabled) break;
-            paused_ = true;
-            checks_.Paused(true);
-            bas_Connections::mnupause_Click();
-            break;
-        case Kind::Resume:
-            if (!std::exchange(paused_, false)) break;
-            checks_.Paused(false);
-            bas_Connections::Resume();
-            break;
-        case Kind::Connections:
-            window_->txt_max = kConnections[event.which % std::size(kConnections)];
-            bas_Connections::txtMax_Click();
-            break;
-        default:
-            break;
-    }
-}
-
-void World::Start(const std::string& address) {
-    // Without a connection the start page would be lost, and nothing could ever end.
-    if (!window_->start_enabled || leaving_ || bas_Connections::ConnectionsCount() < 1) return;
-    crawl::Stopping = false;
-    window_->text1 = address;
-    checks_.Started(address);
-    bas_Connections::ConnectNowNow();
-    for (int i = 1; i <= crawl::kSlotCount; ++i) {
-        window_->tmrOut(i).SetInterval(timeout_);
-    }
-}
-
-void World::Stop(bool yes) {
-    if (!window_->stop_enabled || leaving_) return;
-    stop_answer_ = yes;
-    leaving_ = true;
-    bas_Connections::AskStop();
-    leaving_ = false;
-}
-
-void World::Restart(bool by_exit) {
-    if (by_exit && !paused_) {
-        leaving_ = true;
-        bas_Connections::Form_Unload();
-        leaving_ = false;
-        checks_.Look();
-    }
-    window_.reset();
-    const fakes::MemoryFiles disk = std::move(system_->files);
-    system_.emplace(loop_);
-    system_->files = disk;
-    Boot();
-}
-
-void World::LetItEnd() {
-    if (bas_Connections::ConnectionsCount() < 1) window_->txt_max = "4";
-    Click({Kind::Resume});
-    user_gone_ = true;
-    for (int round = 0; round < 1000 && checks_.CrawlRuns() && checks_.Fault().empty(); ++round) {
-        for (int i = 1; i <= crawl::kSlotCount; ++i) {
-            const bool open = window_->Sock(i).State() != platform::SocketState::Closed;
-            if (open && checks_.PeerOf(i) != nullptr) Serve(i, kEverything);
+    void LetItEnd() {
+        if (bas_Connections::ConnectionsCount() < 1) window_->txt_max = "4";
+        Click({Kind::Resume});
+        user_gone_ = true;
+        for (int round = 0; round < 1000 && checks_.CrawlRuns() && checks_.Fault().empty();
+             ++round) {
+            for (int i = 1; i <= crawl::kSlotCount; ++i) {
+                const bool open = window_->Sock(i).State() != platform::SocketState::Closed;
+                if (open && checks_.PeerOf(i) != nullptr) Serve(i, kEverything);
+            }
+            loop_.RunUntilIdle();
+            checks_.Look();
+            loop_.Advance(timeout_ / 2);
+            checks_.Look();
         }
-        loop_.RunUntilIdle();
-        checks_.Look();
-        loop_.Advance(timeout_ / 2);
+        checks_.MustBeOver();
+        loop_.Advance(5 * timeout_);
         checks_.Look();
     }
-    checks_.MustBeOver();
-    loop_.Advance(5 * timeout_);
-    checks_.Look();
-}
+
+    Sites sites_;
+    std::int64_t timeout_;
+    fakes::FakeLoop loop_;
+    std::optional<fakes::FakeSystem> system_;
+    std::optional<fakes::FakeMainWindow> window_;
+    Checks checks_;
+    std::deque<Event> to_come_;
+    int boxes_open_ = 0;
+    bool stop_answer_ = false, leaving_ = false;
+    bool paused_ = false;
+    bool user_gone_ = false;
+    unsigned attached_ = 0;
+};
+
+}  // namespace
 
 std::string Fault(unsigned seed, const std::vector<Event>& events) {
     return World(seed).Run(events);

@@ -72,6 +72,7 @@ TEST_F(QtMessageBoxesTest, BelongToTheDialogOrTheMainWindow) {
     main_window.show();
     QWidget other;  // has the keyboard, as a window of another program would
     other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     QApplication::setActiveWindow(nullptr);
     const auto owner_of_box = [&] {
         QWidget* owner = nullptr;
@@ -86,6 +87,7 @@ TEST_F(QtMessageBoxesTest, BelongToTheDialogOrTheMainWindow) {
     QDialog dialog(&main_window);
     dialog.setModal(true);
     dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     QApplication::setActiveWindow(nullptr);
     EXPECT_EQ(owner_of_box(), &dialog);
 }
