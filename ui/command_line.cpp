@@ -122,7 +122,7 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
         return {CommandLine::Action::Print, {}, QString(kNameAndVersion) + "\n", 0};
     }
     if (!parser.positionalArguments().isEmpty()) {
-        return Refuse("Unknown word \"" + parser.positionalArguments().first() + "\".");
+        return Refuse("Unknown argument \"" + parser.positionalArguments().first() + "\".");
     }
     if (parser.optionNames().isEmpty()) return {};
     return OrderFrom(parser, options);

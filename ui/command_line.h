@@ -14,13 +14,13 @@ struct CrawlOrder {
     std::int64_t timeout_milliseconds = 15000;  ///< 0 waits for ever
 };
 
-/// What the words on the command line ask for.
+/// What the command line asks for.
 struct CommandLine {
     enum class Action { OpenWindow, Crawl, Print };
     Action action = Action::OpenWindow;
     CrawlOrder order;   ///< for `Crawl`
     QString text;       ///< for `Print`
-    int exit_code = 0;  ///< for `Print`; 2 when the words are wrong
+    int exit_code = 0;  ///< for `Print`; 2 when the arguments are wrong
 };
 
 /// Reads the command line; `arguments` begin with the program's name.

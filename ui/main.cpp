@@ -115,11 +115,11 @@ int main(int argc, char** argv) {
 #endif
     QCoreApplication::setApplicationName("Vantorin");
     QCoreApplication::setApplicationVersion(ui::kVersion);
-    QStringList words;
+    QStringList arguments;
     for (int i = 0; i < argc; ++i)
-        words += QString::fromLocal8Bit(argv[i]);
+        arguments += QString::fromLocal8Bit(argv[i]);
 
-    const CommandLine line = ui::ReadCommandLine(words);
+    const CommandLine line = ui::ReadCommandLine(arguments);
     switch (line.action) {
         case CommandLine::Action::Print:
             return Print(line);
