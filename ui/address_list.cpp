@@ -68,7 +68,7 @@ void AddressList::Detach() {
 }
 
 std::string AddressList::Selected() {
-    model_->Update();
+    ShowChanges();
     const QModelIndexList selected = selectionModel()->selectedRows();
     return selected.empty() ? std::string() : model_->Address(selected.front().row());
 }
@@ -78,13 +78,18 @@ void AddressList::CopySelected() {
     if (!address.empty()) QApplication::clipboard()->setText(platform::FromBytes(address));
 }
 
+void AddressList::ShowChanges() {
+    const bool at_end = AtEnd();
+    model_->Update();
+    // Qt puts this off, and until then the scroll bar does not know where the end is.
+    updateGeometries();
+    if (at_end) scrollToBottom();
+    viewport()->update();
+}
+
 void AddressList::Refresh() {
     // A list out of sight, as in a run without a window, costs nothing.
-    if (isVisible()) {
-        const bool at_end = AtEnd();
-        model_->Update();
-        if (at_end) scrollToBottom();
-    }
+    if (isVisible()) ShowChanges();
     emit Refreshed();
 }
 

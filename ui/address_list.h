@@ -48,6 +48,7 @@ class AddressList : public QTableView {
 
   private:
     void MakeMenu();
+    void ShowChanges();
     void Refresh();
     void CopySelected();
     bool AtEnd() const;

@@ -97,6 +97,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void PlaceFixedControls();
     void FitPanel(int height);
     void Form_Resize();
+    void HideWhatDoesNotFit();
     void PlaceOtherLinksButton();
 
     // frm_main_commands.cpp
@@ -105,7 +106,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void ConnectMenu();
     void ConnectCrawl();
     void ExploreTarget();
-    void OpenSelectedAddress();
+    static void OpenSelectedAddress(AddressList& list);
     void mnunew_Click();
     void mnuabout_Click();
     void ShowOtherLinks(bool other_links);

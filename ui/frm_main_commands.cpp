@@ -45,15 +45,16 @@ void frmMain::ConnectControls() {
     On(command2_, &QPushButton::clicked, [] { bas_Connections::AskStop(); });
     On(command3_, &QPushButton::clicked, [this] { filters_ = zFilter::ShowOver(this); });
     On(command4_, &QPushButton::clicked, [this] { ExploreTarget(); });
-    On(list1_, &AddressList::Activated, [this] { OpenSelectedAddress(); });
+    for (AddressList* list : {list1_, list2_}) {
+        On(list, &AddressList::Activated, [list] { OpenSelectedAddress(*list); });
+        On(list, &AddressList::Refreshed, [this] { ListChanged(); });
+    }
     On(other_links_, &QToolButton::clicked, [this] { ShowOtherLinks(list2_->isHidden()); });
 
     // Leaving the box is no choice from its list.
     disconnect(txt_max_->lineEdit(), &QLineEdit::editingFinished, txt_max_, nullptr);
     On(txt_max_->lineEdit(), &QLineEdit::textEdited, [] { bas_Connections::txtMax_Change(); });
     On(txt_max_, &QComboBox::activated, [] { bas_Connections::txtMax_Click(); });
-    On(list1_, &AddressList::Refreshed, [this] { ListChanged(); });
-    On(list2_, &AddressList::Refreshed, [this] { ListChanged(); });
 }
 
 void frmMain::ConnectMenu() {
@@ -92,8 +93,8 @@ void frmMain::ExploreTarget() {
                                                               : folder);
 }
 
-void frmMain::OpenSelectedAddress() {
-    std::string address = list1_->Selected();
+void frmMain::OpenSelectedAddress(AddressList& list) {
+    std::string address = list.Selected();
     if (address.empty()) return;
     if (text::LowerCase(text::Left(address, 7)) != "http://") {
         address = "http://" + std::string(text::Trim(address));

@@ -122,9 +122,17 @@ void frmMain::Form_Resize() {
 
     list2_->setGeometry(list1_->geometry());
     SetWidth(label6_, w - 360);
-    // In a narrow window the counters need the hint's room.
-    label7_->setVisible(label7_->x() > label5_->geometry().right());
+    HideWhatDoesNotFit();
     PlaceOtherLinksButton();
+}
+
+void frmMain::HideWhatDoesNotFit() {
+    // Half a number reads as another one.
+    for (QLabel* counter : {label3_, label4_, label1_, label5_}) {
+        counter->setVisible(counter->x() + counter->sizeHint().width() <= client_->width());
+    }
+    label7_->setVisible(label7_->x() > label5_->geometry().right());
+    label9_->setVisible(label9_->x() > command4_->geometry().right());
 }
 
 void frmMain::PlaceOtherLinksButton() {

@@ -68,6 +68,13 @@ TEST_F(AddressList, KeepsItsEndInViewUntilScrolledUp) {
     Add(50);
     Refresh();
     EXPECT_EQ(BottomRow(), "www.site.com/149");
+    for (const int added : {1, 3, 5}) {  // as a crawl does: some are taken, some found
+        for (int i = 0; i < 3; ++i)
+            items.RemoveLast();
+        Add(added);
+        Refresh();
+        EXPECT_EQ(BottomRow(), items.Item(items.Count() - 1));
+    }
     list.verticalScrollBar()->setValue(20);
     Add(50);
     Refresh();

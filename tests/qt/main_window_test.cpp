@@ -268,6 +268,14 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     }
     EXPECT_EQ(system.processes.addresses,
               (Texts{"http://www.site.com/a", "HTTP://site.com/b", "http://www.site.com/c"}));
+
+    Click("OtherLinks");
+    crawl::List2.AddItem("site.com/d.iso");
+    QTest::qWait(100);
+    auto& other_links = The<ui::AddressList>("List2");
+    other_links.selectRow(0);
+    other_links.findChild<QAction*>("OpenAddress")->trigger();
+    EXPECT_EQ(system.processes.addresses.back(), "http://site.com/d.iso");
 }
 
 TEST_F(MainWindow, AsksBeforeItCloses) {
