@@ -11,6 +11,7 @@ import os
 import subprocess
 import sys
 import time
+from pathlib import Path
 
 from watched_crawl import HOST, ONE_MB, SITE, WatchedCrawl
 
@@ -188,11 +189,15 @@ def file_named_like_a_folder():
 
 # --- The shell ------------------------------------------------------------------------------------
 
+def program_in(scratch):
+    return scratch / "program" / Path(os.environ["VANTORIN_PROGRAM"]).name
+
+
 def run(scratch, *words, other=page(b"b"), **more):
     """Crawls two pages and a third that answers `other`: whether the two were saved, the exit status
     (None for no end), and what was said.
     """
-    command = [scratch / "program/vantorin", "--site", SITE, *words]
+    command = [program_in(scratch), "--site", SITE, *words]
     with ScriptedServer(site_of({b"/a.html": page(b"a"), b"/other.html": other})):
         try:
             done = subprocess.run(command, capture_output=True, text=True, timeout=20, check=False,
@@ -252,8 +257,9 @@ def tiny_timeout():
 def crawl_into_pipe(writer):
     """Starts a crawl of 100 pages, each of which comes late, whose output goes into a pipe."""
     scratch = place("pipe")
-    process = subprocess.Popen([scratch / "program/vantorin", "--site", SITE, "--folder", scratch / "mirror"],
-                               stdout=writer, stderr=subprocess.STDOUT, env=environment(scratch / "home"))
+    command = [program_in(scratch), "--site", SITE, "--folder", scratch / "mirror"]
+    process = subprocess.Popen(command, stdout=writer, stderr=subprocess.STDOUT,
+                               env=environment(scratch / "home"))
     os.close(writer)
     return process, scratch / "mirror"
 

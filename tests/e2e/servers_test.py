@@ -255,7 +255,8 @@ class SilentNameServer(unittest.TestCase):
         links = links_to(*[b"http://www.second.test" + path for path in live], *dead)
         folder = private_network.scratch("names")
         with private_network.silent_name_server(), ScriptedServer({b"/": page(links)}) as server:
-            crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror", "--connections", 24)
+            crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror",
+                          "--connections", 24)
             try:
                 wait_until(lambda: set(live) <= set(server.paths()), seconds=5, what="each live name's turn")
             finally:
