@@ -45,18 +45,6 @@ WANTED = [
     (b"/a.html", b"www.example.test"),
 ]
 
-# What is typed as the address -> path and host of the first request.
-STARTS = [
-    ("www.example.test", b"/", b"www.example.test"),
-    ("  HTTP://example.test/about ", b"/about/", b"www.example.test"),
-    ("http://www.example.test/docs/index.html", b"/docs/", b"www.example.test"),
-    ("www.example.test//a//b.html", b"/a/b.html", b"www.example.test"),
-    ("www.example.test/pics/cat.jpeg", b"/pics/cat.jpg", b"www.example.test"),
-    ("example.test/" + 1200 * "x" + ".html", b"/" + 998 * b"x" + b"/", b"www.example.test"),
-    ("www.example.test/sp ace.html", b"/sp ace.html", b"www.example.test"),
-]
-
-
 def request(path, host):
     return (b"GET " + path + b" HTTP/1.0\r\nHost: " + host + b"\r\nReferrer: " + host +
             b"\r\nUser-Agent: Internet Explorer 6.01\r\n\r\n")
@@ -76,13 +64,6 @@ class WireTest(unittest.TestCase):
         self.assertEqual(status, 0)
         self.assertEqual(server.requests, [request(path, host) for path, host in WANTED])
         self.assertEqual(set(server.extra), {b""}, "a connection is for one file")
-
-    def test_first_request(self):
-        for site, path, host in STARTS:
-            with self.subTest(site=site[:40]):
-                status, server = self.crawl(site, {})
-                self.assertEqual(status, 0)
-                self.assertEqual(server.requests, [request(path, host)])
 
     def test_addresses_above_the_root_are_not_asked_for(self):
         status, server = self.crawl("www.example.test/../x.html", {})
