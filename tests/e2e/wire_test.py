@@ -45,6 +45,7 @@ WANTED = [
     (b"/a.html", b"www.example.test"),
 ]
 
+
 def request(path, host):
     return (b"GET " + path + b" HTTP/1.0\r\nHost: " + host + b"\r\nReferrer: " + host +
             b"\r\nUser-Agent: Internet Explorer 6.01\r\n\r\n")

@@ -105,6 +105,7 @@ TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     // Only choosing a count clears the rows beyond it.
     Window().SetRowStatus(5, "Downloading");
     type("3");
+    The<QPushButton>("Command4").setFocus();  // leaving the box chooses nothing
     EXPECT_EQ(The<QLabel>("l5").text(), "Downloading");
     Window().ChooseConnections(4);
     EXPECT_EQ(The<QLabel>("l5").text(), "Not Connected.");
