@@ -3,12 +3,53 @@
 //
 //     ninja -C build/release schedule_run && build/release/bench/schedule_run --count 100000 --seed
 //     1
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "tests/schedule_world.h"
+#include "tests/schedules.h"
+
+namespace {
+
+using schedules::Event;
+using schedules::Fault;
+
+/// The events of a schedule that fails, without those that it fails without.
+std::vector<Event> Shortened(unsigned seed, std::vector<Event> events) {
+    for (std::ptrdiff_t count = std::ssize(events) / 2; count > 0; count /= 2) {
+        for (std::ptrdiff_t at = 0; at < std::ssize(events);) {
+            std::vector<Event> fewer = events;
+            fewer.erase(fewer.begin() + at,
+                        fewer.begin() + std::min(at + count, std::ssize(events)));
+            if (Fault(seed, fewer).empty()) {
+                at += count;
+            } else {
+                events = std::move(fewer);
+            }
+        }
+    }
+    return events;
+}
+
+std::string AsCode(const std::vector<Event>& events) {
+    constexpr const char* kNames[] = {"Serve", "Finish", "CloseEarly", "Reset",  "Wait",
+                                      "Stop",  "Start",  "Pause",      "Resume", "Connections"};
+    std::string code;
+    for (const Event& event : events) {
+        code += std::string("{Kind::") + kNames[static_cast<int>(event.kind)] + ", " +
+                std::to_string(event.which) + ", " + std::to_string(event.amount) + ", " +
+                std::to_string(event.yield) + "},\n";
+    }
+    return code;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     std::map<std::string, unsigned> given = {{"--count", 100'000}, {"--seed", 1}};
@@ -27,10 +68,11 @@ int main(int argc, char** argv) {
         // Said before, so that a crash can be found again.
         if (i % kPerLine == 0) std::printf("from seed %u on, %u faults so far\n", seed, faults);
         std::fflush(stdout);
-        const std::string report = schedules::Report(seed);
-        if (report.empty()) continue;
+        const std::vector<Event> events = schedules::RandomEvents(seed);
+        if (Fault(seed, events).empty()) continue;
         ++faults;
-        std::puts(report.c_str());
+        const std::vector<Event> few = Shortened(seed, events);
+        std::printf("seed %u: %s\n%s\n", seed, Fault(seed, few).c_str(), AsCode(few).c_str());
     }
     std::printf("%u schedules, %u faults\n", given["--count"], faults);
     return faults == 0 ? 0 : 1;

@@ -25,7 +25,6 @@ struct VirtualTime {
 struct FakeSocketBench : VirtualTime {
     std::unique_ptr<fakes::FakeSocket> socket = std::make_unique<fakes::FakeSocket>(loop);
 
-    void NewSocket() { socket = std::make_unique<fakes::FakeSocket>(loop); }
     void Connect() { socket->Connect("site.com", 80); }
     void ConnectRefused() {
         Connect();

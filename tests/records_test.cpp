@@ -24,15 +24,6 @@ class Records : public testing::Test {
     fakes::FakeSystem system{loop};
 };
 
-TEST_F(Records, AppendsLinesInFoldersOfTheirOwn) {
-    for (const char* text : {"a", "", "b\r\n"}) {
-        std::string path = "C:\\w\\www.site.com/dir/log.txt";
-        EXPECT_TRUE(AppendToFile(text, path));
-        EXPECT_EQ(path, "C:\\w\\site.com\\dir\\log.txt");
-    }
-    EXPECT_EQ(system.files.At("c:\\w\\site.com\\dir\\log.txt"), "a\r\n\r\nb\r\n\r\n");
-}
-
 TEST_F(Records, FoldsThePageTextOntoOneLine) {
     system.files.Have("c:\\w\\a.html", "the page");
     system.page_text.text = "a\r\nb\nc\rd\n\ne  f   g    h     i";

@@ -6,6 +6,7 @@
 #include "engine/answer_memory.h"
 #include "engine/endings.h"
 #include "engine/scheduler.h"
+#include "output/mirror_files.h"
 #include "output/rewrite_links.h"
 #include "text/text.h"
 
@@ -24,32 +25,11 @@ std::string Saved(const std::string& received, bool has_lines) {
     return page + "\r\n";
 }
 
-bool IsRecord(const std::string& path) {
-    return path.ends_with("\\log.txt") || path.ends_with("\\transdd.txt") ||
-           text::Contains(path, "\\_SearchData\\");
-}
-
-std::string Placeholder() {
-    return "This file is queued to be downloaded, or did not download correctly.\r\n";
-}
-
 }  // namespace
 
 bool Checks::Expect(bool holds, const std::string& what) {
     if (!holds && fault_.empty()) fault_ = what;
     return holds;
-}
-
-void Checks::Booted(fakes::FakeMainWindow& window, const fakes::MemoryFiles& files) {
-    window_ = &window;
-    files_ = &files;
-    peers_ = {};
-    queue_.clear();
-    expected_.clear();
-    runs_ = ticks_ = false;
-    unreported_ = 0;
-    ++crawl_;
-    crawl::List1.on_change = [this] { QueueChanged(); };
 }
 
 void Checks::Started(const std::string& address) {
@@ -67,7 +47,7 @@ void Checks::StopConfirmed() {
 
 void Checks::Paused(bool paused) {
     ticks_ = !paused;
-    resumed_late_ = !paused && window_->start_enabled;
+    resumed_late_ = !paused && window_.start_enabled;
 }
 
 void Checks::Asked(const std::string& title) {
@@ -115,14 +95,12 @@ void Checks::Connected(int slot) {
         Expect(firing_[slot] == now.Job, "a job is tried again without a timeout");
     }
     LoseConnection(slot);
-    Peer peer;
-    peer.job = now.Job;
-    peer.before = now.Response.View();
-    peer.answer = &sites_.At(now.Host + now.Path);
-    peer.refused = text::Contains(now.Path, "/..");
-    refused_ = peer.refused;
-    peer.crawl = crawl_;
-    peers_[slot] = &all_peers_.emplace_back(std::move(peer));
+    refused_ = text::Contains(now.Path, "/..");
+    peers_[slot] = &all_peers_.emplace_back(Peer{.job = now.Job,
+                                                 .crawl = crawl_,
+                                                 .before = std::string(now.Response.View()),
+                                                 .answer = &sites_.At(now.Host + now.Path),
+                                                 .refused = refused_});
 }
 
 void Checks::TimerFired(int slot, const std::function<void()>& handler) {
@@ -131,7 +109,7 @@ void Checks::TimerFired(int slot, const std::function<void()>& handler) {
     Peer* const peer = peers_[slot];
     // The server is not silent while its own answer is worked on.
     if (peer != nullptr && now.JobAtWork != now.Job) {
-        const bool silent = loop_.Now() - peer->heard_at >= window_->tmrOut(slot).Interval();
+        const bool silent = loop_.Now() - peer->heard_at >= window_.tmrOut(slot).Interval();
         Expect(silent || peer->sent == 0, "a server that was not silent times out");
         peer->timed_out = true;
     }
@@ -145,7 +123,7 @@ void Checks::Sent(int slot, std::size_t count) {
     if (count > 0) peers_[slot]->heard_at = loop_.Now();
     std::size_t all = 0;
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
-        const bool open = window_->Sock(i).State() != SocketState::Closed;
+        const bool open = window_.Sock(i).State() != SocketState::Closed;
         if (peers_[i] != nullptr && open) all += peers_[i]->before.size() + peers_[i]->sent;
     }
     // A scan may make a text somewhat longer.
@@ -165,7 +143,7 @@ void Checks::ClosedByServer(int slot) {
 
 void Checks::LookAtSlot(int slot) {
     const crawl::ConnectionSlot& now = crawl::Slots[slot];
-    fakes::FakeSocket& socket = window_->Sock(slot);
+    fakes::FakeSocket& socket = window_.Sock(slot);
     Expect(now.JobAtWork == 0, "a finished answer is still at work");
     const Peer* const peer = peers_[slot];
     if (socket.State() == SocketState::Closed) {
@@ -181,7 +159,7 @@ void Checks::LookAtSlot(int slot) {
     }
     Expect(!now.Url.empty() && socket.host() == now.Host, "slot and socket disagree");
     Expect(peer->job == now.Job, "a connection serves another job");
-    Expect(window_->tmrOut(slot).Enabled(), "a connection has no timeout");
+    Expect(window_.tmrOut(slot).Enabled(), "a connection has no timeout");
     // What came is there, in order and nothing else; what came before a reset may be lost.
     const std::string received = peer->Received();
     const bool whole = socket.State() == SocketState::Connected;
@@ -191,21 +169,22 @@ void Checks::LookAtSlot(int slot) {
 }
 
 void Checks::LookAtFiles() {
+    const std::string placeholder = std::string(bas_Output::kPlaceholderText) + "\r\n";
     for (const Expected& e : expected_) {
-        const std::string found = files_->At(e.file);
+        const std::string found = files_.At(e.file);
         const bool another =
             std::any_of(expected_.begin(), expected_.end(),
                         [&](const Expected& o) { return o.file == e.file && o.contents == found; });
         const bool cut_off = e.peer->timed_out || e.peer->crawl != crawl_ || memory_short_;
         Expect(another || cut_off, "a whole answer is not saved: " + e.file);
-        const bool waits = files_->files.contains(e.file + ".tmp");
+        const bool waits = files_.files.contains(e.file + ".tmp");
         Expect(!waits || cut_off, "a saved file has its placeholder still: " + e.file);
     }
     expected_.clear();
-    for (const auto& [path, contents] : files_->files) {
-        if (IsRecord(path) || !path.starts_with("c:\\Websites\\")) continue;
+    for (const auto& [path, contents] : files_.files) {
+        if (path.ends_with(".txt")) continue;  // the records
         const bool known = path.ends_with(".tmp")
-                               ? text::ReplaceAll(contents, Placeholder(), "").empty()
+                               ? text::ReplaceAll(contents, placeholder, "").empty()
                                : answered_.contains(contents);
         Expect(known, "no server sent what is in " + path);
     }
@@ -216,11 +195,11 @@ void Checks::Look() {
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         LookAtSlot(i);
         held += crawl::Slots[i].Response.BytesHeld();
-        if (!runs_) Expect(!window_->tmrOut(i).Enabled(), "a timeout is on after the end");
+        if (!runs_) Expect(!window_.tmrOut(i).Enabled(), "a timeout is on after the end");
     }
     Expect(held <= bas_Connections::MostAnswerBytes, "the answers hold too much");
-    Expect(window_->start_enabled != runs_, "the start button does not tell whether a crawl runs");
-    Expect(window_->tmrMove().Enabled() == ticks_, "the scheduler is not on or off as it should");
+    Expect(window_.start_enabled != runs_, "the start button does not tell whether a crawl runs");
+    Expect(window_.tmrMove().Enabled() == ticks_, "the scheduler is not on or off as it should");
     Expect(unreported_ == 0, "the end of a crawl is not told");
     const bool done = crawl::List1.Empty() && bas_Connections::AllSocketsClosed();
     if (!runs_) Expect(done, "addresses are queued and no crawl runs");

@@ -17,16 +17,15 @@ namespace schedules {
 
 /// A connection as its server knows it.
 struct Peer {
-    unsigned job = 0;    ///< the slot's job when the connection began
+    unsigned job = 0;  ///< the slot's job when the connection began
+    int crawl = 0;
     std::string before;  ///< what the job had received on earlier connections
     const Answer* answer = nullptr;
-    std::size_t sent = 0;  ///< bytes of the answer
-    bool accepted = false;
-    bool ended = false;    ///< closed, reset or refused by the server
-    bool refused = false;  ///< asks above the root, which the engine refuses
-    bool timed_out = false;
+    std::size_t sent = 0;       ///< bytes of the answer
     std::int64_t heard_at = 0;  ///< when it sent last
-    int crawl = 0;
+    bool refused = false;       ///< asks above the root, which the engine refuses
+    bool accepted = false, timed_out = false;
+    bool ended = false;  ///< closed, reset or refused by the server
 
     std::string Received() const { return before + answer->bytes.substr(0, sent); }
 };
@@ -34,13 +33,19 @@ struct Peer {
 /// Is told what user and servers do, and looks at the engine after each event.
 class Checks {
   public:
-    Checks(const Sites& sites, const fakes::FakeLoop& loop) : sites_(sites), loop_(loop) {}
+    Checks(const Sites& sites, const fakes::FakeLoop& loop, fakes::FakeMainWindow& window,
+           const fakes::MemoryFiles& files)
+        : sites_(sites), loop_(loop), window_(window), files_(files) {
+        crawl::List1.on_change = [this] { QueueChanged(); };
+    }
+    ~Checks() { crawl::List1.on_change = nullptr; }
+    Checks(const Checks&) = delete;
+    Checks& operator=(const Checks&) = delete;
 
     /// What went wrong first, or "".
     const std::string& Fault() const { return fault_; }
 
     // What happens.
-    void Booted(fakes::FakeMainWindow& window, const fakes::MemoryFiles& files);
     void Started(const std::string& address);
     void StopConfirmed();
     void Paused(bool paused);
@@ -72,8 +77,8 @@ class Checks {
 
     const Sites& sites_;
     const fakes::FakeLoop& loop_;
-    fakes::FakeMainWindow* window_ = nullptr;
-    const fakes::MemoryFiles* files_ = nullptr;
+    fakes::FakeMainWindow& window_;
+    const fakes::MemoryFiles& files_;
     std::string fault_;
     std::deque<Peer> all_peers_;
     text::OneBased<Peer*, crawl::kSlotCount> peers_;

@@ -1,12 +1,15 @@
 #include "tests/schedule_site.h"
 
 #include <iterator>
+#include <random>
 
 #include "text/text.h"
 
 namespace schedules {
 
 namespace {
+
+using Random = std::mt19937;
 
 constexpr struct {
     const char *path, *file;

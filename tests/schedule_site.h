@@ -1,13 +1,10 @@
 #pragma once
 
 #include <map>
-#include <random>
 #include <string>
 
 /// Random schedules. This file: the sites that they crawl.
 namespace schedules {
-
-using Random = std::mt19937;
 
 /// How a server ends a connection by itself, when nothing else comes in between.
 enum class Ending { Close, Silence, Reset, Refusal };

@@ -1,12 +1,9 @@
-#include "tests/schedule_world.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <deque>
 #include <exception>
 #include <iterator>
 #include <limits>
-#include <optional>
 #include <utility>
 
 #include "engine/answer_memory.h"
@@ -19,6 +16,7 @@
 #include "tests/fakes/fake_system.h"
 #include "tests/schedule_checks.h"
 #include "tests/schedule_site.h"
+#include "tests/schedules.h"
 
 namespace schedules {
 
@@ -32,19 +30,18 @@ constexpr const char* kConnections[] = {"1", "2", "3", "4", "8", "24", "0"};
 class World : private fakes::FakeNetwork {
   public:
     /// `seed` gives the sites, the timeout and the memory for answers.
-    explicit World(unsigned seed)
-        : sites_(seed, kLargeAnswer), timeout_(100 + 150 * (seed % 7)), checks_(sites_, loop_) {
+    explicit World(unsigned seed) : sites_(seed, kLargeAnswer), timeout_(100 + 150 * (seed % 7)) {
         // In every fourth world, one large answer beside others is too much.
         bas_Connections::MostAnswerBytes = seed % 4 == 0 ? kLargeAnswer : 1'000'000;
-        system_.emplace(loop_);
-        system_->files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.gif\r\n");
-        system_->files.refused = {"c:\\Websites\\site.com\\bad.html",
-                                  "c:\\Websites\\site.com\\bad.html.tmp"};
-        Boot();
+        system_.files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.gif\r\n");
+        system_.files.refused = {"c:\\Websites\\site.com\\bad.html",
+                                 "c:\\Websites\\site.com\\bad.html.tmp"};
+        system_.boxes.while_open = [this] { DoBehindBox(); };
+        crawl::TargetFolder = "C:\\Websites\\";
+        window_.JoinNetwork(*this);
     }
 
     ~World() override {
-        crawl::List1.on_change = nullptr;
         bas_Connections::MostAnswerBytes = std::numeric_limits<std::int32_t>::max();
     }
 
@@ -64,19 +61,10 @@ class World : private fakes::FakeNetwork {
     }
 
   private:
-    void Boot() {
-        system_->boxes.while_open = [this] { DoBehindBox(); };
-        crawl::TargetFolder = "C:\\Websites\\";
-        paused_ = false;
-        window_.emplace(loop_);
-        window_->JoinNetwork(*this);
-        checks_.Booted(*window_, system_->files);
-    }
-
     void Attach(fakes::FakeSocket& socket) override {
         const int slot = static_cast<int>(attached_++ % crawl::kSlotCount) + 1;
         socket.peer_on_connect = [this, slot](fakes::FakeSocket&) { checks_.Connected(slot); };
-        fakes::FakeTimer& timer = window_->tmrOut(slot);
+        fakes::FakeTimer& timer = window_.tmrOut(slot);
         timer.on_timer = [this, slot, handler = timer.on_timer] {
             checks_.TimerFired(slot, handler);
         };
@@ -86,21 +74,16 @@ class World : private fakes::FakeNetwork {
         if (to_come_.empty()) return false;
         const Event event = to_come_.front();
         to_come_.pop_front();
-        if (event.kind == Kind::Restart && boxes_open_ == 0) Restart(event.amount % 2 == 1);
-        Do(event);
+        if (event.yield > 0) {
+            loop_.AtYield(event.yield, [this, event] { Do(event); });
+        } else {
+            Do(event);
+            loop_.RunUntilIdle();
+        }
         return true;
     }
 
     void Do(const Event& event) {
-        if (event.yield > 0) {
-            loop_.AtYield(event.yield, [this, event] { DoNow(event); });
-        } else {
-            DoNow(event);
-            loop_.RunUntilIdle();
-        }
-    }
-
-    void DoNow(const Event& event) {
         if (user_gone_) return;
         if (event.kind == Kind::Wait) {
             loop_.Advance(event.amount);
@@ -113,39 +96,38 @@ class World : private fakes::FakeNetwork {
 
     /// While a box is open, the next two events happen behind it.
     void DoBehindBox() {
-        const std::string title = system_->boxes.asked.back().title;
+        const std::string title = system_.boxes.asked.back().title;
         checks_.Asked(title);
         ++boxes_open_;
-        for (int i = 0; i < 2; ++i) {
-            DoNext();
-        }
+        DoNext();
+        DoNext();
         --boxes_open_;
-        const bool yes = title == "Exit Vantorin" || (title == "Stop Download" && stop_answer_);
+        const bool yes = title == "Stop Download" && stop_answer_;
         if (yes) checks_.StopConfirmed();
-        system_->boxes.answers = {yes ? platform::BoxAnswer::Yes : platform::BoxAnswer::No};
+        system_.boxes.answers = {yes ? platform::BoxAnswer::Yes : platform::BoxAnswer::No};
+    }
+
+    bool IsServed(int slot) {
+        return window_.Sock(slot).State() != platform::SocketState::Closed &&
+               checks_.PeerOf(slot) != nullptr && !checks_.PeerOf(slot)->ended;
     }
 
     void BeServed(const Event& event) {
         std::vector<int> open;
         for (int i = 1; i <= crawl::kSlotCount; ++i) {
-            const Peer* const peer = checks_.PeerOf(i);
-            const bool is_open = window_->Sock(i).State() != platform::SocketState::Closed;
-            if (is_open && peer != nullptr && !peer->ended) open.push_back(i);
+            if (IsServed(i)) open.push_back(i);
         }
         if (open.empty()) return;
         const int slot = open[event.which % open.size()];
         if (event.kind == Kind::Serve || !checks_.PeerOf(slot)->accepted) Serve(slot, event.amount);
         if (event.kind == Kind::Finish) Serve(slot, kEverything);
-        if (event.kind == Kind::CloseEarly || event.kind == Kind::Reset) {
-            End(slot, event.kind == Kind::Reset);
-        }
+        if (event.kind > Kind::Finish) End(slot, event.kind == Kind::Reset);
     }
 
-    /// The server of this slot accepts or refuses, or, when it has accepted, sends and perhaps
-    /// ends.
+    /// The slot's server accepts or refuses, or, when it has accepted, sends and perhaps ends.
     void Serve(int slot, std::size_t amount) {
         Peer& peer = *checks_.PeerOf(slot);
-        fakes::FakeSocket& socket = window_->Sock(slot);
+        fakes::FakeSocket& socket = window_.Sock(slot);
         const Ending ending = peer.answer->ending;
         if (peer.ended || (peer.accepted && ending == Ending::Silence)) return;
         if (ending == Ending::Refusal) {
@@ -165,90 +147,60 @@ class World : private fakes::FakeNetwork {
     }
 
     void End(int slot, bool reset) {
-        Peer& peer = *checks_.PeerOf(slot);
-        if (peer.ended) return;
+        if (std::exchange(checks_.PeerOf(slot)->ended, true)) return;
         if (reset) {
-            window_->Sock(slot).PeerResets();
+            window_.Sock(slot).PeerResets();
         } else {
-            window_->Sock(slot).PeerCloses();
+            window_.Sock(slot).PeerCloses();
             checks_.ClosedByServer(slot);
         }
-        peer.ended = true;
     }
 
     void Click(const Event& event) {
-        if (paused_ && event.kind != Kind::Resume) return;
-        switch (event.kind) {
-            case Kind::Start:
-                Start(kHosts[event.which % std::size(kHosts)]);
-                break;
-            case Kind::Stop:
-                Stop(event.amount % 2 == 1);
-                if (event.amount % 4 == 3) Start(kHosts[event.which % std::size(kHosts)]);
-                break;
-            case Kind::Pause:
-                if (!window_->pause_enabled) break;
-                paused_ = true;
-                checks_.Paused(true);
-                bas_Connections::mnupause_Click();
-                break;
-            case Kind::Resume:
-                if (!std::exchange(paused_, false)) break;
-                checks_.Paused(false);
-                bas_Connections::Resume();
-                break;
-            case Kind::Connections:
-                window_->txt_max = kConnections[event.which % std::size(kConnections)];
-                bas_Connections::txtMax_Click();
-                break;
-            default:
-                break;
+        if (paused_ != (event.kind == Kind::Resume)) return;
+        const char* const host = kHosts[event.which % std::size(kHosts)];
+        if (event.kind == Kind::Start) {
+            Start(host);
+        } else if (event.kind == Kind::Stop) {
+            Stop(event.amount % 2 == 1);
+            if (event.amount % 4 == 3) Start(host);
+        } else if (event.kind == Kind::Connections) {
+            window_.txt_max = kConnections[event.which % std::size(kConnections)];
+            bas_Connections::txtMax_Click();
+        } else if (paused_ || window_.pause_enabled) {
+            paused_ = !paused_;
+            checks_.Paused(paused_);
+            (paused_ ? bas_Connections::mnupause_Click : bas_Connections::Resume)();
         }
     }
 
     void Start(const std::string& address) {
         // Without a connection the start page would be lost, and nothing could ever end.
-        if (!window_->start_enabled || leaving_ || bas_Connections::ConnectionsCount() < 1) return;
+        if (!window_.start_enabled || leaving_ || bas_Connections::ConnectionsCount() < 1) return;
         crawl::Stopping = false;
-        window_->text1 = address;
+        window_.text1 = address;
         checks_.Started(address);
         bas_Connections::ConnectNowNow();
-        for (int i = 1; i <= crawl::kSlotCount; ++i) {
-            window_->tmrOut(i).SetInterval(timeout_);
-        }
+        for (int i = 1; i <= crawl::kSlotCount; ++i)
+            window_.tmrOut(i).SetInterval(timeout_);
     }
 
     void Stop(bool yes) {
-        if (!window_->stop_enabled || leaving_) return;
+        if (!window_.stop_enabled || leaving_) return;
         stop_answer_ = yes;
         leaving_ = true;
         bas_Connections::AskStop();
         leaving_ = false;
     }
 
-    void Restart(bool by_exit) {
-        if (by_exit && !paused_) {
-            leaving_ = true;
-            bas_Connections::Form_Unload();
-            leaving_ = false;
-            checks_.Look();
-        }
-        window_.reset();
-        const fakes::MemoryFiles disk = std::move(system_->files);
-        system_.emplace(loop_);
-        system_->files = disk;
-        Boot();
-    }
-
     void LetItEnd() {
-        if (bas_Connections::ConnectionsCount() < 1) window_->txt_max = "4";
+        if (bas_Connections::ConnectionsCount() < 1) window_.txt_max = "4";
         Click({Kind::Resume});
         user_gone_ = true;
         for (int round = 0; round < 1000 && checks_.CrawlRuns() && checks_.Fault().empty();
              ++round) {
             for (int i = 1; i <= crawl::kSlotCount; ++i) {
-                const bool open = window_->Sock(i).State() != platform::SocketState::Closed;
-                if (open && checks_.PeerOf(i) != nullptr) Serve(i, kEverything);
+                if (IsServed(i)) Serve(i, kEverything);
             }
             loop_.RunUntilIdle();
             checks_.Look();
@@ -263,14 +215,12 @@ class World : private fakes::FakeNetwork {
     Sites sites_;
     std::int64_t timeout_;
     fakes::FakeLoop loop_;
-    std::optional<fakes::FakeSystem> system_;
-    std::optional<fakes::FakeMainWindow> window_;
-    Checks checks_;
+    fakes::FakeSystem system_{loop_};
+    fakes::FakeMainWindow window_{loop_};
+    Checks checks_{sites_, loop_, window_, system_.files};
     std::deque<Event> to_come_;
     int boxes_open_ = 0;
-    bool stop_answer_ = false, leaving_ = false;
-    bool paused_ = false;
-    bool user_gone_ = false;
+    bool stop_answer_ = false, leaving_ = false, paused_ = false, user_gone_ = false;
     unsigned attached_ = 0;
 };
 
@@ -278,29 +228,6 @@ class World : private fakes::FakeNetwork {
 
 std::string Fault(unsigned seed, const std::vector<Event>& events) {
     return World(seed).Run(events);
-}
-
-std::vector<Event> Shortened(unsigned seed, std::vector<Event> events) {
-    for (std::ptrdiff_t count = std::ssize(events) / 2; count > 0; count /= 2) {
-        for (std::ptrdiff_t at = 0; at < std::ssize(events);) {
-            std::vector<Event> fewer = events;
-            fewer.erase(fewer.begin() + at,
-                        fewer.begin() + std::min(at + count, std::ssize(events)));
-            if (Fault(seed, fewer).empty()) {
-                at += count;
-            } else {
-                events = std::move(fewer);
-            }
-        }
-    }
-    return events;
-}
-
-std::string Report(unsigned seed) {
-    const std::vector<Event> events = RandomEvents(seed);
-    if (Fault(seed, events).empty()) return "";
-    const std::vector<Event> few = Shortened(seed, events);
-    return "seed " + std::to_string(seed) + ": " + Fault(seed, few) + "\n" + AsCode(few);
 }
 
 }  // namespace schedules

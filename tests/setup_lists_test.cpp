@@ -5,7 +5,6 @@
 #include "setup/file_types.h"
 #include "setup/keyword_filters.h"
 #include "setup/list_file.h"
-#include "setup/settings.h"
 #include "tests/fakes/fake_system.h"
 
 using namespace bas_General;
@@ -88,20 +87,6 @@ TEST(Filters, StoresWhatTheNextStartLoads) {
     ClearKeywordFilters();
     LoadKeywordFilters();
     EXPECT_EQ(Filters(), stored);
-}
-
-TEST(Settings, AFolderIsWritableWhenAProbeComesAndGoes) {
-    fakes::FakeSystem system;
-    system.files.Have("c:\\fine");
-    std::string probe;
-    system.files.on_write = [&probe](const std::string& path) { probe = path; };
-    std::string path = "c:/fine";
-    EXPECT_TRUE(TestFolderWritable(path));
-    EXPECT_EQ(path, "c:\\fine\\");
-    EXPECT_EQ(probe, "c:\\fine\\test23893.txt");
-    EXPECT_TRUE(system.files.files.empty());
-    system.files.read_only = {"c:\\fine"};
-    EXPECT_FALSE(TestFolderWritable(path));
 }
 
 }  // namespace

@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-/// Random schedules. This file: what may happen, and lists of it.
+/// Random schedules: users, servers and time do as they like, and the engine must hold what always
+/// holds. This file: all that a test needs.
 namespace schedules {
 
 enum class Kind {
@@ -17,7 +18,6 @@ enum class Kind {
     Pause,       ///< the pause entry of the menu
     Resume,      ///< the pause dialog is closed
     Connections,  ///< another number of connections is chosen
-    Restart,      ///< the program is killed, or left by an odd `amount`, and started again
 };
 
 /// One thing that happens: now, or at the `yield`-th yield from now on. Every list of events can be
@@ -31,7 +31,7 @@ struct Event {
 
 std::vector<Event> RandomEvents(unsigned seed);
 
-/// As the code that a test can have it back from.
-std::string AsCode(const std::vector<Event>& events);
+/// What goes wrong first when these events happen, or "". The seed gives the sites and the limits.
+std::string Fault(unsigned seed, const std::vector<Event>& events);
 
 }  // namespace schedules
