@@ -1,5 +1,7 @@
 #include "engine/endings.h"
 
+#include <algorithm>
+
 #include "engine/main_window.h"
 #include "engine/rows.h"
 #include "engine/scheduler.h"
@@ -20,13 +22,25 @@ bool Confirmed(const std::string& question, const std::string& title) {
            platform::BoxAnswer::Yes;
 }
 
+bool IsAtWork(const crawl::ConnectionSlot& slot) {
+    return slot.JobAtWork == slot.Job;
+}
+
+/// Whether slot `index` had to wait for ourselves and not for a server: its own answer is being
+/// worked on, or it is not connected and another slot's answer is.
+bool IsOurOwnWork(int index) {
+    if (IsAtWork(crawl::Slots[index])) return true;
+    return engine::Window().Sock(index).State() == platform::SocketState::Closed &&
+           std::any_of(crawl::Slots.begin(), crawl::Slots.end(), IsAtWork);
+}
+
 }  // namespace
 
 void tmrOut_Timer(int index) {
+    if (IsOurOwnWork(index)) return;
     // The blanks around the backslash keep this from replacing a good file: no folder of that name
     // is ever made, so nothing is written. Slots that idle after a success come through here as
     // well.
-    if (crawl::Slots[index].JobAtWork == crawl::Slots[index].Job) return;
     const crawl::JobWatch job(index);
     std::string address = " \\ " + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile("Unable to download this file. (Timeout)", address, index);

@@ -15,6 +15,8 @@ from site_model import SiteModel
 from web import ScriptedServer, links_to, page
 
 SITE = b"www.example.test"
+REST_OF_REQUEST = (b" HTTP/1.0\r\nHost: " + SITE + b"\r\nReferrer: " + SITE +
+                   b"\r\nUser-Agent: Internet Explorer 6.01\r\n\r\n")
 TIMEOUT = 1.5  # seconds; no server below that answers at all pauses for more than a third of it
 
 
@@ -138,6 +140,9 @@ class Behaviours(unittest.TestCase):
                 crawl.start()
             for crawl in crawls:
                 self.assertEqual(crawl.running.wait(), 0, crawl.running.output())
+        for request, path in zip(server.requests, server.paths()):
+            self.assertEqual(request, b"GET " + path + REST_OF_REQUEST)
+        self.assertEqual(set(server.extra), {b""}, "a connection is for one file")
         asked = Counter(server.paths())
         for crawl in crawls:
             with self.subTest(connections=crawl.connections, folder=crawl.folder):

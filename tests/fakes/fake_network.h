@@ -2,27 +2,41 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/fakes/fake_socket.h"
 
 namespace fakes {
 
-/// Web servers for `FakeSocket`s: each accepts, answers one GET, with a 404 where it has no page,
-/// and closes.
+/// Web servers for `FakeSocket`s: each accepts, answers one GET and closes. Hosts without any
+/// address refuse the connection; an unknown path of a known host is answered with a 404.
 class FakeNetwork {
   public:
     virtual ~FakeNetwork() = default;
 
     /// Serves `body` under an address such as "site.com/docs/a.html".
     void PutPage(const std::string& address, const std::string& body) {
-        answers_[address] = "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n" + body;
+        Put(address, "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n" + body);
     }
+    /// Serves an answer byte for byte.
+    void Put(const std::string& address, std::string response) {
+        answers_[address] = std::move(response);
+    }
+    /// Accepts and takes the request for this address, then stays silent.
+    void PutSilent(const std::string& address) { answers_[address] = std::nullopt; }
 
     /// Puts `socket` on this network, which must outlive it.
     virtual void Attach(FakeSocket& socket) {
-        socket.peer_on_connect = [](FakeSocket& peer) { peer.PeerAccepts(); };
+        socket.peer_on_connect = [this](FakeSocket& peer) {
+            if (Knows(peer.host())) {
+                peer.PeerAccepts();
+            } else {
+                peer.PeerRefuses();
+            }
+        };
         socket.peer_on_data = [this](FakeSocket& peer) { Answer(peer); };
     }
 
@@ -30,18 +44,28 @@ class FakeNetwork {
     const std::vector<std::string>& requests() const { return requests_; }
 
   private:
+    bool Knows(const std::string& host) const {
+        const auto address = answers_.lower_bound(host + "/");
+        return address != answers_.end() && address->first.starts_with(host + "/");
+    }
+
     void Answer(FakeSocket& peer) {
         const std::string& request = peer.sent();
         if (!request.starts_with("GET ") || !request.ends_with("\r\n\r\n")) return;
         const std::string path = request.substr(4, request.find(" HTTP/1.0\r\n") - 4);
         requests_.push_back(peer.host() + path);
         const auto answer = answers_.find(requests_.back());
-        peer.PeerSends(answer != answers_.end() ? answer->second
-                                                : "HTTP/1.0 404 Not Found\r\n\r\nNot found.");
+        if (answer == answers_.end()) {
+            peer.PeerSends("HTTP/1.0 404 Not Found\r\n\r\nNot found.");
+        } else if (answer->second) {
+            peer.PeerSends(*answer->second);
+        } else {
+            return;
+        }
         peer.PeerCloses();
     }
 
-    std::map<std::string, std::string> answers_;
+    std::map<std::string, std::optional<std::string>> answers_;
     std::vector<std::string> requests_;
 };
 
