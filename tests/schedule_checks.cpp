@@ -107,8 +107,11 @@ void Checks::TimerFired(int slot, const std::function<void()>& handler) {
     const crawl::ConnectionSlot& now = crawl::Slots[slot];
     Expect(runs_, "a timeout runs although no crawl does");
     Peer* const peer = peers_[slot];
-    // The server is not silent while its own answer is worked on.
-    if (peer != nullptr && now.JobAtWork != now.Job) {
+    // No server is silent while its own answer is worked on, nor one that an idle slot has had.
+    const auto at_work = [](const auto& other) { return other.JobAtWork == other.Job; };
+    const bool idle = window_.Sock(slot).State() == SocketState::Closed;
+    const bool others_work = std::any_of(crawl::Slots.begin(), crawl::Slots.end(), at_work);
+    if (peer != nullptr && !at_work(now) && !(idle && others_work)) {
         const bool silent = loop_.Now() - peer->heard_at >= window_.tmrOut(slot).Interval();
         Expect(silent || peer->sent == 0, "a server that was not silent times out");
         peer->timed_out = true;
