@@ -30,6 +30,9 @@ void* operator new(std::size_t size) {
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return std::malloc(size);  // or the sanitizer's own would meet the delete below
+}
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }
