@@ -43,8 +43,8 @@ bool IsDevice(PathView name) {
 }
 
 /// Whether every program takes `name` for the name of a file and of this one: what follows a ":"
-/// would be a stream of another file, "<" and ">" are wildcards, too, and dots and blanks at the end
-/// are dropped by most, which then find a neighbour.
+/// would be a stream of another file, "<" and ">" are wildcards, too, and dots and blanks at the
+/// end are dropped by most, which then find a neighbour.
 bool IsPlainName(PathView name) {
     return name.find_first_of(L"<>:\"|?*") == PathView::npos && !name.ends_with(L'.') &&
            !name.ends_with(L' ') && !IsDevice(name) &&

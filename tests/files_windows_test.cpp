@@ -37,9 +37,9 @@ class SystemFilesTest : public testing::Test {
 TEST_F(SystemFilesTest, RefusesNamesThatTheSystemWouldMisread) {
     ASSERT_TRUE(files.WriteFile(In("a"), {"a"}));
     for (const char* name :
-         {"a:b", "a::$DATA", "con", "NUL.txt", "aux .a.b", "Com9", "lpt1.", "prn", "con\\a",
-          "CONIN$", "a?", "*", "a<b", "a>b", "a\"b", "a|b", "a\tb", "a.", "a ", "a. .", "...",
-          ".. \\b", "a.\\..\\.. \\b", " "}) {
+         {"a:b",    "a::$DATA", "con", "NUL.txt", "aux .a.b", "Com9",   "lpt1.",          "prn",
+          "con\\a", "CONIN$",   "a?",  "*",       "a<b",      "a>b",    "a\"b",           "a|b",
+          "a\tb",   "a.",       "a ",  "a. .",    "...",      ".. \\b", "a.\\..\\.. \\b", " "}) {
         EXPECT_FALSE(files.CreateFolder(In(name))) << name;
         EXPECT_FALSE(files.AppendFile(In(name), {"x"})) << name;
         EXPECT_EQ(files.FileLength(In(name)), std::nullopt) << name;

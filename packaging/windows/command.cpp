@@ -1,7 +1,8 @@
 // "vantorin.com", which a console takes for the command "vantorin".
 //
-// A console waits neither for a program with windows nor for its exit status. It waits for this one,
-// which starts "vantorin.exe" beside it with the same words and streams, and ends as that one does.
+// A console waits neither for a program with windows nor for its exit status. It waits for this
+// one, which starts "vantorin.exe" beside it with the same words and streams, and ends as that one
+// does.
 
 #include <windows.h>
 

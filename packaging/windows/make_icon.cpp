@@ -1,4 +1,5 @@
-// make_icon FILE: writes the program's icon as Windows keeps icons, a list of pictures of one motif.
+// make_icon FILE: writes the program's icon as Windows keeps icons, a list of pictures of one
+// motif.
 
 #include <QBuffer>
 #include <QDataStream>
