@@ -71,7 +71,8 @@ std::size_t OutputStream::Write(std::string_view text) {
         const std::string_view part = text.substr(taken, kPart);
         if (!WriteFile(handle, part.data(), static_cast<DWORD>(part.size()), &written, nullptr)) {
             const DWORD error = GetLastError();
-            reader_gone_ = error == ERROR_NO_DATA || error == ERROR_BROKEN_PIPE;
+            reader_gone_ = error == ERROR_NO_DATA || error == ERROR_BROKEN_PIPE ||
+                           error == ERROR_PIPE_NOT_CONNECTED;
             return text.size();
         }
         taken += written;

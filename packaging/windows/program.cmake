@@ -16,3 +16,4 @@ qt_import_plugins(vantorin
 add_executable(vantorin_command ${windows}/command.cpp)
 set_target_properties(vantorin_command PROPERTIES OUTPUT_NAME vantorin SUFFIX .com)
 target_link_options(vantorin_command PRIVATE -municode)
+add_dependencies(vantorin vantorin_command)

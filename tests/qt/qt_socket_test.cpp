@@ -42,6 +42,16 @@ namespace {
 using platform::SocketState;
 namespace native = platform::native;
 
+/// Takes a connection, whose calls wait whatever those of the socket that listens do.
+native::Handle TakePeer(native::Handle listening) {
+    const native::Handle peer = accept(listening, nullptr, nullptr);
+#ifdef _WIN32
+    u_long off = 0;
+    ioctlsocket(peer, FIONBIO, &off);
+#endif
+    return peer;
+}
+
 /// The real socket against a peer on this machine.
 struct QtSocketBench : real::Clock {
     std::unique_ptr<platform::QtSocket> socket = std::make_unique<platform::QtSocket>();
@@ -79,18 +89,15 @@ struct QtSocketBench : real::Clock {
         ASSERT_TRUE(RunUntil([this] { return SomeoneWaits(); }));
         while (SomeoneWaits()) {
             DropPeer();
-            peer = accept(Listening(), nullptr, nullptr);
+            peer = TakePeer(Listening());
         }
-#ifdef _WIN32
-        u_long off = 0;  // the peer has it from the socket that listens
-        ioctlsocket(peer, FIONBIO, &off);
-#endif
     }
     void PeerSends(const std::string& bytes) {
-        std::ptrdiff_t taken = 0;
-        for (std::string_view rest = bytes; !rest.empty(); rest.remove_prefix(taken)) {
-            taken = native::Send(peer, rest.data(), rest.size());
+        std::string_view rest = bytes;
+        while (!rest.empty()) {
+            const auto taken = native::Send(peer, rest.data(), rest.size());
             ASSERT_GT(taken, 0);
+            rest.remove_prefix(static_cast<std::size_t>(taken));
         }
     }
     void PeerCloses() {
@@ -108,9 +115,7 @@ struct QtSocketBench : real::Clock {
         EXPECT_EQ(recv(peer, bytes.data(), count, MSG_WAITALL), ssize_t(count));
         return bytes;
     }
-    void Settle() {
-        Wait(50);
-    }
+    void Settle() { Wait(50); }
 };
 
 using QtSocketTest = contracts::SocketContract<QtSocketBench>;

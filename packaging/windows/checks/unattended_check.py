@@ -9,9 +9,18 @@ from program import tree, wait_until
 from web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, PROGRAM, Wine, crawl_words
 
-SITE = {b"/": page(links_to(b"a.html", b"b.html")), b"/a.html": page(b"a"), b"/b.html": page(b"b")}
-SLOW = {b"/": page(links_to(*(b"%d.html" % i for i in range(9))))}
 HERE = crawl_words("www.example.test", "C:\\Mirror")
+SITE = {b"/": page(links_to(b"a.html", b"b.html")), b"/a.html": page(b"a"), b"/b.html": page(b"b")}
+
+
+def slowly(connection, ending):
+    ending.wait(0.5)
+    connection.sendall(page(b"x" * 1000))
+
+
+NAMES = [b"%d.html" % i for i in range(300)]
+LARGE = {b"/": page(links_to(*NAMES))} | {b"/" + name: page(b"x" * 1000) for name in NAMES}
+SLOW = {b"/": page(links_to(*NAMES))} | {b"/" + name: slowly for name in NAMES}
 
 
 class UnattendedCheck(unittest.TestCase):
@@ -43,22 +52,22 @@ class UnattendedCheck(unittest.TestCase):
             self.assertEqual(len([path for path in tree(DRIVE_C / "Mirror") if path.startswith(b"example.test/")]), 3)
             shutil.rmtree(DRIVE_C / "Mirror")
             # As typed in a console: the command without its extension, led into a file by the shell.
-            line = f"cd \\Vantorin&& vantorin {' '.join(HERE)} > C:\\output.txt"
-            _, status = self.wine.run("cmd", "/c", line)
+            line = f"vantorin {' '.join(HERE)} > C:\\output.txt"
+            _, status = self.wine.run("cmd", "/c", line, cwd=DRIVE_C / "Vantorin")
             self.assertEqual(status, 0)
             self.assertIn("Done. The website has been downloaded.", (DRIVE_C / "output.txt").read_text())
         self.assertEqual(self.wine.registry("HKCU\\Software\\Vantorin"), "", "the stored settings are left alone")
 
     def test_a_reader_that_pauses_or_goes(self):
-        many = {b"/": page(links_to(*(b"%d.html" % i for i in range(300))))}
-        many |= {b"/%d.html" % i: page(b"x" * 1000) for i in range(300)}
-        with ScriptedServer(many) as server:
+        with ScriptedServer(LARGE) as server:
             crawl = self.wine.start(COMMAND, *HERE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
             wait_until(lambda: len(server.requests) > 300, 120, "the whole crawl though nobody reads")
             crawl.stdout.read()
+            crawl.stdout.close()
             self.assertEqual(crawl.wait(30), 0)
+        shutil.rmtree(DRIVE_C / "Mirror")
         with ScriptedServer(SLOW):
-            crawl = self.wine.start(COMMAND, *HERE, "--timeout", "60", stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+            crawl = self.wine.start(COMMAND, *HERE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
             crawl.stdout.readline()
             crawl.stdout.close()
             self.assertEqual(crawl.wait(60), 141)
