@@ -17,6 +17,9 @@
 #include "ui/unattended.h"
 #include "ui/version.h"
 #include "ui/window_holder.h"
+#ifdef Q_OS_WIN
+#include "widgets/label_font.h"
+#endif
 
 namespace {
 
@@ -73,6 +76,10 @@ int RunWindow(int argc, char** argv) {
     qInstallMessageHandler(ExitInsteadOfAbort);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+#ifdef Q_OS_WIN
+    // Menus and boxes have faces of their own there, none of them that of the forms.
+    QApplication::setFont(ui::LabelFont());
+#endif
     // The window says itself when the program ends: a stop closes one window and opens another.
     QApplication::setQuitOnLastWindowClosed(false);
     platform::QtSettingsStore settings;

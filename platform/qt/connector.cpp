@@ -12,6 +12,8 @@ namespace {
 /// nowhere (IPv6 on a network that drops it) would else never be reached before the timeout.
 constexpr std::chrono::seconds kPatience{3};
 
+constexpr std::chrono::milliseconds kBetweenLooks{100};
+
 }  // namespace
 
 Connector::Connector(HostResolver& resolver, const std::string& host, std::uint16_t port,
@@ -20,6 +22,10 @@ Connector::Connector(HostResolver& resolver, const std::string& host, std::uint1
     patience_.setSingleShot(true);
     patience_.setInterval(kPatience);
     QObject::connect(&patience_, &QTimer::timeout, this, [this] { TryNext(); });
+    failure_.setInterval(kBetweenLooks);
+    QObject::connect(&failure_, &QTimer::timeout, this, [this] {
+        if (native::HasFailed(handle_)) TryNext();
+    });
     resolver.LookUp(host, *this, [this](const HostResolver::Addresses& found) {
         addresses_.assign(found.rbegin(), found.rend());
         TryNext();
@@ -47,16 +53,13 @@ bool Connector::Start(native::Address address) {
     if (handle_ == native::kNoHandle || !native::StartConnect(handle_, address)) return false;
     decided_ =
         std::make_unique<SocketWatch>(handle_, QSocketNotifier::Write, [this] { Decided(); });
-    if constexpr (native::kFailureIsException) {
-        failure_ = std::make_unique<SocketWatch>(handle_, QSocketNotifier::Exception,
-                                                 [this] { TryNext(); });
-    }
+    if (native::kFailureIsSilent) failure_.start();
     if (!addresses_.empty()) patience_.start();
     return true;
 }
 
 void Connector::Decided() {
-    if (native::PendingError(handle_) != 0) {
+    if (native::PendingError(handle_) != 0 || native::HasFailed(handle_)) {
         TryNext();
         return;
     }
@@ -70,7 +73,7 @@ void Connector::Decided() {
 void Connector::Drop() {
     patience_.stop();
     decided_.reset();
-    failure_.reset();
+    failure_.stop();
     if (handle_ != native::kNoHandle) {
         native::CloseHandle(std::exchange(handle_, native::kNoHandle));
     }

