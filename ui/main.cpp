@@ -10,6 +10,7 @@
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_socket.h"
 #include "setup/forms/frm_new.h"
+#include "text/text.h"
 #include "ui/command_line.h"
 #include "ui/output_stream.h"
 #include "ui/system_services.h"
@@ -26,6 +27,7 @@ namespace {
 using ui::CommandLine;
 
 constexpr int kNoDisplay = 1;
+constexpr int kForEver = -1;
 
 std::unique_ptr<platform::Socket> MakeSocket() {
     return std::make_unique<platform::QtSocket>();
@@ -47,8 +49,13 @@ bool HasDisplay() {
 }
 
 int Print(const CommandLine& line) {
-    const std::string text = platform::ToBytes(line.text);
-    std::fputs(text.c_str(), line.exit_code == 0 ? stdout : stderr);
+    using Which = ui::OutputStream::Which;
+    ui::OutputStream stream(line.exit_code == 0 ? Which::Output : Which::Error);
+    std::string text = platform::ToBytes(line.text);
+    text::ReplaceAllIn(text, "\n", ui::kLineEnd);
+    while (!text.empty() && stream.Ready(kForEver)) {
+        text.erase(0, stream.Write(text));
+    }
     return line.exit_code;
 }
 

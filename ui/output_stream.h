@@ -21,7 +21,8 @@ class OutputStream {
 
     bool IsTerminal() const;
 
-    /// Whether it takes text within that time, as far as the system can tell.
+    /// Whether it takes text within that time, as far as the system can tell; a time below 0 is
+    /// for ever.
     bool Ready(int milliseconds = 0) const;
 
     /// Writes what is taken at once and gives its length. After a fault other than a full pipe, a

@@ -1,8 +1,6 @@
-#include <io.h>
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -36,11 +34,10 @@ bool IsOpen(DWORD which) {
            GetFileType(handle) != FILE_TYPE_UNKNOWN;
 }
 
-/// Leads a stream of the C library, and the system's own handle for it, to the console.
-void LeadToConsole(DWORD which, int descriptor, std::FILE* stream) {
-    if (std::freopen("CONOUT$", "w", stream) == nullptr) return;
-    _dup2(_fileno(stream), descriptor);
-    SetStdHandle(which, reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))));
+void LeadToConsole(DWORD which) {
+    SetStdHandle(
+        which, CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
+                           FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
 }  // namespace
@@ -51,7 +48,8 @@ bool OutputStream::IsTerminal() const {
 
 bool OutputStream::Ready(int milliseconds) const {
     // No pipe tells whether it has room; a write to it says what it took.
-    if (milliseconds > 0) Sleep(static_cast<DWORD>(std::min(milliseconds, 10)));
+    constexpr int kBetweenWrites = 10;
+    if (milliseconds != 0) Sleep(kBetweenWrites);
     return true;
 }
 
@@ -83,15 +81,15 @@ std::size_t OutputStream::Write(std::string_view text) {
 void OpenClosedStreams() {
     // A window needs no console, and would end with it.
     if (__argc < 2) return;
-    const bool output = IsOpen(STD_OUTPUT_HANDLE);
-    const bool error = IsOpen(STD_ERROR_HANDLE);
-    const HANDLE given_output = GetStdHandle(STD_OUTPUT_HANDLE);
-    const HANDLE given_error = GetStdHandle(STD_ERROR_HANDLE);
-    if (!AttachConsole(ATTACH_PARENT_PROCESS)) return;
-    if (output) SetStdHandle(STD_OUTPUT_HANDLE, given_output);
-    if (error) SetStdHandle(STD_ERROR_HANDLE, given_error);
-    if (!output) LeadToConsole(STD_OUTPUT_HANDLE, 1, stdout);
-    if (!error) LeadToConsole(STD_ERROR_HANDLE, 2, stderr);
+    const bool output_given = IsOpen(STD_OUTPUT_HANDLE);
+    const bool error_given = IsOpen(STD_ERROR_HANDLE);
+    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    const HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
+    AttachConsole(ATTACH_PARENT_PROCESS);  // fails when it has been joined already, too
+    SetStdHandle(STD_OUTPUT_HANDLE, output);
+    SetStdHandle(STD_ERROR_HANDLE, error);
+    if (!output_given) LeadToConsole(STD_OUTPUT_HANDLE);
+    if (!error_given) LeadToConsole(STD_ERROR_HANDLE);
 }
 
 }  // namespace ui

@@ -1,5 +1,7 @@
 #include "platform/qt/socket_watch.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <vector>
 
 namespace platform {
@@ -19,6 +21,18 @@ short PollEvents(QSocketNotifier::Type type) {
             break;
     }
     return 0;  // an error is reported unasked
+}
+
+/// On Windows Qt looks at timers and paints when no message waits, and what a socket has to tell is
+/// a message: a fast peer would keep both from their turn.
+void LetOthersIn() {
+#ifdef Q_OS_WIN
+    constexpr qint64 kMilliseconds = 10;
+    static QElapsedTimer since_last;
+    if (since_last.isValid() && !since_last.hasExpired(kMilliseconds)) return;
+    since_last.start();
+    QCoreApplication::sendPostedEvents();
+#endif
 }
 
 }  // namespace
@@ -49,7 +63,9 @@ bool SocketWatch::AnyWaitsSince(Moment moment) {
 
 bool SocketWatch::event(QEvent* event) {
     called_ = ++g_now;
-    return QSocketNotifier::event(event);
+    const bool recognized = QSocketNotifier::event(event);  // this object may go meanwhile
+    LetOthersIn();
+    return recognized;
 }
 
 }  // namespace platform

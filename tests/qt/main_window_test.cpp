@@ -134,7 +134,8 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
 
     EXPECT_EQ(crawl::List2.Count(), 1U);
     EXPECT_TRUE(The<QWidget>("List2").isHidden());
-    EXPECT_EQ(The<QAbstractButton>("OtherLinks").text(), "Show Other Links (1)");
+    EXPECT_TRUE(WaitFor(
+        [&] { return The<QAbstractButton>("OtherLinks").text() == "Show Other Links (1)"; }));
     Click("OtherLinks");
     EXPECT_TRUE(The<QWidget>("List2").isVisible());
 

@@ -1,7 +1,5 @@
 """The same sites downloaded by the Linux program and by the Windows program: the copies, file by file."""
 
-import socket
-import struct
 import unittest
 
 import names
@@ -79,15 +77,3 @@ class MirrorCheck(unittest.TestCase):
         print(f"odd names: {counts}", flush=True)
         self.assertEqual(faults, [])
         self.assertTrue(all(counts.values()), counts)
-
-    def test_a_reset_does_not_count_as_the_end_of_a_file(self):
-        def reset(connection, _):
-            connection.sendall(b"HTTP/1.0 200 OK\r\nContent-Length: 1000\r\n\r\nhalf")
-            connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
-            connection.close()
-
-        with ScriptedServer({b"/": page(links_to(b"cut.html")), b"/cut.html": reset}) as server:
-            for files in self.both("www.example.test", "--timeout", "1"):
-                self.assertEqual([path for path in files if path.startswith(b"example.test/")],
-                                 [b"example.test/index.html"])
-            self.assertEqual(server.paths().count(b"/cut.html"), 6, "three times by each program")

@@ -1,5 +1,8 @@
 """The program as a command: what it prints where, how it ends, and where it keeps its lists."""
 
+import contextlib
+import os
+import pty
 import shutil
 import subprocess
 import unittest
@@ -71,6 +74,31 @@ class UnattendedCheck(unittest.TestCase):
             crawl.stdout.readline()
             crawl.stdout.close()
             self.assertEqual(crawl.wait(60), 141)
+
+    def test_in_a_console_it_prints_there_and_hears_ctrl_c(self):
+        for program in (PROGRAM, COMMAND):
+            with self.subTest(program=program):
+                self.assertEqual(self.in_console(program, "--no-such-word"), (2, b"vantorin --help"))
+                with ScriptedServer(SLOW):
+                    self.assertEqual(self.in_console(program, *HERE, said=b"when it was stopped.", keys=b"\x03"),
+                                     (130, b"when it was stopped."))
+
+    def in_console(self, *words, said=b"vantorin --help", keys=b""):
+        """The exit status in a console in which `keys` are pressed once a crawl runs, and `said` if that
+        is what the console shows."""
+        process, console = pty.fork()
+        if process == 0:
+            os.execvpe("wine", ["wine", *words], self.wine.environment)
+        shown = b""
+        with contextlib.suppress(OSError):  # so ends what it shows
+            while data := os.read(console, 65536):
+                shown += data
+                if keys and b" queued" in shown:
+                    os.write(console, keys)
+                    keys = b""
+        os.close(console)
+        _, status = os.waitpid(process, 0)
+        return os.waitstatus_to_exitcode(status), said if said in shown else shown
 
     def test_its_lists_lie_beside_it_or_with_the_user(self):
         with ScriptedServer(SITE):

@@ -1,0 +1,16 @@
+// Takes the place of Windows' explorer: writes the command line that it was started with.
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+int main() {
+    const std::string file = std::getenv("STAND_IN_WRITES");
+    std::FILE* const part = std::fopen((file + ".part").c_str(), "wb");
+    if (part == nullptr) return 1;
+    std::fputs(GetCommandLineA(), part);
+    std::fclose(part);
+    return std::rename((file + ".part").c_str(), file.c_str());
+}
