@@ -28,6 +28,20 @@ void WriteToConsole(HANDLE console, std::string_view text) {
     WriteConsoleW(console, wide.data(), static_cast<DWORD>(length), &written, nullptr);
 }
 
+/// For its lifetime a full pipe takes nothing instead of waiting. Others who write to the pipe are
+/// used to waiting. Files and the rest have no such state.
+class PipeTakesNothingWhenFull {
+  public:
+    explicit PipeTakesNothingWhenFull(HANDLE handle) : handle_(handle) { Set(PIPE_NOWAIT); }
+    ~PipeTakesNothingWhenFull() { Set(PIPE_WAIT); }
+    PipeTakesNothingWhenFull(const PipeTakesNothingWhenFull&) = delete;
+    PipeTakesNothingWhenFull& operator=(const PipeTakesNothingWhenFull&) = delete;
+
+  private:
+    void Set(DWORD mode) const { SetNamedPipeHandleState(handle_, &mode, nullptr, nullptr); }
+    HANDLE handle_;
+};
+
 bool IsOpen(DWORD which) {
     const HANDLE handle = GetStdHandle(which);
     return handle != nullptr && handle != INVALID_HANDLE_VALUE &&
@@ -59,9 +73,7 @@ std::size_t OutputStream::Write(std::string_view text) {
         WriteToConsole(handle, text);
         return text.size();
     }
-    // With this a full pipe takes nothing instead of waiting; files and the rest do not know it.
-    DWORD no_wait = PIPE_NOWAIT;
-    SetNamedPipeHandleState(handle, &no_wait, nullptr, nullptr);
+    const PipeTakesNothingWhenFull while_writing(handle);
     constexpr std::size_t kPart = 512;
     std::size_t taken = 0;
     DWORD written = 1;

@@ -9,9 +9,10 @@ from program import tree
 from web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, Wine, crawl_words
 
-WINDOWS_CLIMBS = [b"c:", b"c:/", b"c:\\Mirror\\..\\", b"\\\\localhost\\c$\\", b"\\\\?\\c:\\", b"\\\\.\\c:\\", b".. /.. /",
-                  b".../.../", b". ./", b".*. /.*. /", b"..:/..:/", b"a:b/", b"x:$DATA/", b"con/../../", b"nul\\..\\..\\",
-                  b"MIRROR~1/../../", b"..%5c..%5c", b".*.\\.*.\\.*.\\", b"aux.*./.*./.*./"]
+WINDOWS_CLIMBS = [b"c:", b"c:/", b"c:\\Mirror\\..\\", b"\\\\localhost\\c$\\", b"\\\\?\\c:\\", b"\\\\.\\c:\\",
+                  b".. /.. /", b".../.../", b". ./", b".*. /.*. /", b"..:/..:/", b"a:b/", b"x:$DATA/",
+                  b"con/../../", b"nul\\..\\..\\", b"MIRROR~1/../../", b"..%5c..%5c",
+                  b".*.\\.*.\\.*.\\", b"aux.*./.*./.*./"]
 FILES = [b"con", b"NUL.html", b"com1.html", b"prn.txt.html", b"stream.html:hidden.html", b"canary.html::$DATA",
          b"index.html:x.html", b"index.html.", b"index.html ", b"PHYSICALDRIVE0", b"pipe\\x.html", b"log.txt:x.html"]
 ESCAPES = [*faults_test.ESCAPES, *(folder + b"escape-%d.html" % i for i, folder in enumerate(WINDOWS_CLIMBS)), *FILES]
@@ -29,8 +30,8 @@ class HostileCheck(unittest.TestCase):
         answers = {path: page(links_to(*links, b"/a/b/c/deep.html")) for path in (b"/", b"/a/b/c/deep.html")}
         answers |= {b"/" + link: page(b"harm") for link in links}
         with ScriptedServer(answers) as server:
-            output, status = wine.run(
-                COMMAND, *crawl_words("www.example.test", "C:\\Mirror", "--connections", "24", "--timeout", "1"), seconds=300)
+            words = crawl_words("www.example.test", "C:\\Mirror", "--connections", "24", "--timeout", "1")
+            output, status = wine.run(COMMAND, *words, seconds=300)
             self.assertEqual(status, 0, output)
         self.assertEqual(outside(), before)
         late = {b"/" + link for link in faults_test.ESCAPES[len(faults_test.CLIMBS):]}

@@ -22,7 +22,8 @@ class WindowCheck(unittest.TestCase):
         self.wine = self.enterContext(Wine(self.folder / "home", self.desktop))
 
     def serve(self, limits=""):
-        self.enterContext(web.nginx(private_network.scratch("nginx"), {take_pictures.SITE: take_pictures.ROOT}, limits))
+        sites = {take_pictures.SITE: take_pictures.ROOT}
+        self.enterContext(web.nginx(private_network.scratch("nginx"), sites, limits))
 
     def test_first_start_to_a_whole_copy(self):
         self.serve()
