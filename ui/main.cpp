@@ -73,6 +73,7 @@ int RunWindow(int argc, char** argv) {
     qInstallMessageHandler(ExitInsteadOfAbort);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+    QApplication::setDesktopFileName("vantorin");  // whose icon Wayland shows for the window
     // The window says itself when the program ends: a stop closes one window and opens another.
     QApplication::setQuitOnLastWindowClosed(false);
     platform::QtSettingsStore settings;
