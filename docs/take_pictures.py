@@ -35,9 +35,10 @@ class Photographer:
                          "-strip", f"PNG8:{self.folder}/{name}.png")
 
 
-def take_all(desktop, program, pictures):
+def take_all(desktop, running, websites, pictures):
+    """Every window of the program that has just been started for the first time; ends it. The site
+    goes to the folder `websites`."""
     press, take = desktop.press, Photographer(desktop, pictures).take
-    running = desktop.start(program)
 
     desktop.await_window(WIZARD)
     desktop.type(SITE)
@@ -67,7 +68,7 @@ def take_all(desktop, program, pictures):
     desktop.await_window(MAIN)
     press("Tab", "Tab", "Tab")
     desktop.type("12")  # connections
-    copy = desktop.home / "Websites/example.test"
+    copy = websites / "example.test"
     wait_until(lambda: len(list(copy.glob("**/*.html"))) > 30, what="some files")
     take(MAIN, "window")
     press("alt+s", "Return")
@@ -99,7 +100,8 @@ def main():
     desktop = Desktop(home)
     try:
         with web.nginx(private_network.scratch("nginx"), {SITE: ROOT}, "limit_rate 20k;"):
-            take_all(desktop, copy_program(private_network.scratch("program")), HERE / "pictures")
+            running = desktop.start(copy_program(private_network.scratch("program")))
+            take_all(desktop, running, home / "Websites", HERE / "pictures")
     finally:
         desktop.close()
 

@@ -42,10 +42,12 @@ bool IsDevice(PathView name) {
                        [&stem](PathView device) { return IsSameName(stem, device); });
 }
 
-/// Whether the system takes `name` for the name of a file and nothing else: what follows a ":"
-/// would be a stream of another file, and "<" and ">" are wildcards, too.
+/// Whether every program takes `name` for the name of a file and of this one: what follows a ":"
+/// would be a stream of another file, "<" and ">" are wildcards, too, and dots and blanks at the
+/// end are dropped by most, which then find a neighbour.
 bool IsPlainName(PathView name) {
-    return name.find_first_of(L"<>:\"|?*") == PathView::npos && !IsDevice(name) &&
+    return name.find_first_of(L"<>:\"|?*") == PathView::npos && !name.ends_with(L'.') &&
+           !name.ends_with(L' ') && !IsDevice(name) &&
            std::none_of(name.begin(), name.end(), [](wchar_t c) { return c < L' '; });
 }
 
@@ -99,7 +101,7 @@ std::optional<std::string> TextOf(const Path& name) {
                                            static_cast<int>(text.size()), nullptr, nullptr);
     text.resize(static_cast<std::size_t>(length));
     // A letter that the code page has not would come back as another.
-    return Widened(text) == name ? std::optional(text) : std::nullopt;
+    return IsPlainName(name) && Widened(text) == name ? std::optional(text) : std::nullopt;
 }
 
 bool IsSameName(PathView a, PathView b) {

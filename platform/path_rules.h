@@ -16,10 +16,7 @@ bool HasDrive(std::string_view path);
 /// Whether the system has the drive that a resolved text begins with.
 bool IsOnDrive(std::string_view resolved);
 
-/// What a path without a drive is taken from, as a resolved text.
+/// What a path without a drive is taken from, as a resolved text; "" when it leads nowhere.
 std::string BaseOf(std::string_view path);
-
-/// A file's name as the system sees it.
-std::string_view NameOnSystem(std::string_view name);
 
 }  // namespace platform

@@ -35,7 +35,7 @@ std::optional<std::string> ResolvePathText(std::string_view path) {
     while (!path.empty()) {
         const auto end = std::find_if(path.begin(), path.end(), IsSeparator);
         const auto name_length = static_cast<std::size_t>(end - path.begin());
-        const std::string_view name = NameOnSystem(path.substr(0, name_length));
+        const std::string_view name = path.substr(0, name_length);
         path.remove_prefix(std::min(name_length + 1, path.size()));
 
         if (name == "..") {

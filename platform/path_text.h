@@ -13,7 +13,8 @@ namespace platform {
 
 /// The one text for the place that `path` names, for example "c:\a\b": "." and ".." resolved and
 /// clamped at the root, no doubled or final "\". Nothing for an empty text, for one that holds a
-/// NUL, and for a drive that the system does not have.
+/// NUL, for a drive that the system does not have, and on Windows for a share of the network, which
+/// needs a drive of its own.
 std::optional<std::string> ResolvePathText(std::string_view path);
 
 /// The folder that the place lies in, of and as a resolved text; a root is its own parent.

@@ -30,10 +30,6 @@ std::string BaseOf(std::string_view path) {
     return IsSeparator(path[0]) ? "z:" : "c:";
 }
 
-std::string_view NameOnSystem(std::string_view name) {
-    return name;
-}
-
 std::optional<std::string> SystemPathOf(std::string_view path) {
     const std::optional<std::string> resolved = ResolvePathText(path);
     if (!resolved) return std::nullopt;

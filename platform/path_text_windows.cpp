@@ -13,18 +13,13 @@ bool IsOnDrive(std::string_view resolved) {
 }
 
 std::string BaseOf(std::string_view path) {
+    // A share of the network: paths are built name by name, and its two "\" would become one.
+    if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return {};
     std::array<char, MAX_PATH> buffer;
     const DWORD length = GetCurrentDirectoryA(buffer.size(), buffer.data());
     const std::string_view current(buffer.data(), length < buffer.size() ? length : 0);
     if (!HasDrive(current)) return {};
     return *ResolvePathText(IsSeparator(path[0]) ? current.substr(0, 2) : current);
-}
-
-/// Windows drops blanks and dots at the end of a name, so that ".. " would climb after all.
-std::string_view NameOnSystem(std::string_view name) {
-    const std::string_view without_blanks = name.substr(0, name.find_last_not_of(' ') + 1);
-    if (without_blanks == "..") return without_blanks;
-    return name.substr(0, name.find_last_not_of(" .") + 1);
 }
 
 std::optional<std::string> SystemPathOf(std::string_view path) {

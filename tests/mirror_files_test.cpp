@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 
 #include "extractor/admission.h"
 #include "output/paths.h"
@@ -188,7 +189,9 @@ TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
              {"site.com/b.html", "../other.net/a.html"},
              {"site.com/in", "real"},
          }) {
-        std::filesystem::create_symlink(target, mirror / link);
+        std::error_code error;
+        std::filesystem::create_symlink(target, mirror / link, error);
+        if (error == std::errc::function_not_supported) GTEST_SKIP() << "no links on this system";
     }
 
     fakes::FakeSystem fake;

@@ -78,9 +78,11 @@ Files:
   temp/filetypes.txt  the types of files to download, one on each line
   filters.txt         keywords: addresses with one of them are not downloaded
        Both lie beside the program where that is a folder of its own that can be
-       written to, else in your data folder (on Linux ~/.local/share/Vantorin).
-       The window's settings (on Linux ~/.config/Vantorin/Vantorin.conf) are
-       left alone by a download without it.
+       written to, else in your data folder: on Linux ~/.local/share/Vantorin, on
+       Windows %APPDATA%\Vantorin.
+       The window's settings (on Linux ~/.config/Vantorin/Vantorin.conf, on Windows
+       in the registry below HKEY_CURRENT_USER\Software\Vantorin) are left alone
+       by a download without it.
   FOLDER/.../*.tmp    files that wait to be downloaded
        They go when the download ends or is stopped. After a crash, a kill or a
        second Ctrl+C they stay, and the next download takes each for a file that

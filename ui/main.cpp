@@ -89,7 +89,8 @@ int RunWindow(int argc, char** argv) {
 /// use.
 void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtCriticalMsg && type != QtFatalMsg) return;
-    ui::OutputStream(ui::OutputStream::Which::Error).Write(platform::ToBytes(message) + "\n");
+    ui::OutputStream(ui::OutputStream::Which::Error)
+        .Write(platform::ToBytes(message) + ui::kLineEnd);
 }
 
 int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {

@@ -5,6 +5,13 @@
 
 namespace ui {
 
+/// What a line ends in where the system's programs read it.
+#ifdef _WIN32
+inline constexpr char kLineEnd[] = "\r\n";
+#else
+inline constexpr char kLineEnd[] = "\n";
+#endif
+
 /// One of the program's standard streams, written to without ever waiting for whoever reads it: a
 /// pipe that nobody empties must not hold up a crawl.
 class OutputStream {
@@ -14,7 +21,7 @@ class OutputStream {
 
     bool IsTerminal() const;
 
-    /// Whether it takes text within that time.
+    /// Whether it takes text within that time, as far as the system can tell.
     bool Ready(int milliseconds = 0) const;
 
     /// Writes what is taken at once and gives its length. After a fault other than a full pipe, a
@@ -29,8 +36,10 @@ class OutputStream {
     bool reader_gone_ = false;
 };
 
-/// Gives each standard stream that is closed a place where all that is written gets lost. Its
-/// number would go to the next file or connection, and the terminal's text with it.
+/// Gives each standard stream that is closed a place. On Windows that is the console of whoever
+/// started the program with words, since a program with windows is given none; elsewhere one where
+/// all that is written gets lost, for the stream's number would go to the next file or connection,
+/// and the terminal's text with it.
 void OpenClosedStreams();
 
 }  // namespace ui

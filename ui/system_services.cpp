@@ -2,8 +2,8 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 
 #include "platform/qt/local_text.h"
 
@@ -11,12 +11,17 @@ namespace ui {
 
 namespace {
 
+/// Whether a file can be made in the folder. On Windows its attributes do not tell.
+bool IsWritable(const QDir& folder) {
+    return QTemporaryFile(folder.filePath("vantorin")).open();
+}
+
 /// The folder of the program's own lists, as a system path: where the program lies, when it is a
 /// portable copy in a folder of its own that can be written to, else the user's data folder.
 std::string ProgramFolder() {
     const QDir beside(QCoreApplication::applicationDirPath());
     const bool among_others = beside.dirName() == "bin" || beside.dirName() == "games";
-    if (!among_others && QFileInfo(beside.path()).isWritable()) {
+    if (!among_others && IsWritable(beside)) {
         return platform::ToBytes(beside.path());
     }
     const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);

@@ -19,14 +19,14 @@ void Terminal::ShowProgress(const std::string& line) {
     const std::size_t blanks = old_length > line.size() ? old_length - line.size() : 0;
     progress_ = line;
     line_open_ = in_place_;
-    pending_ = in_place_ ? "\r" + line + std::string(blanks, ' ') : line + "\n";
+    pending_ = in_place_ ? "\r" + line + std::string(blanks, ' ') : line + kLineEnd;
     Flush();
 }
 
 void Terminal::Print(const std::string& lines) {
-    if (line_open_) pending_ += "\n";
+    if (line_open_) pending_ += kLineEnd;
     line_open_ = false;
-    pending_ += lines + "\n";
+    pending_ += text::ReplaceAll(lines, "\n", kLineEnd) + kLineEnd;
     Flush();
 }
 

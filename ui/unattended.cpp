@@ -35,6 +35,9 @@ volatile std::sig_atomic_t g_signal = 0;
 extern "C" void NoteSignal(int number) {
     if (g_signal != 0) std::_Exit(128 + number);
     g_signal = number;
+#ifdef _WIN32
+    std::signal(number, NoteSignal);  // each is told of once there
+#endif
 }
 
 void HandleSignals() {

@@ -3,6 +3,9 @@
 #include <QProcess>
 #include <QUrl>
 #include <QtGlobal>
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
 
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
@@ -11,13 +14,22 @@ namespace platform {
 
 namespace {
 
-/// Starts `program` on its own, with `argument` as its one argument.
-bool Start(const QString& program, const QString& argument) {
+enum class WindowSize { Normal, Maximized };
+
+/// Starts `program` on its own, with `argument` as its one argument. The size is a wish that only
+/// Windows knows.
+bool Start(const QString& program, const QString& argument, [[maybe_unused]] WindowSize size) {
     QProcess process;
     process.setProgram(program);
 #ifdef Q_OS_WIN
-    // The explorer takes its command line literally; a path holds no quote there.
+    // The explorer takes its command line literally, and neither a path nor an encoded address
+    // holds a quote.
     process.setNativeArguments(QLatin1Char('"') + argument + QLatin1Char('"'));
+    process.setCreateProcessArgumentsModifier([size](QProcess::CreateProcessArguments* arguments) {
+        arguments->startupInfo->dwFlags |= STARTF_USESHOWWINDOW;
+        arguments->startupInfo->wShowWindow =
+            size == WindowSize::Maximized ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
+    });
 #else
     process.setArguments({argument});
 #endif
@@ -53,7 +65,7 @@ QString AddressOpener() {
 bool QtProcessStarter::ExploreFolder(const std::string& folder) {
     // A system path starts at the root (or with a drive), so it is never taken for an option.
     const auto path = SystemPathOf(folder);
-    return path && Start(FolderOpener(), FromBytes(*path));
+    return path && Start(FolderOpener(), FromBytes(*path), WindowSize::Normal);
 }
 
 bool QtProcessStarter::OpenAddress(const std::string& address) {
@@ -62,7 +74,7 @@ bool QtProcessStarter::OpenAddress(const std::string& address) {
     if (!url.isValid() || url.scheme() != QLatin1String("http") || url.host().isEmpty()) {
         return false;
     }
-    return Start(AddressOpener(), QString::fromLatin1(url.toEncoded()));
+    return Start(AddressOpener(), QString::fromLatin1(url.toEncoded()), WindowSize::Maximized);
 }
 
 }  // namespace platform

@@ -13,8 +13,14 @@ namespace {
 /// Opened anew for each use: what another instance of the program has stored is seen, and what is
 /// put is on disk when this returns.
 QSettings Open(const std::string& application) {
+#ifdef Q_OS_WIN
+    // The maker's name is the program's; once is enough in the registry.
+    return QSettings(QStringLiteral("HKEY_CURRENT_USER\\Software\\") + FromBytes(application),
+                     QSettings::NativeFormat);
+#else
     return QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Vantorin"),
                      FromBytes(application));
+#endif
 }
 
 QString PathOf(const std::string& section, const std::string& key) {

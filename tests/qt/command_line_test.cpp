@@ -77,14 +77,16 @@ class Program : public testing::Test {
     const fakes::TempFolder folder;
     /// A crawl into that folder from an address of this machine at which nobody answers.
     const QString order = "--site 127.77.77.77/www.test --timeout 0.05 --folder " +
-                          QString::fromStdString(folder.SystemPath());
+                          QString::fromStdString(folder.SystemPath().string());
     QProcess program;
 };
 
 TEST_F(Program, SaysHowItWentAndExitsWithACode) {
     const std::tuple<QString, int, const char*> cases[] = {
         {"--version", 0, "Vantorin Website Downloader 1.9\n"},
+#ifndef _WIN32  // there is always one
         {"", 1, "no display"},
+#endif
         {order + "/a&b", 1, "would be changed"},
         {order + "/www.mirror", 1, "would be changed"}};
     for (const auto& [words, code, said] : cases) {

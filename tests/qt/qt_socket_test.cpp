@@ -1,9 +1,5 @@
 #include "platform/qt/qt_socket.h"
 
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QTcpServer>
 #include <QWidget>
 #include <chrono>
@@ -14,6 +10,7 @@
 #include <utility>
 
 #include "platform/qt/host_resolver.h"
+#include "platform/qt/native_socket.h"
 #include "tests/contracts/socket_contract.h"
 #include "tests/qt/name_server.h"
 #include "tests/qt/real_bench.h"
@@ -43,12 +40,23 @@ void operator delete(void* memory, std::size_t) noexcept {
 namespace {
 
 using platform::SocketState;
+namespace native = platform::native;
+
+/// Takes a connection, whose calls wait whatever those of the socket that listens do.
+native::Handle TakePeer(native::Handle listening) {
+    const native::Handle peer = accept(listening, nullptr, nullptr);
+#ifdef _WIN32
+    u_long off = 0;
+    ioctlsocket(peer, FIONBIO, &off);
+#endif
+    return peer;
+}
 
 /// The real socket against a peer on this machine.
 struct QtSocketBench : real::Clock {
     std::unique_ptr<platform::QtSocket> socket = std::make_unique<platform::QtSocket>();
     QTcpServer server;  // holds the port; its peers are taken by hand
-    int peer = -1;
+    native::Handle peer = native::kNoHandle;
 
     QtSocketBench() {
         EXPECT_TRUE(server.listen(QHostAddress::LocalHost));
@@ -56,7 +64,7 @@ struct QtSocketBench : real::Clock {
     }
     ~QtSocketBench() {
         socket.reset();
-        if (peer >= 0) close(peer);
+        DropPeer();
     }
 
     void NewSocket() { socket = std::make_unique<platform::QtSocket>(); }
@@ -66,25 +74,41 @@ struct QtSocketBench : real::Clock {
     }
     void ConnectRefused() { socket->Connect("127.0.0.1", 1); }
     bool SomeoneWaits() const {
-        pollfd waiting{static_cast<int>(server.socketDescriptor()), POLLIN, 0};
-        return poll(&waiting, 1, 0) == 1;
+        native::PollEntry waiting{Listening(), POLLIN, 0};
+        return native::PollAtOnce(&waiting, 1) == 1;
+    }
+    native::Handle Listening() const {
+        return static_cast<native::Handle>(server.socketDescriptor());
+    }
+    void DropPeer() {
+        if (peer != native::kNoHandle) native::CloseHandle(peer);
+        peer = native::kNoHandle;
     }
     /// Takes the newest; others may be left of connections that were given up.
     void Accept() {
         ASSERT_TRUE(RunUntil([this] { return SomeoneWaits(); }));
         while (SomeoneWaits()) {
-            if (peer >= 0) close(peer);
-            peer = accept(static_cast<int>(server.socketDescriptor()), nullptr, nullptr);
+            DropPeer();
+            peer = TakePeer(Listening());
         }
     }
     void PeerSends(const std::string& bytes) {
-        EXPECT_EQ(send(peer, bytes.data(), bytes.size(), MSG_NOSIGNAL), ssize_t(bytes.size()));
+        std::string_view rest = bytes;
+        while (!rest.empty()) {
+            const auto taken = native::Send(peer, rest.data(), rest.size());
+            ASSERT_GT(taken, 0);
+            rest.remove_prefix(static_cast<std::size_t>(taken));
+        }
     }
-    void PeerCloses() { shutdown(peer, SHUT_WR); }
+    void PeerCloses() {
+        constexpr int kSending = 1;
+        shutdown(peer, kSending);
+    }
     void PeerResets() {
         const linger at_once{1, 0};
-        setsockopt(peer, SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once);
-        close(std::exchange(peer, -1));
+        setsockopt(peer, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&at_once),
+                   sizeof at_once);
+        DropPeer();
     }
     std::string PeerReads(std::size_t count) {
         std::string bytes(count, '\0');

@@ -1,35 +1,12 @@
-#include "ui/output_stream.h"
-
-#include <cerrno>
-#ifdef _WIN32
-#include <io.h>
-#else
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
-#endif
+
+#include <cerrno>
+
+#include "ui/output_stream.h"
 
 namespace ui {
-
-#ifdef _WIN32
-
-bool OutputStream::IsTerminal() const {
-    return _isatty(descriptor_) != 0;
-}
-
-bool OutputStream::Ready(int) const {
-    return true;
-}
-
-std::size_t OutputStream::Write(std::string_view text) {
-    const int written = _write(descriptor_, text.data(), static_cast<unsigned>(text.size()));
-    if (written < 0 && errno == EPIPE) reader_gone_ = true;
-    return text.size();
-}
-
-void OpenClosedStreams() {}
-
-#else
 
 bool OutputStream::IsTerminal() const {
     return isatty(descriptor_) != 0;
@@ -64,7 +41,5 @@ void OpenClosedStreams() {
         descriptor = open("/dev/null", O_RDWR);
     if (descriptor >= 0) close(descriptor);
 }
-
-#endif
 
 }  // namespace ui

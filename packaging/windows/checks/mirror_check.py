@@ -1,0 +1,72 @@
+"""The same sites downloaded by the Linux program and by the Windows program: the copies, file by file."""
+
+import unittest
+
+import names
+import private_network
+import web
+from program import Crawl, copy_program, tree
+from web import ScriptedServer, links_to, page
+from wine import COMMAND, DRIVE_C, Wine, crawl_words
+
+SITES = {"www.example.test": "/usr/share/doc/python-flask-doc/html",
+         "www.second.test": "/usr/share/doc/xapian-doc",
+         "www.third.test": "/usr/share/doc/libxml2-doc"}
+
+DEEP = b"/".join([b"folder-with-a-long-name-%d" % i for i in range(12)])  # about 300 characters
+ODD_NAMES = [DEEP + b"/page.html", b"n" * 200 + b".html", b"Case.html", b"case.html", b"CASE/a.html", b"case/b.html",
+             b"caf\xc3\xa9.html", b"caf\xe9.html", b"\x81\x8d.html", b"a:b.html", b"a::$DATA.html", b"con.html",
+             b"nul", b"Com1.txt.html", b"aux/a.html", b"dot./a.html", b"blank /a.html", b"...html", b'quote".html',
+             b"a;b,c=d.html", b"~tilde~1.html", b"progra~1/a.html", b"%41.html", b"a+b.html", b"lpt1", b"com10.html"]
+
+
+class MirrorCheck(unittest.TestCase):
+    def setUp(self):
+        self.folder = private_network.scratch("mirrors")
+        self.linux = copy_program(self.folder / "linux")
+        (self.folder / "home").mkdir()
+        self.wine = self.enterContext(Wine(self.folder / "home"))
+
+    def both(self, site, *words):
+        """The trees that the two programs make of a site, both from their command."""
+        name = site.split(".")[1]
+        crawl = Crawl(self.linux, site, self.folder / name, *words)
+        self.assertEqual(crawl.wait(), 0, crawl.output())
+        output, status = self.wine.run(COMMAND, *crawl_words(site, f"C:\\Mirrors\\{name}", *words), seconds=600)
+        self.assertEqual(status, 0, output)
+        self.assertIn("The website has been downloaded.", output)
+        return tree(self.folder / name), tree(DRIVE_C / "Mirrors" / name)
+
+    def test_real_sites_are_the_same_byte_for_byte(self):
+        with web.nginx(private_network.scratch("nginx"), SITES):
+            for site in SITES:
+                # One connection, so that the record files have one order, too.
+                linux, windows = self.both(site, "--connections", "1")
+                self.assertGreater(len(linux), 80)
+                print(f"{site}: {len(linux)} files on Linux, {len(windows)} on Windows", flush=True)
+                different = {path for path in linux.keys() | windows.keys() if linux.get(path) != windows.get(path)}
+                extracts = {path for path in different if path.startswith(b"_SearchData/")}
+                self.assertEqual(different - extracts, set())
+                for path in extracts:
+                    # In the system's code page there; what it does not have becomes "?" or a letter like it.
+                    self.compare_extracts(linux[path].decode(), windows[path].decode("cp1252", "replace"))
+
+    def compare_extracts(self, linux, windows):
+        self.assertEqual(len(linux), len(windows))
+        other = {a for a, b in zip(linux, windows) if a != b}
+        print(f"the search extract differs in letters that the code page does not have: {sorted(other)}", flush=True)
+        self.assertEqual([a for a in other if a.encode("cp1252", "ignore")], [])
+
+    def test_odd_names_differ_only_as_windows_has_them_not(self):
+        pages = {b"/" + name: page(links_to(b"/index.html") + b"This is " + name) for name in ODD_NAMES}
+        pages[b"/"] = page(links_to(*ODD_NAMES))
+        with ScriptedServer(pages) as server:
+            linux, windows = self.both("www.example.test", "--connections", "1", "--timeout", "2")
+            asked = server.paths()
+        self.assertLess(len(asked), 6 * len(pages), "what cannot be saved is not asked for again and again")
+        site = b"example.test/"
+        faults, counts = names.differences({path: data for path, data in linux.items() if path.startswith(site)},
+                                           {path: data for path, data in windows.items() if path.startswith(site)})
+        print(f"odd names: {counts}", flush=True)
+        self.assertEqual(faults, [])
+        self.assertTrue(all(counts.values()), counts)

@@ -1,0 +1,44 @@
+"""What becomes on Windows of the names that the Linux program saves."""
+
+import re
+
+DEVICE = re.compile(rb"(con|prn|aux|nul|conin\$|conout\$|(com|lpt)([1-9]|\xb9|\xb2|\xb3)) *(\..*)?", re.I | re.S)
+NO_NAME = re.compile(rb'[\x00-\x1f<>:"|?*]|[. ]$')
+
+
+def is_refused(path):
+    """Whether the system takes a part of this path for anything but a file's name."""
+    return any(NO_NAME.search(name) or DEVICE.fullmatch(name) for name in path.split(b"/"))
+
+
+def windows_name(path):
+    """The bytes of a name are in the code page of Western Europe there; Wine's disk shows it in UTF-8."""
+    return "".join(letter(byte) for byte in path).encode()
+
+
+def letter(byte):
+    try:
+        return bytes([byte]).decode("cp1252")
+    except UnicodeDecodeError:
+        return chr(byte)  # the five that the code page leaves open
+
+
+def differences(linux, windows):
+    """Where two trees differ that should be alike but for the names that Windows has not, in plain words;
+    and how many files were the same, refused, or fell together with one of another case."""
+    faults, expected, refused = [], {}, 0
+    for path, data in linux.items():
+        if is_refused(path):
+            refused += 1
+        else:
+            expected.setdefault(windows_name(path).decode().lower(), []).append(data)
+    found = {path.decode().lower(): data for path, data in windows.items()}
+    for name in sorted(expected.keys() | found.keys()):
+        if name not in found:
+            faults.append(f"missing: {name}")
+        elif name not in expected:
+            faults.append(f"not on Linux: {name}")
+        elif found[name] not in expected[name]:
+            faults.append(f"other bytes: {name}")
+    twins = len(linux) - refused - len(expected)
+    return faults, {"same": len(expected) - len(faults), "refused": refused, "twins of another case": twins}

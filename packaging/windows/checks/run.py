@@ -1,0 +1,20 @@
+"""Runs the checks in a private network. packaging/windows/check builds what they need and starts this.
+
+A word picks what to run: "mirror_check", or "window_check.WindowCheck.test_first_start_to_a_whole_copy".
+"""
+
+import sys
+import unittest
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+ROOT = HERE.parents[2]
+sys.path[:0] = [str(HERE), str(ROOT / "tests/e2e"), str(ROOT / "docs")]
+
+import private_network  # noqa: E402
+
+CHECKS = ["unit_check", "unattended_check", "mirror_check", "hostile_check", "window_check"]
+
+if __name__ == "__main__":
+    private_network.enter()
+    unittest.main(module=None, argv=[sys.argv[0], "--verbose", *(sys.argv[1:] or CHECKS)])

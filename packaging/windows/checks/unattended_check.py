@@ -1,0 +1,90 @@
+"""The program as a command: what it prints where, how it ends, and where it keeps its lists."""
+
+import shutil
+import subprocess
+import unittest
+
+import private_network
+from program import tree, wait_until
+from web import ScriptedServer, links_to, page
+from wine import COMMAND, DRIVE_C, PROGRAM, Wine, crawl_words
+
+HERE = crawl_words("www.example.test", "C:\\Mirror")
+SITE = {b"/": page(links_to(b"a.html", b"b.html")), b"/a.html": page(b"a"), b"/b.html": page(b"b")}
+
+
+def slowly(connection, ending):
+    ending.wait(0.5)
+    connection.sendall(page(b"x" * 1000))
+
+
+NAMES = [b"%d.html" % i for i in range(300)]
+LARGE = {b"/": page(links_to(*NAMES))} | {b"/" + name: page(b"x" * 1000) for name in NAMES}
+SLOW = {b"/": page(links_to(*NAMES))} | {b"/" + name: slowly for name in NAMES}
+
+
+class UnattendedCheck(unittest.TestCase):
+    def setUp(self):
+        self.folder = private_network.scratch("unattended")
+        self.wine = self.enterContext(Wine(self.folder))
+
+    def test_it_says_how_it_went_and_ends_with_a_status(self):
+        for program in (PROGRAM, COMMAND):
+            for words, status, said in (
+                    (["--version"], 0, "Vantorin Website Downloader 1.9\r\n"),
+                    (["--help"], 0, "Usage: vantorin"),
+                    (["--no-such-word"], 2, "--help"),
+                    (["--site", "x"], 2, "--folder"),
+                    (crawl_words("www.example.test", "Q:\\none"), 1, "That is an invalid directory."),
+                    (crawl_words("www.example.test", "\\\\server\\share"), 1, "That is an invalid directory."),
+                    (crawl_words("www.example.test", "C:\\a|b"), 1, "would be changed")):
+                with self.subTest(program=program, words=words):
+                    output, ended = self.wine.run(program, *words)
+                    self.assertIn(said, output)
+                    self.assertEqual(ended, status)
+
+    def test_a_crawl_prints_into_a_pipe_and_into_a_file(self):
+        with ScriptedServer(SITE):
+            output, status = self.wine.run(COMMAND, *HERE)
+            self.assertEqual(status, 0, output)
+            self.assertIn("Done. The website has been downloaded.", output)
+            self.assertTrue(output.endswith(" bytes.\r\n"), output)
+            self.assertEqual(len([path for path in tree(DRIVE_C / "Mirror") if path.startswith(b"example.test/")]), 3)
+            shutil.rmtree(DRIVE_C / "Mirror")
+            # As typed in a console: the command without its extension, led into a file by the shell.
+            line = f"vantorin {' '.join(HERE)} > C:\\output.txt"
+            _, status = self.wine.run("cmd", "/c", line, cwd=DRIVE_C / "Vantorin")
+            self.assertEqual(status, 0)
+            self.assertIn("Done. The website has been downloaded.", (DRIVE_C / "output.txt").read_text())
+        self.assertEqual(self.wine.registry("HKCU\\Software\\Vantorin"), "", "the stored settings are left alone")
+
+    def test_a_reader_that_pauses_or_goes(self):
+        with ScriptedServer(LARGE) as server:
+            crawl = self.wine.start(COMMAND, *HERE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+            wait_until(lambda: len(server.requests) > 300, 120, "the whole crawl though nobody reads")
+            crawl.stdout.read()
+            crawl.stdout.close()
+            self.assertEqual(crawl.wait(30), 0)
+        shutil.rmtree(DRIVE_C / "Mirror")
+        with ScriptedServer(SLOW):
+            crawl = self.wine.start(COMMAND, *HERE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+            crawl.stdout.readline()
+            crawl.stdout.close()
+            self.assertEqual(crawl.wait(60), 141)
+
+    def test_its_lists_lie_beside_it_or_with_the_user(self):
+        with ScriptedServer(SITE):
+            self.assertEqual(self.wine.run(COMMAND, *HERE)[1], 0)
+            lists = DRIVE_C / "Vantorin/temp/filetypes.txt"
+            self.assertTrue(lists.is_file(), "a copy on a stick keeps them beside it")
+            shutil.rmtree(DRIVE_C / "Vantorin/temp")
+            shutil.rmtree(DRIVE_C / "Mirror")
+            before = tree(DRIVE_C / "Vantorin")
+            subprocess.run(["mount", "--bind", DRIVE_C / "Vantorin", DRIVE_C / "Vantorin"], check=True)
+            self.addCleanup(subprocess.run, ["umount", DRIVE_C / "Vantorin"], check=True)
+            subprocess.run(["mount", "-o", "remount,bind,ro", DRIVE_C / "Vantorin"], check=True)
+            output, status = self.wine.run(COMMAND, *HERE)
+            self.assertEqual(status, 0, output)
+        self.assertEqual(tree(DRIVE_C / "Vantorin"), before)
+        self.assertEqual([path.name for path in (DRIVE_C / "users").glob("*/AppData/Roaming/Vantorin/temp/*")],
+                         ["filetypes.txt"])

@@ -1,0 +1,70 @@
+"""The program in its window, by keyboard alone."""
+
+import shutil
+import unittest
+
+import private_network
+import take_pictures
+import web
+from desktop import MAIN, WIZARD, Desktop
+from program import Crawl, copy_program, tree
+from wine import DRIVE_C, PROGRAM, ROOT, Wine
+
+WEBSITES = DRIVE_C / "Websites"
+SETTINGS = "HKCU\\Software\\Vantorin\\Settings"
+
+
+class WindowCheck(unittest.TestCase):
+    def setUp(self):
+        self.folder = private_network.scratch("window")
+        self.desktop = Desktop(self.folder / "home")
+        self.addCleanup(self.desktop.close)
+        self.wine = self.enterContext(Wine(self.folder / "home", self.desktop))
+
+    def serve(self, limits=""):
+        self.enterContext(web.nginx(private_network.scratch("nginx"), {take_pictures.SITE: take_pictures.ROOT}, limits))
+
+    def test_first_start_to_a_whole_copy(self):
+        self.serve()
+        desktop = self.desktop
+        running = self.wine.start(PROGRAM)
+        desktop.await_window(WIZARD, 120)
+        desktop.type(take_pictures.SITE)
+        desktop.press("Return")
+        desktop.await_window("Done.", 300)
+        crawl = Crawl(copy_program(self.folder / "linux"), take_pictures.SITE, self.folder / "mirror")
+        self.assertEqual(crawl.wait(), 0)
+        linux, windows = site_files(self.folder / "mirror"), site_files(WEBSITES)
+        self.assertGreater(len(linux), 80)
+        self.assertEqual(sorted(linux), sorted(windows))
+        self.assertTrue(linux == windows)
+        print(f"by the window: {len(windows)} files, the same as on Linux", flush=True)
+
+        desktop.press("alt+n")
+        desktop.await_window(MAIN)
+        desktop.press("alt+F4")
+        desktop.await_window("Exit Vantorin")
+        desktop.press("alt+y")
+        self.assertEqual(running.wait(60), 0)
+        stored = self.wine.registry(SETTINGS)
+        for name, value in (("LastURL", take_pictures.SITE), ("InDir", "C:\\Websites\\"), ("Timeout", "15")):
+            self.assertRegex(stored, rf"{name} +REG_SZ +{value}".replace("\\", "\\\\"))
+        print(stored.strip(), flush=True)
+        self.assertNotIn("Vantorin\\Vantorin", self.wine.registry("HKCU\\Software\\Vantorin"))
+
+    def test_every_dialog_pause_stop_and_exit(self):
+        """Their pictures go to the build folder; look at them, and then to docs/pictures/windows."""
+        self.serve("limit_rate 20k;")
+        for name in ("Documents", "Music", "Websites"):
+            (DRIVE_C / name).mkdir()
+        pictures = ROOT / "build/windows/pictures"
+        shutil.rmtree(pictures, ignore_errors=True)
+        pictures.mkdir(parents=True)
+        running = self.wine.start(PROGRAM)
+        take_pictures.take_all(self.desktop, running, WEBSITES, pictures)
+        self.assertEqual(running.wait(60), 0)
+        self.assertEqual(len(list(pictures.iterdir())), 11)
+
+
+def site_files(folder):
+    return {path: data for path, data in tree(folder).items() if path.startswith(b"example.test/")}

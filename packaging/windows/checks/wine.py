@@ -1,0 +1,63 @@
+"""A Windows of the check's own: Wine with nothing in it but what the check puts there."""
+
+import os
+import shutil
+import subprocess
+import zipfile
+from pathlib import Path
+
+from program import environment
+
+ROOT = Path(__file__).resolve().parents[3]
+PREFIX = ROOT / "build/windows/wine"
+PROGRAM = "C:\\Vantorin\\vantorin.exe"
+COMMAND = "C:\\Vantorin\\vantorin.com"
+DRIVE_C = PREFIX / "drive_c"
+
+# Wine asks to install what shows web pages and runs .NET programs, which nothing here needs.
+QUIET = {"WINEDEBUG": "-all", "WINEDLLOVERRIDES": "mscoree,mshtml=", "WINEPREFIX": str(PREFIX)}
+
+
+class Wine:
+    """Windows on a desktop, or without one. As a context, until it shuts down."""
+
+    def __init__(self, home, desktop=None):
+        self.environment = (desktop.environment if desktop else environment(home)) | QUIET
+
+    def __enter__(self):
+        shutil.rmtree(PREFIX, ignore_errors=True)
+        PREFIX.mkdir(parents=True)
+        subprocess.run(["wineboot", "--init"], env=self.environment, capture_output=True, check=True, timeout=300)
+        # Its programs look host names up here.
+        shutil.copy("/etc/hosts", DRIVE_C / "windows/system32/drivers/etc/hosts")
+        self.install()
+        return self
+
+    def __exit__(self, *_):
+        subprocess.run(["wineserver", "--kill"], env=self.environment, check=False)
+        subprocess.run(["wineserver", "--wait"], env=self.environment, check=False)
+
+    def install(self):
+        """What a person does: unpacks the zip. Its one folder is called C:\\Vantorin here."""
+        with zipfile.ZipFile(os.environ["VANTORIN_ZIP"]) as archive:
+            archive.extractall(DRIVE_C)
+        folder, = DRIVE_C.glob("vantorin-*")
+        folder.rename(DRIVE_C / "Vantorin")
+
+    def start(self, *words, **how):
+        return subprocess.Popen(["wine", *map(str, words)], env=self.environment, **how)
+
+    def run(self, *words, seconds=120, **how):
+        """What the program prints, and its exit status."""
+        how = {"stdout": subprocess.PIPE, "stderr": subprocess.STDOUT, "stdin": subprocess.DEVNULL} | how
+        done = subprocess.run(["wine", *map(str, words)], env=self.environment, timeout=seconds, check=False, **how)
+        return (done.stdout or b"").decode(errors="replace"), done.returncode
+
+    def registry(self, key):
+        """The values of a key as the system's own tool shows them; "" when there is none."""
+        text, status = self.run("reg", "query", key)
+        return text if status == 0 else ""
+
+
+def crawl_words(site, folder, *words):
+    return ("--site", site, "--folder", folder, *words)

@@ -1,0 +1,67 @@
+// "vantorin.com", which a console takes for the command "vantorin".
+//
+// A console waits neither for a program with windows nor for its exit status. It waits for this
+// one, which starts "vantorin.exe" beside it with the same words and streams, and ends as that one
+// does.
+
+#include <windows.h>
+
+#include <cwchar>
+#include <string>
+
+namespace {
+
+/// The words after the program's own name, as they were typed.
+std::wstring Words(const wchar_t* line) {
+    bool quoted = false;
+    while (*line != L'\0' && (quoted || (*line != L' ' && *line != L'\t'))) {
+        if (*line++ == L'"') quoted = !quoted;
+    }
+    return line + std::wcsspn(line, L" \t");
+}
+
+std::wstring ProgramBeside() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.rfind(L'.')) + L".exe";
+}
+
+/// A stream that leads to a file or a pipe; the console itself is found by the program.
+HANDLE Redirected(DWORD which) {
+    const HANDLE handle = GetStdHandle(which);
+    DWORD mode = 0;
+    return GetConsoleMode(handle, &mode) ? nullptr : handle;
+}
+
+/// The program notices Ctrl+C by itself and decides how to end.
+BOOL WINAPI LeaveItToTheProgram(DWORD event) {
+    return event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
+}
+
+}  // namespace
+
+int wmain() {
+    constexpr int kNotStarted = 1;
+    const std::wstring program = ProgramBeside();
+    const std::wstring words = Words(GetCommandLineW());
+    std::wstring line = L'"' + program + L"\" " + words;
+    SetConsoleCtrlHandler(LeaveItToTheProgram, TRUE);
+
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = Redirected(STD_INPUT_HANDLE);
+    startup.hStdOutput = Redirected(STD_OUTPUT_HANDLE);
+    startup.hStdError = Redirected(STD_ERROR_HANDLE);
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                        &startup, &started)) {
+        return kNotStarted;
+    }
+    // Without words it shows its window, which the console need not wait for.
+    if (words.empty()) return 0;
+    WaitForSingleObject(started.hProcess, INFINITE);
+    DWORD status = kNotStarted;
+    GetExitCodeProcess(started.hProcess, &status);
+    return static_cast<int>(status);
+}

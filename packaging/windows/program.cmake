@@ -1,0 +1,19 @@
+# What a program for Windows has beside its code: icon, version and manifest; Qt's plugins, which a
+# static Qt holds in itself; and the command for the console.
+enable_language(RC)
+set(windows ${CMAKE_SOURCE_DIR}/packaging/windows)
+configure_file(${windows}/vantorin.rc.in vantorin.rc @ONLY)
+target_sources(vantorin PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/vantorin.rc)
+set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/vantorin.rc PROPERTIES
+    INCLUDE_DIRECTORIES ${windows}
+    OBJECT_DEPENDS "${windows}/vantorin.ico;${windows}/vantorin.manifest")
+
+# The unattended run is on the offscreen platform. Pictures are drawn, none is read from a file.
+qt_import_plugins(vantorin
+    INCLUDE Qt6::QOffscreenIntegrationPlugin
+    EXCLUDE_BY_TYPE imageformats)
+
+add_executable(vantorin_command ${windows}/command.cpp)
+set_target_properties(vantorin_command PROPERTIES OUTPUT_NAME vantorin SUFFIX .com)
+target_link_options(vantorin_command PRIVATE -municode)
+add_dependencies(vantorin vantorin_command)
