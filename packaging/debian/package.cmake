@@ -25,5 +25,4 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PRE_BUILD_SCRIPTS ${debian_folder}/add_documents.cmake)
 set(CPACK_VANTORIN_DOCUMENTS ${debian_folder}/copyright ${CMAKE_BINARY_DIR}/debian/changelog)
-set(CPACK_OUTPUT_FILE_PREFIX ${CMAKE_BINARY_DIR}/debian)
 include(CPack)
