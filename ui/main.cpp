@@ -87,6 +87,7 @@ int RunWindow(int argc, char** argv) {
     // Menus and boxes have faces of their own there, none of them that of the forms.
     QApplication::setFont(ui::LabelFont());
 #endif
+    QApplication::setDesktopFileName("vantorin");  // whose icon Wayland shows for the window
     // The window says itself when the program ends: a stop closes one window and opens another.
     QApplication::setQuitOnLastWindowClosed(false);
     platform::QtSettingsStore settings;

@@ -6,7 +6,6 @@
 #include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QTest>
-#include <csignal>
 #include <fstream>
 #include <tuple>
 
@@ -99,13 +98,3 @@ TEST_F(Program, SaysHowItWentAndExitsWithACode) {
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder.SystemPath())) << "nothing is made elsewhere";
 }
-
-#ifndef _WIN32
-TEST_F(Program, EndsTidilyOnASignal) {
-    Start(order + " --timeout 15");
-    ASSERT_TRUE(program.waitForReadyRead()) << "it says how far it is";
-    kill(static_cast<pid_t>(program.processId()), SIGTERM);
-    ASSERT_TRUE(program.waitForFinished());
-    EXPECT_EQ(program.exitCode(), 143);
-}
-#endif

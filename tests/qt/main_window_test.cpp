@@ -90,6 +90,7 @@ TEST_F(MainWindow, LaysItselfOutAtEverySize) {
 TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     Open();
     auto& count = The<QComboBox>("txtMax");
+    count.setFocus();
     const auto type = [&](const char* text) {
         count.lineEdit()->selectAll();
         QTest::keyClicks(count.lineEdit(), text);

@@ -1,0 +1,8 @@
+# Runs before the files are packed: adds what only the package carries, and compresses what Debian
+# wants compressed. gzip's -n leaves the time out, so that the same files give the same package.
+set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
+set(documents ${share}/doc/vantorin)
+file(COPY ${CPACK_VANTORIN_DOCUMENTS} DESTINATION ${documents})
+execute_process(
+    COMMAND gzip -9n ${documents}/changelog ${share}/man/man1/vantorin.1
+    COMMAND_ERROR_IS_FATAL ANY)

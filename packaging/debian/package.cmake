@@ -1,0 +1,28 @@
+# The Debian package: what "cmake --install" puts into /usr, and what Debian wants beside it.
+set(debian_folder ${CMAKE_CURRENT_LIST_DIR})
+configure_file(${debian_folder}/changelog.in ${CMAKE_BINARY_DIR}/debian/changelog @ONLY)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vantorin)
+set(CPACK_PACKAGE_CONTACT "The Vantorin developers <vantorin@vantorin.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "download web sites, to be browsed without a network")
+set(CPACK_PACKAGE_DESCRIPTION
+"Vantorin copies a web site into a folder: it fetches the start page, follows
+the links that stay on the site, saves every file of the kinds that are wanted
+over up to 24 connections at a time, and rewrites the links inside the pages
+so that they lead into the copy. A window shows what each connection is doing.
+It also runs from a terminal or a script, without a window.
+.
+It speaks plain HTTP on port 80; https is not fetched.")
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION web)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)  # opens the finished copy
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_PRE_BUILD_SCRIPTS ${debian_folder}/add_documents.cmake)
+set(CPACK_VANTORIN_DOCUMENTS ${debian_folder}/copyright ${CMAKE_BINARY_DIR}/debian/changelog)
+include(CPack)
