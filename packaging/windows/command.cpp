@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <cstdio>
 #include <cwchar>
 #include <string>
 
@@ -56,6 +57,7 @@ int wmain() {
     PROCESS_INFORMATION started{};
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                         &startup, &started)) {
+        std::fputs("vantorin.exe, which belongs beside this command, cannot be started.\n", stderr);
         return kNotStarted;
     }
     // Without words it shows its window, which the console need not wait for.
