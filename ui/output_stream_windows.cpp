@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <string>
 
