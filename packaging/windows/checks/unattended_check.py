@@ -10,7 +10,7 @@ import unittest
 import private_network
 from program import tree, wait_until
 from web import ScriptedServer, links_to, page
-from wine import COMMAND, DRIVE_C, PROGRAM, Wine, crawl_words
+from wine import COMMAND, DRIVE_C, PROGRAM, ROOT, Wine, crawl_words
 
 HERE = crawl_words("www.example.test", "C:\\Mirror")
 SITE = {b"/": page(links_to(b"a.html", b"b.html")), b"/a.html": page(b"a"), b"/b.html": page(b"b")}
@@ -45,6 +45,15 @@ class UnattendedCheck(unittest.TestCase):
                     output, ended = self.wine.run(program, *words)
                     self.assertIn(said, output)
                     self.assertEqual(ended, status)
+
+    def test_its_file_holds_what_the_system_shows_of_it(self):
+        data = (DRIVE_C / "Vantorin/vantorin.exe").read_bytes()
+        icon = (ROOT / "packaging/windows/vantorin.ico").read_bytes()
+        manifest = (ROOT / "packaging/windows/vantorin.manifest").read_bytes()
+        largest = icon[icon.rindex(b"\x89PNG"):]
+        for part in ("ProductName\0".encode("utf-16-le"), "Vantorin Website Downloader".encode("utf-16-le"),
+                     largest, manifest.strip()):
+            self.assertTrue(part in data, part[:40])
 
     def test_a_crawl_prints_into_a_pipe_and_into_a_file(self):
         with ScriptedServer(SITE):
