@@ -1,0 +1,64 @@
+#include "text/pattern_scan.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cstring>
+
+namespace text {
+
+namespace {
+
+constexpr std::size_t kStride = PatternScan::kShortest - 1;
+constexpr std::size_t kPairs = std::size_t{1} << 16;
+/// One close look for so many characters costs no more than the pass itself.
+constexpr std::size_t kCharactersPerLook = 8;
+constexpr std::size_t kLooksAtLeast = 1000;
+
+/// The two characters at `at`, as a number.
+std::uint16_t PairAt(std::string_view subject, std::size_t at) {
+    std::uint16_t pair;
+    std::memcpy(&pair, subject.data() + at, sizeof pair);
+    return pair;
+}
+
+}  // namespace
+
+PatternScan::PatternScan(const std::vector<std::string>& patterns)
+    : patterns_(patterns), first_place_(kPairs, 0) {
+    assert(patterns_.size() <= kMost);
+    for (std::size_t i = 0; i < patterns_.size(); ++i) {
+        short_[i] = patterns_[i].size() < kShortest;
+        for (std::size_t offset = 0; offset < kStride && !short_[i]; ++offset) {
+            places_.push_back({PairAt(patterns_[i], offset), static_cast<std::uint8_t>(i),
+                               static_cast<std::uint8_t>(offset)});
+        }
+    }
+    std::sort(places_.begin(), places_.end(),
+              [](const Place& a, const Place& b) { return a.pair < b.pair; });
+    for (std::size_t i = places_.size(); i > 0; --i) {
+        first_place_[places_[i - 1].pair] = static_cast<std::uint8_t>(i);
+    }
+}
+
+bool PatternScan::IsAt(std::string_view subject, std::size_t at, const Place& place) const {
+    const std::string& pattern = patterns_[place.pattern];
+    return at >= place.offset && subject.compare(at - place.offset, pattern.size(), pattern) == 0;
+}
+
+PatternScan::Patterns PatternScan::MayOccur(std::string_view subject) const {
+    Patterns occur = short_;
+    std::size_t looks_left = subject.size() / kCharactersPerLook + kLooksAtLeast;
+    for (std::size_t at = 0; at + 1 < subject.size(); at += kStride) {
+        const std::uint16_t pair = PairAt(subject, at);
+        const std::size_t first = first_place_[pair];
+        if (first == 0) continue;
+        for (std::size_t i = first - 1; i < places_.size() && places_[i].pair == pair; ++i) {
+            if (occur[places_[i].pattern]) continue;
+            if (--looks_left == 0) return Patterns().set();
+            occur[places_[i].pattern] = IsAt(subject, at, places_[i]);
+        }
+    }
+    return occur;
+}
+
+}  // namespace text
