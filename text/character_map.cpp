@@ -10,21 +10,11 @@ namespace text {
 
 namespace {
 
-/// Characters that are looked at together: plain loops of fixed length become vector instructions.
+/// Characters that are counted together: plain loops of fixed length become vector instructions.
 constexpr std::size_t kBlock = 32;
 
 std::size_t IndexOf(char character) {
     return static_cast<unsigned char>(character);
-}
-
-bool HasAnyOf(std::string_view characters, const char* block) {
-    unsigned char any = 0;
-    for (const char character : characters) {
-        for (std::size_t i = 0; i < kBlock; ++i) {
-            any |= static_cast<unsigned char>(block[i] == character);
-        }
-    }
-    return any != 0;
 }
 
 std::size_t CountIn(const char* block, char character) {
@@ -111,27 +101,16 @@ std::size_t CharacterMap::Growth(std::string_view subject) const {
 /// Writes what `subject` becomes from `out` on and returns its end. `out` may be the beginning of
 /// `subject` itself where nothing becomes longer.
 char* CharacterMap::Write(std::string_view subject, char* out) const {
-    const char* at = subject.data();
-    const char* const end = at + subject.size();
     const bool grows = grows_;
-    while (at != end) {
-        const auto size = std::min(kBlock, static_cast<std::size_t>(end - at));
-        if (size == kBlock && !HasAnyOf(changed_, at)) {
-            std::memmove(out, at, kBlock);
-            out += kBlock;
-            at += kBlock;
-            continue;
+    for (const char character : subject) {
+        const std::size_t index = IndexOf(character);
+        // All of it at once, where what follows is written over afterwards.
+        if (grows) {
+            std::memcpy(out, texts_[index].data(), kLongest);
+        } else {
+            *out = texts_[index][0];
         }
-        for (const char* const block_end = at + size; at != block_end; ++at) {
-            const std::size_t index = IndexOf(*at);
-            // All of it at once, where what follows is written over afterwards.
-            if (grows) {
-                std::memcpy(out, texts_[index].data(), kLongest);
-            } else {
-                *out = texts_[index][0];
-            }
-            out += sizes_[index];
-        }
+        out += sizes_[index];
     }
     return out;
 }

@@ -9,6 +9,8 @@ namespace text {
 namespace {
 
 constexpr std::size_t kStride = PatternScan::kShortest - 1;
+/// Characters whose pairs are looked at together; nearly all blocks have none that counts.
+constexpr std::size_t kBlock = 64;
 constexpr std::size_t kPairs = std::size_t{1} << 16;
 /// One close look for so many characters costs no more than the pass itself.
 constexpr std::size_t kCharactersPerLook = 8;
@@ -45,17 +47,30 @@ bool PatternScan::IsAt(std::string_view subject, std::size_t at, const Place& pl
     return at >= place.offset && subject.compare(at - place.offset, pattern.size(), pattern) == 0;
 }
 
+/// Whether any of the pairs in the block at `at` is in a pattern.
+bool PatternScan::HasPairIn(std::string_view subject, std::size_t at) const {
+    unsigned any = 0;
+    for (std::size_t i = 0; i < kBlock; i += kStride) {
+        any |= first_place_[PairAt(subject, at + i)];
+    }
+    return any != 0;
+}
+
 PatternScan::Patterns PatternScan::MayOccur(std::string_view subject) const {
     Patterns occur = short_;
     std::size_t looks_left = subject.size() / kCharactersPerLook + kLooksAtLeast;
-    for (std::size_t at = 0; at + 1 < subject.size(); at += kStride) {
-        const std::uint16_t pair = PairAt(subject, at);
-        const std::size_t first = first_place_[pair];
-        if (first == 0) continue;
-        for (std::size_t i = first - 1; i < places_.size() && places_[i].pair == pair; ++i) {
-            if (occur[places_[i].pattern]) continue;
-            if (--looks_left == 0) return Patterns().set();
-            occur[places_[i].pattern] = IsAt(subject, at, places_[i]);
+    for (std::size_t block = 0; block < subject.size(); block += kBlock) {
+        const std::size_t end = std::min(block + kBlock, subject.size() - 1);
+        if (end == block + kBlock && !HasPairIn(subject, block)) continue;
+        for (std::size_t at = block; at < end; at += kStride) {
+            const std::uint16_t pair = PairAt(subject, at);
+            const std::size_t first = first_place_[pair];
+            if (first == 0) continue;
+            for (std::size_t i = first - 1; i < places_.size() && places_[i].pair == pair; ++i) {
+                if (occur[places_[i].pattern]) continue;
+                if (--looks_left == 0) return Patterns().set();
+                occur[places_[i].pattern] = IsAt(subject, at, places_[i]);
+            }
         }
     }
     return occur;

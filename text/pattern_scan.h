@@ -35,6 +35,7 @@ class PatternScan {
         std::uint8_t offset;
     };
 
+    bool HasPairIn(std::string_view subject, std::size_t at) const;
     bool IsAt(std::string_view subject, std::size_t at, const Place& place) const;
 
     std::vector<std::string> patterns_;
