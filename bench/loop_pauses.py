@@ -17,7 +17,7 @@ from table import row
 import private_network
 import web
 from crawl_cost import FILES, SITE, make_site
-from desktop import WIZARD, Desktop
+from desktop import MAIN, WIZARD, Desktop
 from program import Crawl, copy_program, wait_until
 from web import ScriptedServer, links_to, page
 
@@ -78,6 +78,7 @@ def pauses_with_window():
         desktop.await_window("Done.", 120)
         seconds = time.monotonic() - began
         desktop.press("alt+n")
+        desktop.await_window(MAIN)
         desktop.press("alt+F4")
         desktop.await_window("Exit Vantorin")
         desktop.press("alt+y")

@@ -99,18 +99,19 @@ std::size_t CharacterMap::Growth(std::string_view subject) const {
 }
 
 /// Writes what `subject` becomes from `out` on and returns its end. `out` may be the beginning of
-/// `subject` itself where nothing becomes longer.
+/// `subject` itself where nothing becomes longer. No branch depends on the characters.
 char* CharacterMap::Write(std::string_view subject, char* out) const {
-    const bool grows = grows_;
-    for (const char character : subject) {
-        const std::size_t index = IndexOf(character);
-        // All of it at once, where what follows is written over afterwards.
-        if (grows) {
-            std::memcpy(out, texts_[index].data(), kLongest);
-        } else {
-            *out = texts_[index][0];
+    if (!grows_) {
+        for (const char character : subject) {
+            *out = texts_[IndexOf(character)][0];
+            out += sizes_[IndexOf(character)];
         }
-        out += sizes_[index];
+        return out;
+    }
+    for (const char character : subject) {
+        // The whole array; what is too much is written over by the next.
+        std::memcpy(out, texts_[IndexOf(character)].data(), kLongest);
+        out += sizes_[IndexOf(character)];
     }
     return out;
 }

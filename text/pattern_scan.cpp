@@ -58,6 +58,7 @@ bool PatternScan::HasPairIn(std::string_view subject, std::size_t at) const {
 
 PatternScan::Patterns PatternScan::MayOccur(std::string_view subject) const {
     Patterns occur = short_;
+    if (places_.empty()) return occur;
     std::size_t looks_left = subject.size() / kCharactersPerLook + kLooksAtLeast;
     for (std::size_t block = 0; block < subject.size(); block += kBlock) {
         const std::size_t end = std::min(block + kBlock, subject.size() - 1);

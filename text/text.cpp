@@ -22,7 +22,7 @@ bool AnyCandidate(const char* place, char head, std::size_t distance, char tail)
 
 /// Whether `pattern`, of two characters or more, stands at `place`, behind which there is room for
 /// it.
-bool IsAt(const char* place, std::string_view pattern) {
+inline bool IsAt(const char* place, std::string_view pattern) {
     return *place == pattern.front() && place[pattern.size() - 1] == pattern.back() &&
            (pattern.size() == 2 || std::memcmp(place, pattern.data(), pattern.size()) == 0);
 }
@@ -83,12 +83,17 @@ char* WriteReplaced(std::string_view subject, std::string_view pattern,
             continue;
         }
         while (at < end) {
-            if (IsAt(subject.data() + at, pattern)) {
-                out = std::copy(replacement.begin(), replacement.end(), out);
-                at += pattern.size();
-            } else {
+            if (!IsAt(subject.data() + at, pattern)) {
                 *out++ = subject[at++];
+                continue;
             }
+            if (replacement.size() == 1) {  // often, and copying it would be a call
+                *out = replacement.front();
+            } else {
+                std::copy(replacement.begin(), replacement.end(), out);
+            }
+            out += replacement.size();
+            at += pattern.size();
         }
     }
     put(subject.substr(at));
