@@ -42,9 +42,15 @@ PatternScan::PatternScan(const std::vector<std::string>& patterns)
     }
 }
 
-bool PatternScan::IsAt(std::string_view subject, std::size_t at, const Place& place) const {
+/// Whether the pair at `pair_at` is that of `place` in an occurrence of its pattern.
+bool PatternScan::IsAround(std::string_view subject, std::size_t pair_at,
+                           const Place& place) const {
     const std::string& pattern = patterns_[place.pattern];
-    return at >= place.offset && subject.compare(at - place.offset, pattern.size(), pattern) == 0;
+    if (pair_at < place.offset) return false;
+    const std::string_view rest = subject.substr(pair_at - place.offset);
+    // The last character tells most of them.
+    return rest.size() >= pattern.size() && rest[pattern.size() - 1] == pattern.back() &&
+           std::memcmp(rest.data(), pattern.data(), pattern.size()) == 0;
 }
 
 /// Whether any of the pairs in the block at `at` is in a pattern.
@@ -56,8 +62,8 @@ bool PatternScan::HasPairIn(std::string_view subject, std::size_t at) const {
     return any != 0;
 }
 
-PatternScan::Patterns PatternScan::MayOccur(std::string_view subject) const {
-    Patterns occur = short_;
+PatternScan::Patterns PatternScan::MayOccur(std::string_view subject, Patterns not_asked) const {
+    Patterns occur = short_ | not_asked;
     if (places_.empty()) return occur;
     std::size_t looks_left = subject.size() / kCharactersPerLook + kLooksAtLeast;
     for (std::size_t block = 0; block < subject.size(); block += kBlock) {
@@ -70,7 +76,7 @@ PatternScan::Patterns PatternScan::MayOccur(std::string_view subject) const {
             for (std::size_t i = first - 1; i < places_.size() && places_[i].pair == pair; ++i) {
                 if (occur[places_[i].pattern]) continue;
                 if (--looks_left == 0) return Patterns().set();
-                occur[places_[i].pattern] = IsAt(subject, at, places_[i]);
+                occur[places_[i].pattern] = IsAround(subject, at, places_[i]);
             }
         }
     }

@@ -24,8 +24,9 @@ class PatternScan {
     explicit PatternScan(const std::vector<std::string>& patterns);
 
     /// The patterns that may occur in `subject`: those that do; in a text that is full of pieces of
-    /// patterns, for which looking closely at each takes too long, perhaps others too.
-    Patterns MayOccur(std::string_view subject) const;
+    /// patterns, for which looking closely at each takes too long, perhaps others too. Those in
+    /// `not_asked` are not looked for and count as occurring.
+    Patterns MayOccur(std::string_view subject, Patterns not_asked = {}) const;
 
   private:
     /// A pair of characters and where it stands in a pattern.
@@ -36,7 +37,7 @@ class PatternScan {
     };
 
     bool HasPairIn(std::string_view subject, std::size_t at) const;
-    bool IsAt(std::string_view subject, std::size_t at, const Place& place) const;
+    bool IsAround(std::string_view subject, std::size_t pair_at, const Place& place) const;
 
     std::vector<std::string> patterns_;
     Patterns short_;

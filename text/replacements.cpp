@@ -116,7 +116,7 @@ void Replacements::ApplyFrom(std::size_t first, Indices may_find, Indices made,
                              std::string& subject) const {
     for (std::size_t i = first; i < steps_.size(); ++i) {
         if (made[i] && !may_find[i]) {
-            may_find = scan_.MayOccur(subject);
+            may_find = scan_.MayOccur(subject, ~made | may_find) & (made | may_find);
             made.reset();
         }
         if (may_find[i] && steps_[i].ApplyTo(subject)) made |= MadeBy(i);
