@@ -27,8 +27,6 @@ FILES = PAGES * (1 + PICTURES)
 PAGE_BYTES = 20_000
 PICTURE = bytes(range(256)) * 20
 RUNS = 5
-# Start-up and end are no file's: what is counted is what files add to the smallest crawl.
-SCALE = 1000
 
 
 def make_site(folder):

@@ -50,7 +50,7 @@ bool AppendToFile(const std::string& text, std::string& path) {
 
 std::string GetPageText(const std::string& path) {
     for (int turn = 0; turn < 4; ++turn) {
-        platform::System().events.DoEvents();
+        platform::System().events.DoEventsOften();
     }
     std::string page_text;
     if (auto page = ReadMirrorFile(path)) {

@@ -26,7 +26,7 @@ std::uint16_t PairAt(std::string_view subject, std::size_t at) {
 }  // namespace
 
 PatternScan::PatternScan(const std::vector<std::string>& patterns)
-    : patterns_(patterns), first_place_(kPairs, 0) {
+    : patterns_(patterns), first_place_(kPairs) {
     assert(patterns_.size() <= kMost);
     for (std::size_t i = 0; i < patterns_.size(); ++i) {
         short_[i] = patterns_[i].size() < kShortest;

@@ -1,10 +1,10 @@
-#include <QApplication>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 
 #include "platform/memory_settings_store.h"
+#include "platform/qt/application.h"
 #include "platform/qt/local_text.h"
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_settings_store.h"
@@ -71,7 +71,7 @@ int RunWindow(int argc, char** argv) {
         return kNoDisplay;
     }
     qInstallMessageHandler(ExitInsteadOfAbort);
-    QApplication application(argc, argv);
+    const QApplication application = platform::MakeApplication(argc, argv);
     qInstallMessageHandler(nullptr);
     // The window says itself when the program ends: a stop closes one window and opens another.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -96,7 +96,7 @@ int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
     // The window is never shown, so the run needs no display, whatever the environment says of one.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");
-    QApplication application(argc, argv);
+    const QApplication application = platform::MakeApplication(argc, argv);
     platform::MemorySettingsStore settings;
     ui::Terminal terminal;
     ui::TerminalBoxes boxes(terminal);
