@@ -29,7 +29,7 @@
 namespace {
 
 constexpr int kRuns = 5;
-constexpr std::size_t kMegabyte = 1024 * 1024;
+constexpr std::size_t kMegabyte = 1'000'000;
 
 class NoEvents : public platform::EventLoop {
   public:
