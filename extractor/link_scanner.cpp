@@ -24,16 +24,16 @@ constexpr std::size_t kLongestLink = 300;
 /// The order decides what blanks around the "=" leave behind: the first pattern makes "href= x" of
 /// "href = x", so that the second finds nothing there.
 constexpr std::string_view kLinkAttributes[] = {
-    "href =",        "href = ",       "href=",  //
-    "HREF=",         "HREF = ",       "HREF =",       "HREF= ",       "hRef=",
-    "hRef = ",       "hRef =",        "hRef= ",       "Href=",        "Href = ",
-    "Href =",        "Href= ",
-    "Href= ",  //
-    "hREF=",         "hREF = ",       "hREF =",       "hREF= ",       "background =",
-    "background=",   "background = ", "background= ", "BACKGROUND =", "BACKGROUND=",
-    "BACKGROUND = ", "BACKGROUND= ",  "BackGround =", "BackGround=",  "BackGround = ",
-    "BackGround= ",  " SRC=",         " src=",        " SRC =",       " src =",
-    " SRC = ",       " src = ",       " SRC= ",       " src= ",
+    "href =",       "href = ",     "href=",                                    //
+    "HREF=",        "HREF = ",     "HREF =",        "HREF= ",                  //
+    "hRef=",        "hRef = ",     "hRef =",        "hRef= ",                  //
+    "Href=",        "Href = ",     "Href =",        "Href= ",       "Href= ",  //
+    "hREF=",        "hREF = ",     "hREF =",        "hREF= ",                  //
+    "background =", "background=", "background = ", "background= ",            //
+    "BACKGROUND =", "BACKGROUND=", "BACKGROUND = ", "BACKGROUND= ",            //
+    "BackGround =", "BackGround=", "BackGround = ", "BackGround= ",            //
+    " SRC=",        " src=",       " SRC =",        " src =",                  //
+    " SRC = ",      " src = ",     " SRC= ",        " src= ",                  //
 };
 
 constexpr std::string_view kMetaRefresh[] = {"; url=", ";url=", "; URL=", ";URL="};

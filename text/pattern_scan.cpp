@@ -12,6 +12,7 @@ constexpr std::size_t kStride = PatternScan::kShortest - 1;
 /// Characters whose pairs are looked at together; nearly all blocks have none that counts.
 constexpr std::size_t kBlock = 64;
 constexpr std::size_t kPairs = std::size_t{1} << 16;
+static_assert(PatternScan::kMost * kStride <= 255, "places are counted in one byte");
 /// One close look for so many characters costs no more than the pass itself.
 constexpr std::size_t kCharactersPerLook = 8;
 constexpr std::size_t kLooksAtLeast = 1000;
