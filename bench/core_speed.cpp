@@ -1,18 +1,21 @@
-// Times the core's heavy passes on the real disk: median milliseconds of several runs.
+// What the core costs, in processor time: large answers, links and the queue. Prints rows of a
+// table, medians of several runs.
 //
 //     core_speed FOLDER
 //
 // FOLDER receives the files that are written; an empty one in memory (tmpfs) leaves the disk out of
 // it.
 #include <algorithm>
-#include <chrono>
+#include <array>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "engine/state/crawl_state.h"
+#include "extractor/admission.h"
 #include "extractor/link_scanner.h"
 #include "output/mirror_files.h"
 #include "output/save_file.h"
@@ -20,12 +23,13 @@
 #include "platform/path_text.h"
 #include "platform/services.h"
 #include "platform/system_files.h"
+#include "text/text.h"
 #include "ui/html_page_text.h"
 
 namespace {
 
 constexpr int kRuns = 5;
-constexpr std::size_t kMegabyte = 1024 * 1024;
+constexpr std::size_t kMegabyte = 1'000'000;
 
 class NoEvents : public platform::EventLoop {
   public:
@@ -48,19 +52,56 @@ class NoBoxes : public platform::MessageBoxes {
     std::string InputBox(const std::string&, const std::string&) override { return ""; }
 };
 
-void Report(const char* what, const std::function<void()>& prepare,
-            const std::function<void()>& work) {
-    std::vector<double> milliseconds;
+/// Processor milliseconds of `work`, which leave out what else the machine does.
+double Milliseconds(const std::function<void()>& work) {
+    const std::clock_t start = std::clock();
+    work();
+    return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+double Median(std::vector<double> figures) {
+    std::sort(figures.begin(), figures.end());
+    return figures[figures.size() / 2];
+}
+
+/// One row: megabytes a second of `work`, which goes through 100 of them.
+void ReportPace(const char* what, const std::function<void()>& prepare,
+                const std::function<void()>& work) {
+    std::vector<double> paces;
     for (int run = 0; run < kRuns; ++run) {
         prepare();
-        const auto start = std::chrono::steady_clock::now();
-        work();
-        const std::chrono::duration<double, std::milli> passed =
-            std::chrono::steady_clock::now() - start;
-        milliseconds.push_back(passed.count());
+        paces.push_back(100'000 / Milliseconds(work));
     }
-    std::sort(milliseconds.begin(), milliseconds.end());
-    std::printf("%-46s %9.1f ms\n", what, milliseconds[kRuns / 2]);
+    std::printf("| %s | %.0f MB/s | median of %d |\n", what, Median(paces), kRuns);
+}
+
+struct Level {
+    int size;
+    std::function<void()> prepare;
+    std::function<double()> microseconds;  ///< of processor time for one item
+};
+
+/// One row: what one item costs at each level. The levels take turns, so that what disturbs one
+/// disturbs them all.
+void ReportLevels(const char* what, const std::vector<Level>& levels) {
+    std::vector<std::vector<double>> costs(levels.size());
+    for (int run = 0; run < kRuns; ++run) {
+        for (std::size_t i = 0; i < levels.size(); ++i) {
+            levels[i].prepare();
+            costs[i].push_back(levels[i].microseconds());
+        }
+    }
+    std::string beside;
+    std::vector<double> medians;
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        medians.push_back(Median(costs[i]));
+        std::array<char, 80> text;
+        std::snprintf(text.data(), text.size(), "%s%.2f us at %d", i > 0 ? ", " : "", medians[i],
+                      levels[i].size);
+        beside += text.data();
+    }
+    const auto [least, most] = std::minmax_element(medians.begin(), medians.end());
+    std::printf("| %s | within %.0f %% | %s |\n", what, 100 * (*most / *least - 1), beside.c_str());
 }
 
 std::string RandomBytes(std::size_t size) {
@@ -70,58 +111,119 @@ std::string RandomBytes(std::size_t size) {
     return bytes;
 }
 
-/// A page of many links, about 60 bytes each; `run` makes their names new.
-std::string PageOfLinks(int links, int run) {
-    std::string page = "HTTP/1.0 200 OK\r\n\r\n<html>";
-    for (int i = 0; i < links; ++i) {
-        page += "<p>Some text <a href=\"dir/page" + std::to_string(run) + "-" + std::to_string(i) +
-                ".html\">and a link</a></p>\n";
-    }
-    return page;
+constexpr int kFolders = 100;
+
+std::string NameOf(int file) {
+    return "folder" + std::to_string(file % kFolders) + "/page" + std::to_string(file) + ".html";
 }
 
-void Scan(std::string page) {
-    text::ConsumableText response(std::move(page));
+/// Sees to it that the files 0 to `count` - 1 of the site are there, and no others.
+void HaveFiles(int count) {
+    static int there = 0;
+    const std::string folder = crawl::TargetFolder + "site.com\\";
+    const auto path = [&](int file) { return text::ReplaceAll(folder + NameOf(file), "/", "\\"); };
+    platform::System().files.CreateFolder(folder);
+    for (int i = 0; i < kFolders; ++i) {
+        platform::System().files.CreateFolder(folder + "folder" + std::to_string(i));
+    }
+    for (; there < count; ++there) {
+        platform::System().files.WriteFile(path(there), {"page"});
+    }
+    while (there > count) {
+        platform::System().files.DeleteFile(path(--there));
+    }
+}
+
+void Scan(text::ConsumableText& response) {
     std::string base = "www.site.com/";
     bas_Extractor::ExtractLinks(response, crawl::List1, base);
 }
 
-void Save(const std::string& received, std::string address) {
-    bas_Output::SaveFile(received, address, 1);
-}
-
-void ReportScans() {
-    const std::string binary = RandomBytes(100 * kMegabyte);
-    Report(
-        "scan 100 MB of random bytes", [] {}, [&] { Scan(binary); });
-    int run = 0;
-    std::string page;
-    Report(
-        "scan 10,000 links, all new", [&] { page = PageOfLinks(10'000, ++run); },
-        [&] { Scan(page); });
-    Report(
-        "scan 10,000 links, all known", [] {}, [&] { Scan(page); });
-}
-
-void ReportSaves() {
-    const std::string binary = RandomBytes(100 * kMegabyte);
-    Report(
-        "save 100 MB of random bytes", [] {}, [&] { Save(binary, "\\www.site.com/a.zip"); });
-    const std::string page = PageOfLinks(200'000, 0);
-    Report(
-        "save a 12 MB page with its search text", [] {},
-        [&] { Save(page, "\\www.site.com/a.html"); });
-}
-
-void ReportQueue() {
-    Report(
-        "append and take a million queued addresses", [] { crawl::List1.Clear(); },
-        [] {
-            for (int i = 0; i < 1'000'000; ++i)
-                crawl::List1.AddItem("www.site.com/some/folder/page" + std::to_string(i));
-            while (!crawl::List1.Empty())
-                crawl::List1.RemoveLast();
+void ReportLargeAnswers() {
+    const std::string answer = "HTTP/1.0 200 OK\r\n\r\n" + RandomBytes(100 * kMegabyte);
+    text::ConsumableText response;
+    ReportPace(
+        "scan 100 MB of random bytes", [&] { response.Assign(answer); }, [&] { Scan(response); });
+    response.Clear();
+    ReportPace(
+        "save 100 MB of random bytes", [] {},
+        [&] {
+            std::string address = "\\www.site.com/a.zip";
+            bas_Output::SaveFile(answer, address, 1);
         });
+}
+
+/// Pages with so many links each to files that are there; a hundred thousand links in all.
+Level ScanLevel(int links) {
+    constexpr int kLinks = 100'000;
+    constexpr int kFiles = 10'000;
+    return {links, [] { HaveFiles(kFiles); },
+            [links] {
+                int file = 0;
+                double milliseconds = 0;
+                for (int page = 0; page < kLinks / links; ++page) {
+                    std::string text = "HTTP/1.0 200 OK\r\n\r\n<html>";
+                    for (int i = 0; i < links; ++i) {
+                        text += "<p>Some text <a href=\"" + NameOf(file++ % kFiles) +
+                                "\">and a link</a></p>\n";
+                    }
+                    text::ConsumableText response(std::move(text));
+                    milliseconds += Milliseconds([&] { Scan(response); });
+                }
+                return 1000 * milliseconds / kLinks;
+            }};
+}
+
+/// New links where so many files are there already.
+Level AdmissionLevel(int files) {
+    constexpr int kLinks = 5'000;
+    return {files, [files] { HaveFiles(files); },
+            [] {
+                static int name = 1'000'000;
+                const double milliseconds = Milliseconds([] {
+                    for (int i = 0; i < kLinks; ++i) {
+                        bas_Extractor::AdmitLink("www.site.com/" + NameOf(name + i), crawl::List1);
+                    }
+                });
+                for (int i = 0; i < kLinks; ++i) {
+                    bas_Output::DeletePlaceholder(crawl::TargetFolder + "site.com/" +
+                                                  NameOf(name++) + ".tmp");
+                }
+                return 1000 * milliseconds / kLinks;
+            }};
+}
+
+/// An address appended to a queue of this length and taken off again.
+Level QueueLevel(int length) {
+    constexpr int kItems = 1'000'000;
+    const auto add = [](int i) {
+        crawl::List1.AddItem("www.site.com/some/folder/page" + std::to_string(i % 1000 + 1000));
+    };
+    return {length,
+            [=] {
+                crawl::List1.Clear();
+                for (int i = 0; i < length; ++i)
+                    add(i);
+            },
+            [=] {
+                const double milliseconds = Milliseconds([&] {
+                    for (int i = 0; i < kItems; ++i) {
+                        add(i);
+                        crawl::List1.RemoveLast();
+                    }
+                });
+                return 1000 * milliseconds / kItems;
+            }};
+}
+
+void ReportAllLevels() {
+    ReportLevels("ExtractLinks for each link of a page, by links; 10,000 files on disk",
+                 {ScanLevel(100), ScanLevel(1'000), ScanLevel(10'000), ScanLevel(100'000)});
+    ReportLevels("admission of a new link, by saved files",
+                 {AdmissionLevel(100), AdmissionLevel(1'000), AdmissionLevel(10'000),
+                  AdmissionLevel(100'000)});
+    ReportLevels("an address into the queue and off it, by its length",
+                 {QueueLevel(1'000), QueueLevel(100'000), QueueLevel(1'000'000)});
 }
 
 }  // namespace
@@ -145,8 +247,7 @@ int main(int argc, char** argv) {
     crawl::Slots[1].Host = "www.site.com";
     bas_Output::BeginMirror();
 
-    ReportScans();
-    ReportSaves();
-    ReportQueue();
+    ReportLargeAnswers();
+    ReportAllLevels();
     platform::InstallSystem(nullptr);
 }

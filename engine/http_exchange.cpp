@@ -90,7 +90,7 @@ void FinishResponse(int index) {
     const crawl::JobWatch job(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile(crawl::Slots[index].Response.View(), address, index);
-    events.DoEvents();
+    events.DoEventsOften();
     if (job.Ended()) return;
 
     std::string base = crawl::Slots[index].Url;
@@ -99,14 +99,14 @@ void FinishResponse(int index) {
         ResetSlotRow(index);
     }
     SetSlotStatus(index, "");
-    events.DoEvents();
+    events.DoEventsOften();
     if (job.Ended()) return;
 
     bas_Extractor::ExtractLinks(crawl::Slots[index].Response, crawl::List1, base);
     if (job.Ended()) return;
     GiveBackLeftover(index);
     engine::Window().Sock(index).Close();
-    events.DoEvents();
+    events.DoEventsOften();
     CompleteIfDone();
 }
 
@@ -114,7 +114,7 @@ void Receive(std::string_view data, int index) {
     if (!MakeRoom(data.size(), index)) return;
     crawl::Slots[index].Response.Append(data);
     const crawl::JobWatch job(index);
-    platform::System().events.DoEvents();
+    platform::System().events.DoEventsOften();
     if (job.Ended()) return;
     ShowExpectedSize(data, index);
     ShowReceivedSize(index);

@@ -1,14 +1,15 @@
 #include "extractor/link_scanner.h"
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "extractor/addresses.h"
 #include "extractor/admission.h"
 #include "platform/services.h"
 #include "text/http_scheme.h"
+#include "text/replacements.h"
 #include "text/text.h"
 
 namespace bas_Extractor {
@@ -20,24 +21,19 @@ constexpr std::string_view kLink = "href";
 constexpr std::size_t kStep = 10;
 constexpr std::size_t kLongestLink = 300;
 
-/// Spellings of a link attribute that share a keyword.
-struct Spellings {
-    std::string_view keyword;
-    std::array<std::string_view, 8> patterns;  ///< those not needed are empty and match nothing
-};
-
 /// The order decides what blanks around the "=" leave behind: the first pattern makes "href= x" of
 /// "href = x", so that the second finds nothing there.
-constexpr Spellings kLinkAttributes[] = {
-    {"href", {"href =", "href = ", "href="}},
-    {"HREF", {"HREF=", "HREF = ", "HREF =", "HREF= "}},
-    {"hRef", {"hRef=", "hRef = ", "hRef =", "hRef= "}},
-    {"Href", {"Href=", "Href = ", "Href =", "Href= ", "Href= "}},
-    {"hREF", {"hREF=", "hREF = ", "hREF =", "hREF= "}},
-    {"background", {"background =", "background=", "background = ", "background= "}},
-    {"BACKGROUND", {"BACKGROUND =", "BACKGROUND=", "BACKGROUND = ", "BACKGROUND= "}},
-    {"BackGround", {"BackGround =", "BackGround=", "BackGround = ", "BackGround= "}},
-    {"=", {" SRC=", " src=", " SRC =", " src =", " SRC = ", " src = ", " SRC= ", " src= "}},
+constexpr std::string_view kLinkAttributes[] = {
+    "href =",       "href = ",     "href=",                                    //
+    "HREF=",        "HREF = ",     "HREF =",        "HREF= ",                  //
+    "hRef=",        "hRef = ",     "hRef =",        "hRef= ",                  //
+    "Href=",        "Href = ",     "Href =",        "Href= ",       "Href= ",  //
+    "hREF=",        "hREF = ",     "hREF =",        "hREF= ",                  //
+    "background =", "background=", "background = ", "background= ",            //
+    "BACKGROUND =", "BACKGROUND=", "BACKGROUND = ", "BACKGROUND= ",            //
+    "BackGround =", "BackGround=", "BackGround = ", "BackGround= ",            //
+    " SRC=",        " src=",       " SRC =",        " src =",                  //
+    " SRC = ",      " src = ",     " SRC= ",        " src= ",                  //
 };
 
 constexpr std::string_view kMetaRefresh[] = {"; url=", ";url=", "; URL=", ";URL="};
@@ -45,20 +41,19 @@ constexpr std::string_view kMetaRefresh[] = {"; url=", ";url=", "; URL=", ";URL=
 constexpr std::string_view kSkippedSchemes[] = {"https", "irc:", "ftp:", "@"};
 
 /// Brings every kind of link that is known to the one form "href='...".
-void RewritePage(std::string& page) {
-    for (const Spellings& spellings : kLinkAttributes) {
-        // Few responses hold all keywords; one that is missing saves a pass for each spelling.
-        if (!text::Contains(page, spellings.keyword)) continue;
-        for (const std::string_view pattern : spellings.patterns) {
-            text::ReplaceAllIn(page, pattern, "href=");
+const text::Replacements& PageRules() {
+    static const text::Replacements rules = [] {
+        std::vector<text::Replacements::Rule> in_order;
+        for (const std::string_view attribute : kLinkAttributes) {
+            in_order.push_back({std::string(attribute), "href="});
         }
-    }
-    text::ReplaceAllIn(page, "\"", "'");
-    text::ReplaceAllIn(page, "\n", "");
-    text::ReplaceAllIn(page, "\r", "");
-    for (const std::string_view refresh : kMetaRefresh) {
-        text::ReplaceAllIn(page, refresh, "a href='http://");
-    }
+        in_order.insert(in_order.end(), {{"\"", "'"}, {"\n", ""}, {"\r", ""}});
+        for (const std::string_view refresh : kMetaRefresh) {
+            in_order.push_back({std::string(refresh), "a href='http://"});
+        }
+        return text::Replacements(in_order);
+    }();
+    return rules;
 }
 
 /// `link` as seen from the page's directory `base`. A doubled slash behind a host name that ends in
@@ -107,7 +102,7 @@ void Yield(int times) {
 void ExtractLinks(text::ConsumableText& page, platform::ListItems& queue_list,
                   std::string& base_url) {
     if (!base_url.ends_with('/')) base_url += '/';
-    RewritePage(page.Edit());
+    PageRules().ApplyTo(page.Edit());
     // Wherever events run, and they do in admission too, the page may have been appended to or
     // eaten by a scan inside this one, so each step looks for the first link of whatever is left.
     // Once it was replaced, the text belongs to another download, which is still receiving it.

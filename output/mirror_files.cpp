@@ -47,10 +47,8 @@ bool WriteFailedBefore(std::string_view path) {
 }
 
 bool IsFile(const std::string& path) {
-    // A first failure is not believed; the system may have been busy with the file.
     const platform::Files& files = platform::System().files;
-    auto length = files.FileLength(path);
-    if (!length) length = files.FileLength(path);
+    const auto length = files.FileLength(path);
     return length && (*length > 0 || !files.FolderExists(path));
 }
 

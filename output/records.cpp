@@ -9,6 +9,7 @@
 #include "output/mirror_files.h"
 #include "output/paths.h"
 #include "platform/services.h"
+#include "text/replacements.h"
 #include "text/text.h"
 
 namespace bas_Output {
@@ -18,11 +19,9 @@ namespace {
 constexpr std::size_t kShortestSweptFolder = 5;
 
 void FoldBlanks(std::string& page_text) {
-    for (const std::string_view line_end : {"\r\n", "\n", "\r"}) {
-        text::ReplaceAllIn(page_text, line_end, " ");
-    }
-    text::ReplaceAllIn(page_text, "  ", " ");
-    text::ReplaceAllIn(page_text, "  ", " ");
+    static const text::Replacements rules(
+        {{"\r\n", " "}, {"\n", " "}, {"\r", " "}, {"  ", " "}, {"  ", " "}});
+    rules.ApplyTo(page_text);
 }
 
 platform::PageKind KindOf(const std::string& path) {
@@ -51,7 +50,7 @@ bool AppendToFile(const std::string& text, std::string& path) {
 
 std::string GetPageText(const std::string& path) {
     for (int turn = 0; turn < 4; ++turn) {
-        platform::System().events.DoEvents();
+        platform::System().events.DoEventsOften();
     }
     std::string page_text;
     if (auto page = ReadMirrorFile(path)) {

@@ -1,8 +1,8 @@
 #include "output/rewrite_links.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <string_view>
+#include <iterator>
+#include <vector>
 
 #include "text/http_scheme.h"
 #include "text/text.h"
@@ -11,13 +11,12 @@ namespace bas_Output {
 
 namespace {
 
-struct Rule {
-    std::string_view find;
-    std::string_view replacement;
-};
+using Rules = std::vector<text::Replacements::Rule>;
+
+const text::Replacements::Rule kLineEndRules[] = {{"\n", "\r\n"}, {"\r", "\r\n"}};
 
 // The order counts: what an earlier rule made, a later one may find.
-constexpr Rule kDynamicLinkRules[] = {
+const text::Replacements::Rule kDynamicLinkRules[] = {
     {".php'", ".php.html'"}, {".php\"", ".php.html\""}, {".php>", ".php.html>"},
     {".asp'", ".asp.html'"}, {".asp\"", ".asp.html\""}, {".asp>", ".asp.html>"},
     {".php?", ".php_"},      {".PHP?", ".PHP_"},
@@ -25,59 +24,45 @@ constexpr Rule kDynamicLinkRules[] = {
 
 // Saved mirrors have always had these mixed quotes and the moved blank of the last rule; a copy
 // made again must come out the same.
-constexpr Rule kClimbingLinkRules[] = {
+const text::Replacements::Rule kClimbingLinkRules[] = {
     {"href=\"../", "href=\""},    {"href =\"../", "href =\""}, {"href = \"../", "href = \""},
     {"href= \"../", "href= \""},  {"href='../", "href=\""},    {"href ='../", "href =\""},
     {"href = '../", "href = \""}, {"href= '../", "href =\""},
 };
 
-constexpr Rule kScriptRules[] = {
+// Applets and scripts are kept from running.
+const text::Replacements::Rule kScriptRules[] = {
     {"applet", ""},
     {"script ", " !-- script "},
 };
 
 template <std::size_t N>
-void Apply(const Rule (&rules)[N], std::string& page) {
-    for (const Rule& rule : rules) {
-        text::ReplaceAllIn(page, rule.find, rule.replacement);
-    }
+void Add(const text::Replacements::Rule (&rules)[N], Rules& all) {
+    all.insert(all.end(), std::begin(rules), std::end(rules));
 }
 
-}  // namespace
-
-void DoubleLineEnds(std::string& page) {
-    text::ReplaceAllIn(page, "\n", "\r\n");
-    text::ReplaceAllIn(page, "\r", "\r\n");
-}
-
-std::size_t LineEndGrowth(std::string_view page) {
-    const auto line_feeds = std::count(page.begin(), page.end(), '\n');
-    const auto returns = std::count(page.begin(), page.end(), '\r');
-    return static_cast<std::size_t>(2 * line_feeds + returns);
-}
-
-void RewriteDynamicLinks(std::string& page) {
-    Apply(kDynamicLinkRules, page);
-}
-
-void FlattenClimbingLinks(std::string& page) {
-    Apply(kClimbingLinkRules, page);
-}
-
-void MakeOwnLinksRelative(std::string& page, const std::string& host) {
+void AddOwnLinkRules(const std::string& host, Rules& all) {
     std::string site{text::Trim(host)};
     if (!text::HasHttp(site)) site.insert(0, text::kHttp);
     text::ReplaceAllIn(site, "\\", "/");
     text::ReplaceAllIn(site, "www.", "");
     if (site.ends_with('/')) site.pop_back();
     site += '/';
-    text::ReplaceAllIn(page, site, "");
+    all.push_back({site, ""});
     text::ReplaceAllIn(site, "http://", "http://www.");
-    text::ReplaceAllIn(page, site, "");
+    all.push_back({site, ""});
 }
 
-void DisableScripts(std::string& page) {
-    Apply(kScriptRules, page);
+}  // namespace
+
+text::Replacements RewritingRules(const RewritingOf& file) {
+    Rules rules;
+    if (file.has_lines) Add(kLineEndRules, rules);
+    Add(kDynamicLinkRules, rules);
+    if (file.is_top_level) Add(kClimbingLinkRules, rules);
+    AddOwnLinkRules(file.from_host, rules);
+    Add(kScriptRules, rules);
+    return text::Replacements(rules);
 }
 
 }  // namespace bas_Output

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <new>
+#include <optional>
 
 #include "engine/state/crawl_state.h"
 #include "engine/state/job_watch.h"
@@ -53,22 +53,6 @@ bool HasTextLines(const std::string& path) {
                        [&path](std::string_view type) { return text::Contains(path, type); });
 }
 
-/// A copy of `body` to work on, with room for what the rewriting usually adds: downloads may be
-/// large, and growing the copy later would hold two of them.
-std::string WorkingCopy(std::string_view body, std::size_t growth) {
-    std::string page;
-    page.reserve(body.size() + growth + body.size() / 4 + 64);
-    page.append(body);
-    return page;
-}
-
-void RewritePage(std::string& page, const std::string& save_path, int slot) {
-    RewriteDynamicLinks(page);
-    if (IsTopLevelFile(save_path)) FlattenClimbingLinks(page);
-    MakeOwnLinksRelative(page, crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string());
-    DisableScripts(page);
-}
-
 /// The name of the folder that the host of `address` has in the mirror. The one of a timed-out job,
 /// which begins with blanks, is none.
 std::string HostFolder(std::string_view address) {
@@ -84,18 +68,20 @@ bool WritePage(std::string_view received, std::string& address, int slot) {
     address = CleanFileName(address);
     ChooseSavePath(address);
 
-    const std::string_view body = WithoutHeader(received);
     const bool has_lines = HasTextLines(crawl::SavePath);
-    std::string page = WorkingCopy(body, has_lines ? LineEndGrowth(body) : 0);
-    if (has_lines) DoubleLineEnds(page);
-
     crawl::SavePathBeforeRename = crawl::SavePath;
     RenameDynamicPage(crawl::SavePath);
     text::ReplaceAllIn(crawl::SavePath, "\\\\", "\\");
     text::ReplaceAllIn(address, "\\\\", "\\");
 
-    RewritePage(page, crawl::SavePath, slot);
-    return WriteMirrorPage(crawl::SavePath, HostFolder(address), {page, "\r\n"});
+    const text::Replacements rules = RewritingRules(
+        {.has_lines = has_lines,
+         .is_top_level = IsTopLevelFile(crawl::SavePath),
+         .from_host = crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string()});
+    const std::string_view body = WithoutHeader(received);
+    const std::optional<std::string> rewritten = rules.AppliedTo(body);
+    return WriteMirrorPage(crawl::SavePath, HostFolder(address),
+                           {rewritten ? *rewritten : body, "\r\n"});
 }
 
 /// Adds the page to the search extract, unless the slot's job was ended while the page was read:

@@ -10,6 +10,18 @@ bool Collapses(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
+/// The end of what stands at `begin` and comes out as it is: words with one blank between them.
+std::size_t EndOfPlainWords(std::string_view text, std::size_t begin) {
+    std::size_t at = begin;
+    while (at < text.size()) {
+        const bool is_single_blank =
+            text[at] == ' ' && at > begin && at + 1 < text.size() && !Collapses(text[at + 1]);
+        if (Collapses(text[at]) && !is_single_blank) break;
+        ++at;
+    }
+    return at;
+}
+
 }  // namespace
 
 void TextAssembler::AppendPendingBreaks() {
@@ -29,9 +41,7 @@ void TextAssembler::Append(std::string_view visible) {
 void TextAssembler::Text(std::string_view utf8) {
     for (std::size_t at = 0; at < utf8.size();) {
         const std::size_t begin = at;
-        while (at < utf8.size() && !Collapses(utf8[at])) {
-            ++at;
-        }
+        at = EndOfPlainWords(utf8, begin);
         if (at > begin) Append(utf8.substr(begin, at - begin));
         for (; at < utf8.size() && Collapses(utf8[at]); ++at) {
             pending_space_ = !at_line_start_;

@@ -13,8 +13,9 @@ class EventLoop {
     /// Runs what is pending and returns.
     virtual void DoEvents() = 0;
 
-    /// For loops that yield at every step: a real turn only when the last was some milliseconds
-    /// ago.
+    /// For work that yields at every step: a real turn only when the last was some milliseconds
+    /// ago. What came since then waits no longer than a person notices, and a small file costs no
+    /// turn for each of its steps.
     virtual void DoEventsOften() = 0;
 };
 

@@ -32,7 +32,8 @@ struct Status {
     std::uint64_t length;
 };
 
-/// Of what is there when links are followed.
+/// Of what is there when links are followed. Nothing on a fault; `errno` is ENOENT or ENOTDIR when
+/// nothing is there.
 std::optional<Status> StatusOf(const Path& path);
 
 /// Whether the path itself is a symbolic link, whatever it leads to.

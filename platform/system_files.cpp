@@ -23,9 +23,9 @@ constexpr auto kSeparator = std::filesystem::path::preferred_separator;
 /// Writes one part after the other, as they may be too large for a copy that holds them all, and
 /// closes the file: some systems tell only then that the disk was full.
 bool WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> parts) {
-    // Small parts go to the system together; with a buffer of its own the library would first ask
+    // A page goes to the system in one piece; with a buffer of its own the library would first ask
     // how large a one the disk likes.
-    std::array<char, 4096> buffer;
+    std::array<char, 64 * 1024> buffer;
     std::setvbuf(file, buffer.data(), _IOFBF, buffer.size());
     const bool written = std::all_of(parts.begin(), parts.end(), [file](std::string_view part) {
         return std::fwrite(part.data(), 1, part.size(), file) == part.size();
@@ -85,7 +85,10 @@ bool SystemFiles::CreateFolder(std::string_view path) {
 }
 
 std::optional<std::uint64_t> SystemFiles::FileLength(std::string_view path) const {
-    const auto status = StatusOf(path);
+    auto status = StatusOf(path);
+    // A first failure is not believed, since the system may have been busy with the file, unless it
+    // says that nothing is there.
+    if (!status && errno != ENOENT && errno != ENOTDIR) status = StatusOf(path);
     if (!status) return std::nullopt;
     return status->is_folder ? 0 : status->length;
 }

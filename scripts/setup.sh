@@ -26,6 +26,12 @@ TEST_PACKAGES=(
     xvfb
 )
 
+# What "bench/run" measures with and compares with, on top of the packages for the tests.
+BENCH_PACKAGES=(
+    strace
+    wget
+)
+
 # What "./test lint" runs, and what the tests need to be built.
 LINT_PACKAGES=(
     clang-format

@@ -20,8 +20,7 @@ using platform::SocketState;
 std::string Saved(const std::string& received, bool has_lines) {
     const std::size_t blank_line = received.find("\r\n\r\n");
     std::string page(text::Mid(received, blank_line == std::string::npos ? 4 : blank_line + 5));
-    if (has_lines) bas_Output::DoubleLineEnds(page);
-    bas_Output::RewriteDynamicLinks(page);
+    bas_Output::RewritingRules({has_lines, /*is_top_level=*/false, "none"}).ApplyTo(page);
     return page + "\r\n";
 }
 

@@ -8,9 +8,11 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "text/consumable_text.h"
 #include "text/numbers.h"
+#include "text/replacements.h"
 
 namespace {
 
@@ -64,6 +66,38 @@ TEST(TextTest, ReplaceEqualsTheObviousLoopOnRandomText) {
     std::string tight(100000, '\n');
     text::ReplaceAllIn(tight, "\n", "\r\n");
     EXPECT_LT(tight.capacity(), 200100u) << "no more memory than needed";
+}
+
+TEST(ReplacementsTest, EqualOneAfterTheOtherOnRandomText) {
+    std::mt19937 random(20261121);
+    const auto random_text = [&random](const std::string& letters, std::size_t size) {
+        std::string s(size, ' ');
+        for (char& c : s) {
+            c = letters[random() % letters.size()];
+        }
+        return s;
+    };
+    for (int round = 0; round < 4000; ++round) {
+        // Patterns of two letters meet and make one another; in few texts does every rule find one.
+        std::vector<text::Replacements::Rule> rules;
+        for (std::size_t i = random() % 12; i > 0; --i) {
+            const std::size_t size = random() % 3 == 0 ? 1 + random() % 4 : 5 + random() % 3;
+            rules.push_back({random_text(size == 1 ? "abc\n" : "ab", size),
+                             random_text("abc\r", random() % 7)});
+        }
+        const std::string letters[] = {"ab", "abc\n\r", "abcdefghijklmnopqrstuvwxyz"};
+        std::string subject = random_text(letters[round % 3], random() % 400);
+        std::string expected = subject;
+        for (const auto& [pattern, replacement] : rules) {
+            expected = text::ReplaceAll(expected, pattern, replacement);
+        }
+        const text::Replacements replacements(rules);
+        ASSERT_EQ(replacements.AppliedTo(subject).value_or(subject), expected) << "round " << round;
+        replacements.ApplyTo(subject);
+        ASSERT_EQ(subject, expected) << "round " << round;
+    }
+    const std::vector<text::Replacements::Rule> absent = {{"absent", ""}};
+    EXPECT_EQ(text::Replacements(absent).AppliedTo("text"), std::nullopt);
 }
 
 TEST(ConsumableTextTest, EatsFromTheFrontAndGrowsAtTheEnd) {

@@ -20,6 +20,13 @@ bool AnyCandidate(const char* place, char head, std::size_t distance, char tail)
     return any != 0;
 }
 
+/// Whether `pattern`, of two characters or more, stands at `place`, behind which there is room for
+/// it.
+inline bool IsAt(const char* place, std::string_view pattern) {
+    return *place == pattern.front() && place[pattern.size() - 1] == pattern.back() &&
+           (pattern.size() == 2 || std::memcmp(place, pattern.data(), pattern.size()) == 0);
+}
+
 /// Offset of the first `pattern` at or after offset `from`, or kNone. The pattern is not empty.
 ///
 /// Responses of any size and content go through dozens of passes while the window waits, so this
@@ -39,10 +46,7 @@ std::size_t Find(std::string_view subject, std::string_view pattern, std::size_t
             continue;
         }
         for (std::size_t place = at; place < end; ++place) {
-            if (begin[place] == pattern.front() && begin[place + distance] == pattern.back() &&
-                std::memcmp(begin + place, pattern.data(), pattern.size()) == 0) {
-                return place;
-            }
+            if (IsAt(begin + place, pattern)) return place;
         }
     }
     return kNone;
@@ -56,22 +60,43 @@ std::size_t Count(std::string_view subject, std::string_view pattern, std::size_
     return count;
 }
 
-/// Writes `subject`, with every `pattern` replaced, from `out` on and returns the end of what it
-/// wrote. `out` may lie in the same buffer as `subject`, as long as it never overtakes what is
-/// still to be read.
+/// Writes `subject`, with every `pattern` from offset `first` on replaced, from `out` on and
+/// returns the end of what it wrote. `out` may lie in the same buffer as `subject`, as long as it
+/// never overtakes what is still to be read. Occurrences may follow one another closely, so in a
+/// block that may have one it goes from character to character.
 char* WriteReplaced(std::string_view subject, std::string_view pattern,
                     std::string_view replacement, std::size_t first, char* out) {
     const auto put = [&out](std::string_view piece) {
         if (piece.data() != out) std::memmove(out, piece.data(), piece.size());
         out += piece.size();
     };
-    std::size_t done = 0;
-    for (std::size_t at = first; at != kNone; at = Find(subject, pattern, done)) {
-        put(subject.substr(done, at - done));
-        put(replacement);
-        done = at + pattern.size();
+    const std::size_t places = subject.size() - pattern.size() + 1;
+    const std::size_t distance = pattern.size() - 1;
+    put(subject.substr(0, first));
+    std::size_t at = first;
+    while (at < places) {
+        const std::size_t end = std::min(at + kBlock, places);
+        if (end - at == kBlock &&
+            !AnyCandidate(subject.data() + at, pattern.front(), distance, pattern.back())) {
+            put(subject.substr(at, kBlock));
+            at = end;
+            continue;
+        }
+        while (at < end) {
+            if (!IsAt(subject.data() + at, pattern)) {
+                *out++ = subject[at++];
+                continue;
+            }
+            if (replacement.size() == 1) {  // often, and copying it would be a call
+                *out = replacement.front();
+            } else {
+                std::copy(replacement.begin(), replacement.end(), out);
+            }
+            out += replacement.size();
+            at += pattern.size();
+        }
     }
-    put(subject.substr(done));
+    put(subject.substr(at));
     return out;
 }
 
@@ -143,10 +168,10 @@ std::string UpperCase(std::string_view subject) {
     });
 }
 
-void ReplaceAllIn(std::string& subject, std::string_view pattern, std::string_view replacement) {
-    if (pattern.empty()) return;
+bool ReplaceAllIn(std::string& subject, std::string_view pattern, std::string_view replacement) {
+    if (pattern.empty()) return false;
     const std::size_t first = Find(subject, pattern, 0);
-    if (first == kNone) return;
+    if (first == kNone) return false;
     if (replacement.size() > pattern.size()) {
         ReplaceGrowing(subject, pattern, replacement, first);
     } else if (pattern.size() == 1 && replacement.size() == 1) {
@@ -158,6 +183,7 @@ void ReplaceAllIn(std::string& subject, std::string_view pattern, std::string_vi
         const char* const end = WriteReplaced(subject, pattern, replacement, first, subject.data());
         subject.resize(static_cast<std::size_t>(end - subject.data()));
     }
+    return true;
 }
 
 std::string ReplaceAll(std::string subject, std::string_view pattern,

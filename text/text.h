@@ -33,9 +33,9 @@ std::string LowerCase(std::string_view subject);
 std::string UpperCase(std::string_view subject);
 
 /// Replaces every `pattern` by `replacement`, left to right in one pass: what a replacement makes
-/// is not looked at again. Works in place and linearly; a pattern that does not occur moves
-/// nothing.
-void ReplaceAllIn(std::string& subject, std::string_view pattern, std::string_view replacement);
+/// is not looked at again. Works in place and linearly. False when the pattern does not occur; then
+/// nothing is moved.
+bool ReplaceAllIn(std::string& subject, std::string_view pattern, std::string_view replacement);
 
 /// The same on a copy.
 std::string ReplaceAll(std::string subject, std::string_view pattern, std::string_view replacement);

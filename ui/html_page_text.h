@@ -12,13 +12,16 @@ namespace ui {
 /// Reads pages by a pass of our own, where another desktop would lend its browser control.
 class HtmlPageText final : public platform::PageText {
   public:
-    /// `yield` is called now and then while a large page is read.
+    /// `yield` is called before and after each page, and now and then while a large one is read.
     explicit HtmlPageText(std::function<void()> yield = {}) : yield_(std::move(yield)) {}
 
     std::string InnerText(std::string file_bytes, platform::PageKind kind) override {
-        return kind == platform::PageKind::PlainText
-                   ? page_text::InnerTextOfPlainText(std::move(file_bytes))
-                   : page_text::InnerTextOfMarkup(file_bytes, yield_);
+        if (yield_) yield_();
+        std::string text = kind == platform::PageKind::PlainText
+                               ? page_text::InnerTextOfPlainText(std::move(file_bytes))
+                               : page_text::InnerTextOfMarkup(file_bytes, yield_);
+        if (yield_) yield_();
+        return text;
     }
 
   private:

@@ -1,10 +1,10 @@
-#include <QApplication>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 
 #include "platform/memory_settings_store.h"
+#include "platform/qt/application.h"
 #include "platform/qt/local_text.h"
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_settings_store.h"
@@ -81,7 +81,7 @@ int RunWindow(int argc, char** argv) {
         return kNoDisplay;
     }
     qInstallMessageHandler(ExitInsteadOfAbort);
-    QApplication application(argc, argv);
+    const QApplication application = platform::MakeApplication(argc, argv);
     qInstallMessageHandler(nullptr);
 #ifdef Q_OS_WIN
     // Menus and boxes have faces of their own there, none of them that of the forms.
@@ -112,7 +112,7 @@ int RunCrawl(const ui::CrawlOrder& order, int argc, char** argv) {
     // The window is never shown, so the run needs no display, whatever the environment says of one.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");
-    QApplication application(argc, argv);
+    const QApplication application = platform::MakeApplication(argc, argv);
     platform::MemorySettingsStore settings;
     ui::Terminal terminal;
     ui::TerminalBoxes boxes(terminal);

@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QTimer>
+
+#include "platform/qt/application.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ class FreshLoop : public testing::EmptyTestEventListener {
 int main(int argc, char** argv) {
     // Widgets need a display; the offscreen platform is one that every machine has.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    const QApplication application = platform::MakeApplication(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new FreshLoop);
     return RUN_ALL_TESTS();
