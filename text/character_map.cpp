@@ -44,6 +44,7 @@ bool CharacterMap::Add(char character, std::string_view replacement) {
         text.copy(added.texts_[i].data(), kLongest);
         added.sizes_[i] = static_cast<std::uint8_t>(text.size());
         added.grows_ |= text.size() > 1;
+        added.keeps_size_ &= text.size() == 1;
         if (changed_.find(own) == std::string::npos) added.changed_ += own;
     }
     *this = std::move(added);
@@ -62,6 +63,10 @@ bool CharacterMap::Changes(std::string_view subject) const {
 void CharacterMap::ApplyTo(std::string& subject) const {
     if (grows_) {
         subject = AppliedTo(subject);
+    } else if (keeps_size_) {
+        for (char& character : subject) {
+            character = texts_[IndexOf(character)][0];
+        }
     } else {
         const char* const end = Write(subject, subject.data());
         subject.resize(static_cast<std::size_t>(end - subject.data()));

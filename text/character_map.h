@@ -41,7 +41,8 @@ class CharacterMap {
     std::array<Short, 256> texts_{};
     std::array<std::uint8_t, 256> sizes_;
     std::string changed_;
-    bool grows_ = false;
+    bool grows_ = false;      // some character becomes longer
+    bool keeps_size_ = true;  // every character becomes one character
 };
 
 }  // namespace text
