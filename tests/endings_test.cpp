@@ -73,41 +73,6 @@ TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
     EXPECT_EQ(Saved("a.html"), "again\r\n");
 }
 
-TEST_F(Endings, TheCompletionBoxOffersTheMirror) {
-    for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
-        system.boxes.asked.clear();
-        system.processes.folders.clear();
-        system.boxes.answers.push_back(answer);
-        Start("www.site.com/a.html");
-        Answer(1, "<a href='b.html'>");
-        loop.Advance(20);
-        Answer(1, "");
-        ExpectAsked(1,
-                    "The website has been downloaded.\r\n\r\n"
-                    "Would you like to browse the download directory?",
-                    "Done.");
-        EXPECT_EQ(window.label6, "Website Downloaded!");
-        EXPECT_EQ(window.label3, "2 Files") << "the counters are true when the box appears";
-        const std::size_t shown = answer == BoxAnswer::Yes ? 1 : 0;
-        EXPECT_EQ(system.processes.folders, std::vector<std::string>(shown, "C:\\Websites\\"));
-        BlankDisk();
-    }
-}
-
-TEST_F(Endings, StopNOWForgetsTheJobs) {
-    Start("www.site.com/a.html");
-    window.txt_max = "3";
-    Queue({"www.site.com/b.html", "www.site.com/c.html", "www.site.com/d.html"});
-    loop.Advance(60);
-    bas_Connections::StopNOW();
-    for (int i = 1; i <= 24; ++i) {
-        EXPECT_EQ(crawl::Slots[i].Url + crawl::Slots[i].Host + crawl::Slots[i].Path, "");
-        EXPECT_EQ(window.rows[i].status, "Not Connected.");
-    }
-    EXPECT_EQ(crawl::Slots[2].Attempts, 1) << "the numbers are left as they are";
-    EXPECT_TRUE(window.start_enabled && window.text1_enabled && window.text1_focused);
-}
-
 TEST_F(Endings, TheStopIsAskedFirst) {
     Start("www.site.com/a.html");
     system.boxes.answers.push_back(BoxAnswer::No);

@@ -36,14 +36,6 @@ TEST(TopLevel, LooksAfterTheFirstHostFolder) {
     }
 }
 
-TEST(GetTokenTest, SplitsAtTheSeparator) {
-    EXPECT_EQ(GetToken(" a b*c ", 1, "*"), "a b");
-    EXPECT_EQ(GetToken("a*b*", 2, "*"), "b");
-    EXPECT_EQ(GetToken("a*b*", 4, "*"), "");
-    EXPECT_EQ(GetToken("a*b", -1, "*"), "");
-    EXPECT_EQ(GetToken(std::string(32767, '*'), 32767, "*"), "");
-}
-
 class MakeLocalPathTest : public testing::Test {
   protected:
     std::string LocalPathOf(std::string path) {
@@ -78,13 +70,6 @@ TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
     EXPECT_EQ(crawl::MadeFolders,
               "c:\\web\\site.com\\a\\*c:\\web\\site.com\\a\\b\\*"
               "c:\\web\\site.com\\a\\b\\..\\..\\c\\*");
-}
-
-TEST_F(MakeLocalPathTest, MakesFoldersAgainThatVanished) {
-    LocalPathOf("C:\\Web\\site.com\\a\\b.html");
-    system.files.folders = {"c:"};
-    LocalPathOf("C:\\Web\\site.com\\a\\b.html");
-    EXPECT_TRUE(system.files.FolderExists("c:\\Web\\site.com\\a"));
 }
 
 TEST_F(MakeLocalPathTest, LosesBlanksBeforeAFolderButNotInThePath) {

@@ -27,12 +27,6 @@ Lines Filters() {
     return Lines(KeywordFilters.begin(), KeywordFilters.end());
 }
 
-TEST(ListFile, SplitsIntoNonBlankLines) {
-    EXPECT_EQ(SplitListFile(""), Lines());
-    EXPECT_EQ(SplitListFile(" a \r\n\r\n   \r\n\n.b"), (Lines{" a ", ".b"}));
-    EXPECT_EQ(SplitListFile("a\rb\r\r\n"), Lines{"a\rb\r"});
-}
-
 TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
     fakes::FakeSystem system;
     system.files.Have(kTypesFile, "\r\n  .GIF \r\n   \r\n.b");

@@ -48,13 +48,4 @@ TEST_F(SiteStart, BeginsWithNothingLeftOfTheCrawlBefore) {
     EXPECT_EQ(window.Sock(1).host(), "www.other.com");
 }
 
-TEST_F(SiteStart, OnlyEnterStarts) {
-    window.text1 = "site.com";
-    for (const int key : {0, 10, 27, 32, 65, 112})
-        bas_Connections::Text1_KeyDown(key);
-    EXPECT_TRUE(window.start_enabled);
-    bas_Connections::Text1_KeyDown(13);
-    EXPECT_FALSE(window.start_enabled);
-}
-
 }  // namespace

@@ -18,15 +18,6 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(TextTest, InStrCountsFromOneAndZeroMeansAbsent) {
-    EXPECT_EQ(text::InStr("abcabc", "abc", 0), 1u);
-    EXPECT_EQ(text::InStr("abcabc", "abc", 2), 4u);
-    EXPECT_EQ(text::InStr("abcabc", "c", 7), 0u);
-    EXPECT_EQ(text::InStr("abcabc", "ca", 99), 0u);
-    EXPECT_EQ(text::InStr("abc", "abcd", 1), 0u);
-    EXPECT_EQ(text::InStr("abc", "", 1), 0u);
-}
-
 TEST(TextTest, PiecesStayInsideAndBytesBeyondAsciiStay) {
     EXPECT_EQ(text::Mid("abcdef", 3), "cdef");
     EXPECT_EQ(text::Mid("abcdef", 0, 2), "ab");

@@ -106,6 +106,22 @@ class WizardTest(unittest.TestCase):
         self.exit_by_menu(running)
         self.assertIn("Timeout=25", (self.home / ".config/Vantorin/Vantorin.conf").read_text().split())
 
+    def test_a_box_waits_until_the_program_is_in_front(self):
+        desktop = self.desktop
+        first = self.start()
+        desktop.type(SITE)
+        desktop.press("Tab")
+        desktop.type(str(self.mirror))
+        desktop.press("Return")
+        desktop.await_window(MAIN)
+        self.start()  # any other program would do
+        wait_until(lambda: len(self.saved()) > 30 and not list(self.mirror.rglob("*.tmp")), what="the whole site")
+        time.sleep(1)
+        self.assertEqual(desktop.run("xdotool", "getwindowfocus", "getwindowname"), WIZARD)
+        desktop.press("Escape")
+        desktop.run("xdotool", "search", "--all", "--pid", str(first.pid), "--name", MAIN, "windowactivate")
+        desktop.await_window("Done.")
+
     def await_first_file(self):
         self.desktop.await_window(MAIN)
         wait_until(self.saved, what="the first file")

@@ -50,22 +50,6 @@ class WizardTest : public FormTest {
     std::unique_ptr<ui::frmNew> wizard;
 };
 
-TEST_F(WizardTest, AFirstRunShowsTheDefaults) {
-    Open();
-    EXPECT_EQ(wizard->windowTitle(), "New Site Wizard");
-    EXPECT_EQ(TxtUrl()->text(), "http://");
-    EXPECT_EQ(TxtDir()->text(), "C:\\Websites\\");
-    EXPECT_EQ(Setting("LastURL"), "http://");
-    EXPECT_EQ(Setting("InDir"), "C:\\Websites\\");
-    EXPECT_EQ(Setting("Timeout"), "(none)");
-    EXPECT_EQ(List2()->currentText(), "15");
-
-    const std::string defaults = system.files.At(kTypesFile);
-    EXPECT_EQ(defaults.size(), 74U);
-    Click("Command2");
-    EXPECT_EQ(system.files.At(kTypesFile), defaults + defaults);
-}
-
 TEST_F(WizardTest, TheBoxesSelectTheirTextAndStoreEveryKey) {
     Open();
     EXPECT_EQ(TxtUrl()->selectedText(), "http://");
@@ -77,17 +61,6 @@ TEST_F(WizardTest, TheBoxesSelectTheirTextAndStoreEveryKey) {
             QTest::keyClicks(box, QString(stored).right(1));
             EXPECT_EQ(Setting(box == TxtDir() ? "InDir" : "LastURL"), stored);
         }
-    }
-}
-
-TEST_F(WizardTest, OptionsGrowAndShrinkAboutTheCentre) {
-    Open();
-    wizard->move(200, 100);
-    for (const bool expanded : {false, true, false}) {
-        EXPECT_EQ(wizard->width(), expanded ? 648 : 457);
-        EXPECT_EQ(wizard->x(), expanded ? 104 : 200);  // 1432.5 twips, rounded up
-        EXPECT_EQ(Find<QPushButton>(*wizard, "Command6")->text().right(2), expanded ? "<<" : ">>");
-        Click("Command6");
     }
 }
 
@@ -229,15 +202,6 @@ TEST_F(WizardTest, GrowsWithTheFontOfTheDesktop) {
     Open();
     EXPECT_EQ(wizard->width(), 914);
     QApplication::setFont(usual);
-}
-
-TEST_F(WizardTest, TheFiltersCloseWithIt) {
-    Open();
-    Click("Command8");
-    auto* filters = Find<ui::zFilter>(*wizard, "zFilter");
-    ASSERT_TRUE(filters->isVisible());
-    wizard->close();
-    EXPECT_FALSE(filters->isVisible());
 }
 
 #ifndef _WIN32
