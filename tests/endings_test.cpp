@@ -8,21 +8,11 @@
 namespace {
 
 using fakes::CrawlTest;
-using Asked = fakes::ScriptedBoxes::Asked;
-using platform::BoxAnswer;
-using platform::BoxStyle;
 using platform::SocketState;
 
 constexpr int kTimeout = 20000;
 
-class Endings : public CrawlTest {
-  protected:
-    /// That these questions were asked, and nothing else.
-    void ExpectAsked(std::size_t count, const std::string& message, const std::string& title) {
-        const Asked question{message, BoxStyle::InformationYesNo, title};
-        EXPECT_EQ(system.boxes.asked, std::vector(count, question));
-    }
-};
+using Endings = CrawlTest;
 
 TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
     Start("www.site.com/a.html");
@@ -71,42 +61,6 @@ TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
     EXPECT_EQ(Saved("a.html"), "good\r\n");
     Answer(1, "again");
     EXPECT_EQ(Saved("a.html"), "again\r\n");
-}
-
-TEST_F(Endings, TheStopIsAskedFirst) {
-    Start("www.site.com/a.html");
-    system.boxes.answers.push_back(BoxAnswer::No);
-    bas_Connections::AskStop();
-    EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting);
-    EXPECT_EQ(window.reloads, 0);
-
-    system.boxes.answers.push_back(BoxAnswer::Yes);
-    bas_Connections::AskStop();
-    EXPECT_EQ(window.reloads, 1);
-    EXPECT_TRUE(crawl::Stopping);
-    EXPECT_EQ(window.label6, "Operation Cancelled.");
-    EXPECT_FALSE(window.pause_enabled);
-    EXPECT_TRUE(bas_Connections::Form_Unload()) << "a reload asks nothing";
-    ExpectAsked(2, "Are you sure you want to cancel downloading the current website?",
-                "Stop Download");
-}
-
-TEST_F(Endings, LeavingIsAskedAndStopsTheCrawl) {
-    Start("www.site.com/a.html");
-    Answer(1, "<a href='b.html'>");
-    const std::string placeholder = "C:\\Websites\\site.com\\b.html.tmp";
-    ASSERT_NE(system.files.At(placeholder), "(none)");
-    system.boxes.answers.push_back(BoxAnswer::No);
-    EXPECT_FALSE(bas_Connections::Form_Unload());
-    ExpectAsked(1, "Are you sure you want to exit?", "Exit Vantorin");
-    EXPECT_FALSE(window.start_enabled);
-    EXPECT_NE(system.files.At(placeholder), "(none)");
-
-    system.boxes.answers.push_back(BoxAnswer::Yes);
-    EXPECT_TRUE(bas_Connections::Form_Unload());
-    EXPECT_EQ(system.files.At(placeholder), "(none)");
-    EXPECT_TRUE(window.start_enabled && window.list1_shown);
-    EXPECT_FALSE(window.tmrMove().Enabled());
 }
 
 }  // namespace

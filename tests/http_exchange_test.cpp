@@ -145,15 +145,6 @@ TEST_F(HttpExchange, AHandlerLeavesASlotAloneThatHasAnotherJob) {
     }
 }
 
-TEST_F(HttpExchange, ResolvesLinksAgainstThePagesFolder) {
-    for (const std::string folder : {"www.site.com/x/", "www.site.com/x.php?q=/"}) {
-        bas_Connections::ConnectNext(folder + "y.html");
-        Answer(1, "<a href=\"b.html\">");
-        EXPECT_EQ(fakes::Items(crawl::List1), std::vector{folder + "b.html"});
-        crawl::List1.Clear();
-    }
-}
-
 /// Answers may take 1000 bytes together.
 class AnswerMemory : public HttpExchange {
   protected:

@@ -3,9 +3,7 @@
 #include <QLineEdit>
 #include <memory>
 
-#include "setup/file_types.h"
 #include "setup/forms/frm_new.h"
-#include "setup/forms/z_filter.h"
 #include "setup/settings.h"
 #include "tests/qt/form_test.h"
 
@@ -147,18 +145,6 @@ TEST_F(WizardTest, DeletesTheSelectedFileType) {
     Click("Command4");
     ExpectAsked("You must select a list item to delete.", BoxStyle::Information, "Error");
     EXPECT_EQ(Types(), (Items{".htm", ".css"}));
-}
-
-TEST_F(WizardTest, SetDefaultAsksAndSavesAtOnce) {
-    OpenWithTypes(".old\r\n");
-    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
-    Click("Command5");
-    EXPECT_EQ(Types(), (Items{".old"}));
-    ExpectAsked("Are you sure you want to set the file types list to default?",
-                BoxStyle::InformationYesNo, "Default");
-    Click("Command5");
-    EXPECT_EQ(Types(), bas_General::DefaultFileTypes());
-    EXPECT_EQ(system.files.At(kTypesFile).size(), 74U);
 }
 
 TEST_F(WizardTest, AListOfOneObeysItsKeys) {
