@@ -1,4 +1,4 @@
-// What the core costs, in processor time: large answers, links and the queue. Prints rows of a
+// What the core costs, in processor time: large responses, links and the queue. Prints rows of a
 // table, medians of several runs.
 //
 //     core_speed FOLDER
@@ -14,7 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/state/crawl_state.h"
+#include "cli/html_page_text.h"
+#include "crawl/crawl_state.h"
 #include "extractor/admission.h"
 #include "extractor/link_scanner.h"
 #include "output/mirror_files.h"
@@ -24,7 +25,6 @@
 #include "platform/services.h"
 #include "platform/system_files.h"
 #include "text/text.h"
-#include "ui/html_page_text.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ constexpr std::size_t kMegabyte = 1'000'000;
 class NoEvents : public platform::EventLoop {
   public:
     void DoEvents() override {}
-    void DoEventsOften() override {}
+    void DoEventsThrottled() override {}
 };
 
 class NoProcesses : public platform::ProcessStarter {
@@ -139,17 +139,17 @@ void Scan(text::ConsumableText& response) {
     bas_Extractor::ExtractLinks(response, crawl::List1, base);
 }
 
-void ReportLargeAnswers() {
-    const std::string answer = "HTTP/1.0 200 OK\r\n\r\n" + RandomBytes(100 * kMegabyte);
+void ReportLargeResponses() {
+    const std::string received = "HTTP/1.0 200 OK\r\n\r\n" + RandomBytes(100 * kMegabyte);
     text::ConsumableText response;
     ReportPace(
-        "scan 100 MB of random bytes", [&] { response.Assign(answer); }, [&] { Scan(response); });
+        "scan 100 MB of random bytes", [&] { response.Assign(received); }, [&] { Scan(response); });
     response.Clear();
     ReportPace(
         "save 100 MB of random bytes", [] {},
         [&] {
             std::string address = "\\www.site.com/a.zip";
-            bas_Output::SaveFile(answer, address, 1);
+            bas_Output::SaveFile(received, address, 1);
         });
 }
 
@@ -236,7 +236,7 @@ int main(int argc, char** argv) {
     NoEvents events;
     platform::SystemFiles files(argv[1]);
     platform::MemorySettingsStore settings;
-    ui::HtmlPageText page_text;
+    cli::HtmlPageText page_text;
     NoProcesses processes;
     NoBoxes boxes;
     const platform::Services services{events, files, settings, page_text, processes, boxes};
@@ -247,7 +247,7 @@ int main(int argc, char** argv) {
     crawl::Slots[1].Host = "www.site.com";
     bas_Output::BeginMirror();
 
-    ReportLargeAnswers();
+    ReportLargeResponses();
     ReportAllLevels();
     platform::InstallSystem(nullptr);
 }

@@ -1,6 +1,6 @@
 """What a crawl costs per file, beside "wget -m -k" on the same site.
 
-    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 bench/crawl_cost.py
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/crawl_cost.py
 
 The site: 222 pages of 20 KB, each with 4 pictures of its own, from nginx on the loopback. Prints the
 processor time of the program and of wget, medians of runs that take turns, and the program's system

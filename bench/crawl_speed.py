@@ -1,6 +1,6 @@
 """Times whole crawls of a documentation tree with different numbers of connections.
 
-    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 bench/crawl_speed.py
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/crawl_speed.py
 
 Prints the median of three runs each. The network is the loopback, so what shows is the program's own
 pace: the scheduler starts at most one file in 20 ms.

@@ -1,6 +1,6 @@
 """What huge and hostile servers, hosts and shells do to the program: one row for each kind.
 
-    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 bench/hostile_runs.py [PART-OF-A-NAME ...]
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/hostile_runs.py [PART-OF-A-NAME ...]
 
 Prints a table: what was done, whether the program took it as it should, and what was seen. Takes about
 ten minutes and 2 GB of disk in $TMPDIR. The small forms of these rows run in tests/e2e.

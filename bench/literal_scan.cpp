@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "extractor/admission.h"
 #include "output/paths.h"
 #include "output/records.h"

@@ -1,6 +1,6 @@
 """Long runs of the real program: does it stay level, and what is left when the worst happens?
 
-    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 bench/long_runs.py RUN
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/long_runs.py RUN
 
 RUN is one of
     level        20,000 pages: memory, handles and pace in each tenth of the crawl (about eight minutes)

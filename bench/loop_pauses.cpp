@@ -2,9 +2,9 @@
 //
 //     LD_PRELOAD=build/release/bench/libloop_pauses.so VANTORIN_PAUSES=FILE vantorin ...
 //
-// Each turn of the loop, also one inside a handler, ends in poll or ppoll. FILE gets a line for
-// each pause from the end of one such call to the beginning of the next one on the first thread:
-// when it began (seconds of the monotonic clock) and how long it was (milliseconds).
+// Each iteration of the loop, also one inside a handler, ends in poll or ppoll. FILE gets a line
+// for each pause from the end of one such call to the beginning of the next one on the first
+// thread: when it began (seconds of the monotonic clock) and how long it was (milliseconds).
 #include <dlfcn.h>
 #include <poll.h>
 #include <sys/syscall.h>

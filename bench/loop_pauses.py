@@ -1,6 +1,6 @@
 """How long the event loop of the real program does not look at what waits.
 
-    VANTORIN_PROGRAM=build/release/ui/vantorin /usr/bin/python3 bench/loop_pauses.py
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/loop_pauses.py
 
 Wants the target loop_pauses built. First large answers, one crawl each without a window: the longest
 pause, medians of several crawls. Then a crawl with the window shown, at the scheduler's full pace.

@@ -12,7 +12,7 @@
 
 #include "bench/fuzz_input.h"
 #include "bench/literal_scan.h"
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "extractor/addresses.h"
 #include "extractor/admission.h"
 #include "output/mirror_files.h"

@@ -8,7 +8,7 @@
 
 #include "bench/fuzz_input.h"
 #include "bench/literal_scan.h"
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "output/save_file.h"
 #include "tests/fakes/fake_system.h"
 

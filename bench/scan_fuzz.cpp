@@ -6,7 +6,7 @@
 
 #include "bench/fuzz_input.h"
 #include "bench/literal_scan.h"
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "extractor/link_scanner.h"
 #include "tests/fakes/fake_system.h"
 

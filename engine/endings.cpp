@@ -2,11 +2,10 @@
 
 #include <algorithm>
 
+#include "crawl/crawl_state.h"
+#include "crawl/job_watch.h"
 #include "engine/main_window.h"
-#include "engine/rows.h"
 #include "engine/scheduler.h"
-#include "engine/state/crawl_state.h"
-#include "engine/state/job_watch.h"
 #include "extractor/addresses.h"
 #include "output/records.h"
 #include "output/save_file.h"
@@ -26,8 +25,8 @@ bool IsAtWork(const crawl::ConnectionSlot& slot) {
     return slot.JobAtWork == slot.Job;
 }
 
-/// Whether slot `index` had to wait for ourselves and not for a server: its own answer is being
-/// worked on, or it is not connected and another slot's answer is.
+/// Whether slot `index` had to wait for ourselves and not for a server: its own response is being
+/// worked on, or it is not connected and another slot's response is.
 bool IsOurOwnWork(int index) {
     if (IsAtWork(crawl::Slots[index])) return true;
     return engine::Window().Sock(index).State() == platform::SocketState::Closed &&

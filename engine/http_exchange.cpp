@@ -4,13 +4,12 @@
 #include <optional>
 #include <utility>
 
-#include "engine/answer_memory.h"
+#include "crawl/crawl_state.h"
+#include "crawl/job_watch.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
-#include "engine/rows.h"
+#include "engine/response_memory.h"
 #include "engine/scheduler.h"
-#include "engine/state/crawl_state.h"
-#include "engine/state/job_watch.h"
 #include "extractor/addresses.h"
 #include "extractor/link_scanner.h"
 #include "output/save_file.h"
@@ -69,15 +68,15 @@ std::string PageFolder(const std::string& url) {
     return bas_Extractor::ReverseText(reversed);
 }
 
-/// While this lives, the answer of a slot is being worked on: the slot's timeout is passed over,
+/// While this lives, the response of a slot is being worked on: the slot's timeout is passed over,
 /// since the server is not the one who is silent.
-class AnswerAtWork {
+class ResponseWork {
   public:
-    explicit AnswerAtWork(int index)
+    explicit ResponseWork(int index)
         : slot_(crawl::Slots[index]), job_before_(std::exchange(slot_.JobAtWork, slot_.Job)) {}
-    ~AnswerAtWork() { slot_.JobAtWork = job_before_; }
-    AnswerAtWork(const AnswerAtWork&) = delete;
-    AnswerAtWork& operator=(const AnswerAtWork&) = delete;
+    ~ResponseWork() { slot_.JobAtWork = job_before_; }
+    ResponseWork(const ResponseWork&) = delete;
+    ResponseWork& operator=(const ResponseWork&) = delete;
 
   private:
     crawl::ConnectionSlot& slot_;
@@ -90,7 +89,7 @@ void FinishResponse(int index) {
     const crawl::JobWatch job(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile(crawl::Slots[index].Response.View(), address, index);
-    events.DoEventsOften();
+    events.DoEventsThrottled();
     if (job.Ended()) return;
 
     std::string base = crawl::Slots[index].Url;
@@ -99,14 +98,14 @@ void FinishResponse(int index) {
         ResetSlotRow(index);
     }
     SetSlotStatus(index, "");
-    events.DoEventsOften();
+    events.DoEventsThrottled();
     if (job.Ended()) return;
 
     bas_Extractor::ExtractLinks(crawl::Slots[index].Response, crawl::List1, base);
     if (job.Ended()) return;
     GiveBackLeftover(index);
     engine::Window().Sock(index).Close();
-    events.DoEventsOften();
+    events.DoEventsThrottled();
     CompleteIfDone();
 }
 
@@ -114,7 +113,7 @@ void Receive(std::string_view data, int index) {
     if (!MakeRoom(data.size(), index)) return;
     crawl::Slots[index].Response.Append(data);
     const crawl::JobWatch job(index);
-    platform::System().events.DoEventsOften();
+    platform::System().events.DoEventsThrottled();
     if (job.Ended()) return;
     ShowExpectedSize(data, index);
     ShowReceivedSize(index);
@@ -146,7 +145,7 @@ void Sock_Connect(int index) {
 
 void Sock_DataArrival(int index) {
     engine::MainWindow& window = engine::Window();
-    const AnswerAtWork at_work(index);
+    const ResponseWork at_work(index);
     window.tmrOut(index).SetEnabled(false);
     window.tmrOut(index).SetEnabled(true);
     const std::string data = window.Sock(index).GetData();
@@ -174,7 +173,7 @@ void ProcessResponse(std::string_view data, int index) {
     try {
         Receive(data, index);
     } catch (const std::bad_alloc&) {
-        // An answer for which the system has no memory costs its own job, not the program.
+        // A response for which the system has no memory costs its own job, not the program.
         if (!job.Ended()) GiveUp(index);
     }
     // A job that was given up can be the last one that the crawl waited for.

@@ -65,3 +65,16 @@ bool CrawlIsRunning();
 void SetWindow(MainWindow* window);
 
 }  // namespace engine
+
+namespace bas_Connections {
+
+/// What a row says while its connection is closed, and the window before its first crawl.
+inline constexpr char kNotConnected[] = "Not Connected.";
+
+/// Shows `text` as the status of row `slot`.
+void SetSlotStatus(int slot, const std::string& text);
+
+/// Makes row `slot` look unconnected. Changes no slot field and no socket.
+void ResetSlotRow(int slot);
+
+}  // namespace bas_Connections

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
+#include "crawl/crawl_state.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
-#include "engine/rows.h"
-#include "engine/state/crawl_state.h"
 #include "extractor/addresses.h"
 #include "platform/services.h"
 #include "text/numbers.h"

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "crawl/crawl_state.h"
 #include "engine/main_window.h"
 #include "engine/scheduler.h"
-#include "engine/state/crawl_state.h"
 #include "extractor/addresses.h"
 #include "output/mirror_files.h"
 #include "setup/file_types.h"

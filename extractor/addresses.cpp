@@ -89,8 +89,8 @@ std::string CutDotDotOnce(std::string& s) {
 
 std::string ResolveDotDot(std::string& s) {
     text::ReplaceAllIn(s, "\\", "/");
-    // Each turn shortens the address, so this ends: a segment that is not empty occurs at least
-    // where it was found, and with an empty one the "/../" is still there to be cut.
+    // Each iteration shortens the address, so this ends: a segment that is not empty occurs at
+    // least where it was found, and with an empty one the "/../" is still there to be cut.
     while (text::Contains(s, "/../")) {
         text::ReplaceAllIn(s, SegmentBeforeDotDot(s), "");
         CutDotDotOnce(s);

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "extractor/addresses.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
@@ -74,11 +74,11 @@ void ResolveAndRecord(std::string& link) {
 }
 
 void Enqueue(const std::string& link, const std::string& placeholder,
-             platform::ListItems& queue_list) {
+             crawl::ListItems& queue_list) {
     queue_list.AddItem(link);
     Record(std::string(bas_Output::kPlaceholderText), placeholder);
     Record(link, crawl::TargetFolder + "log.txt");
-    platform::System().events.DoEventsOften();
+    platform::System().events.DoEventsThrottled();
 }
 
 /// What a write to `path` really writes to: records and placeholders lose every "www.", in the
@@ -89,7 +89,7 @@ std::string WrittenForm(const std::string& path) {
 
 }  // namespace
 
-void AdmitLink(std::string link, platform::ListItems& queue_list) {
+void AdmitLink(std::string link, crawl::ListItems& queue_list) {
     if (link.size() > kLongestLink) return;
     CutScheme(link);
     if (!text::Contains(text::LowerCase(link), text::LowerCase(crawl::SiteHost))) return;

@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include "platform/list_items.h"
+#include "crawl/list_items.h"
 
 /// Link extraction. This file: which links enter the queue.
 namespace bas_Extractor {
 
 /// Decides about one absolute link: appends it to `queue_list` with its placeholder file and log
 /// line, lists it in `List2`, or drops it. Lets events run once after a link was queued.
-void AdmitLink(std::string link, platform::ListItems& queue_list);
+void AdmitLink(std::string link, crawl::ListItems& queue_list);
 
 /// Whether a keyword filter occurs in the link.
 bool IsFiltered(const std::string& link);

@@ -93,14 +93,13 @@ void StepOverFirstLink(text::ConsumableText& page) {
 
 void Yield(int times) {
     for (int i = 0; i < times; ++i) {
-        platform::System().events.DoEventsOften();
+        platform::System().events.DoEventsThrottled();
     }
 }
 
 }  // namespace
 
-void ExtractLinks(text::ConsumableText& page, platform::ListItems& queue_list,
-                  std::string& base_url) {
+void ExtractLinks(text::ConsumableText& page, crawl::ListItems& queue_list, std::string& base_url) {
     if (!base_url.ends_with('/')) base_url += '/';
     PageRules().ApplyTo(page.Edit());
     // Wherever events run, and they do in admission too, the page may have been appended to or

@@ -35,25 +35,25 @@ Confines::Confines(const std::string& target_folder) : target_folder_(target_fol
     }
 }
 
-bool Confines::HoldFolder(const std::string& folder) {
+bool Confines::ContainsFolder(const std::string& folder) {
     if (inside_.contains(folder)) return true;
     // Only a folder that is a link itself leads elsewhere than the one that it lies in, and that
     // one is mostly known.
     if (LimitOf(folder).empty()) return false;
     const bool inside = platform::System().files.IsLink(folder)
                             ? StaysInside(folder)
-                            : HoldFolder(std::string(platform::ParentOfResolved(folder)));
+                            : ContainsFolder(std::string(platform::ParentOfResolved(folder)));
     if (inside) inside_.insert(folder);
     return inside;
 }
 
-bool Confines::HoldFile(const std::string& file) {
-    return HoldFolder(std::string(platform::ParentOfResolved(file))) &&
+bool Confines::Contains(const std::string& file) {
+    return ContainsFolder(std::string(platform::ParentOfResolved(file))) &&
            (!platform::System().files.IsLink(file) || StaysInside(file));
 }
 
-bool Confines::HoldPage(const std::string& file, std::string_view host) {
-    if (!HoldFile(file)) return false;
+bool Confines::MayWritePage(const std::string& file, std::string_view host) {
+    if (!Contains(file)) return false;
     for (const std::string& root : roots_) {
         const auto folder = platform::ResolvePathText(std::string(root).append("\\").append(host));
         // Names like ".." are none of a folder in there.
@@ -64,7 +64,7 @@ bool Confines::HoldPage(const std::string& file, std::string_view host) {
     return false;
 }
 
-bool Confines::LetMake(const std::string& folder) {
+bool Confines::MayCreateFolder(const std::string& folder) {
     for (const std::string& root : roots_) {
         if (folder == root || IsIn(root, folder)) return true;
         const std::string_view parent = platform::ParentOfResolved(folder);
@@ -72,7 +72,7 @@ bool Confines::LetMake(const std::string& folder) {
             return false;
         }
     }
-    return HoldFolder(std::string(platform::ParentOfResolved(folder)));
+    return ContainsFolder(std::string(platform::ParentOfResolved(folder)));
 }
 
 /// The folder in which `path` must also lie when links are followed; "" outside the target folder.

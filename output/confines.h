@@ -26,17 +26,17 @@ class Confines {
     const std::string& TargetFolder() const { return target_folder_; }
 
     /// Whether `folder` is the target folder or lies in it.
-    bool HoldFolder(const std::string& folder);
+    bool ContainsFolder(const std::string& folder);
 
     /// Whether `file` lies in the target folder, also when it is itself a symbolic link.
-    bool HoldFile(const std::string& file);
+    bool Contains(const std::string& file);
 
     /// Whether `file` lies in the folder that the pages of a host have, whose name is `host`.
-    bool HoldPage(const std::string& file, std::string_view host);
+    bool MayWritePage(const std::string& file, std::string_view host);
 
     /// Whether a crawl may make `folder`: one in the target folder that takes no record file's
     /// name, or one of the target folder's own parents.
-    bool LetMake(const std::string& folder);
+    bool MayCreateFolder(const std::string& folder);
 
   private:
     std::string LimitOf(std::string_view path) const;

@@ -6,7 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "output/confines.h"
 #include "platform/path_text.h"
 #include "platform/services.h"
@@ -74,7 +74,7 @@ void BeginMirror() {
 
 bool MayMakeFolder(std::string_view folder) {
     const auto resolved = platform::ResolvePathText(folder);
-    return resolved && CurrentConfines().LetMake(*resolved);
+    return resolved && CurrentConfines().MayCreateFolder(*resolved);
 }
 
 void RememberMadeFolder(std::string_view folder) {
@@ -87,22 +87,22 @@ bool HasMirrorFile(std::string_view path) {
     // Most files are not there, and only one that is can be a link out of the folder.
     const bool has =
         resolved &&
-        CurrentConfines().HoldFolder(std::string(platform::ParentOfResolved(*resolved))) &&
-        IsFile(*resolved) && CurrentConfines().HoldFile(*resolved);
+        CurrentConfines().ContainsFolder(std::string(platform::ParentOfResolved(*resolved))) &&
+        IsFile(*resolved) && CurrentConfines().Contains(*resolved);
     return has || WriteFailedBefore(path);
 }
 
 bool WriteMirrorPage(std::string_view path, std::string_view host,
                      std::initializer_list<std::string_view> parts) {
     const auto resolved = platform::ResolvePathText(path);
-    const bool written = resolved && CurrentConfines().HoldPage(*resolved, host) &&
+    const bool written = resolved && CurrentConfines().MayWritePage(*resolved, host) &&
                          platform::System().files.WriteFile(*resolved, parts);
     return Remembered(written, path);
 }
 
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts) {
     const auto resolved = platform::ResolvePathText(path);
-    const bool written = resolved && CurrentConfines().HoldFile(*resolved) &&
+    const bool written = resolved && CurrentConfines().Contains(*resolved) &&
                          !IsUsersTemporaryFile(*resolved) &&
                          platform::System().files.AppendFile(*resolved, parts);
     return Remembered(written, path);
@@ -110,13 +110,13 @@ bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_v
 
 std::optional<std::string> ReadMirrorFile(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
-    if (!resolved || !CurrentConfines().HoldFile(*resolved)) return std::nullopt;
+    if (!resolved || !CurrentConfines().Contains(*resolved)) return std::nullopt;
     return platform::System().files.ReadFile(*resolved);
 }
 
 void DeletePlaceholder(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
-    if (resolved && CurrentConfines().HoldFile(*resolved) && IsPlaceholder(*resolved)) {
+    if (resolved && CurrentConfines().Contains(*resolved) && IsPlaceholder(*resolved)) {
         platform::System().files.DeleteFile(*resolved);
     }
 }

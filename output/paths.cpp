@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "output/mirror_files.h"
 #include "platform/services.h"
+#include "text/field_walker.h"
 #include "text/http_scheme.h"
 #include "text/text.h"
 
@@ -103,23 +106,8 @@ bool IsTopLevelFile(const std::string& path) {
     return !text::Contains(text::Mid(subject, found + key.size() + 1), "\\");
 }
 
-FieldWalker::FieldWalker(std::string_view text, std::string_view separator)
-    : rest_(text::Trim(text)), separator_(separator) {}
-
-std::optional<std::string_view> FieldWalker::Next() {
-    if (!rest_) return std::nullopt;
-    const std::size_t end = separator_.size() == 1 ? rest_->find(separator_[0]) : rest_->npos;
-    const std::string_view field = rest_->substr(0, end);
-    if (end == rest_->npos) {
-        rest_.reset();
-    } else {
-        rest_->remove_prefix(end + 1);
-    }
-    return field;
-}
-
 std::string GetToken(const std::string& text, std::int16_t index, const std::string& separator) {
-    FieldWalker fields(text, separator);
+    text::FieldWalker fields(text, separator);
     std::optional<std::string_view> field = fields.Next();
     for (int at = 1; field && at < index; ++at) {
         field = fields.Next();

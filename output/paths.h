@@ -1,9 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 
 /// The local mirror. This file: from addresses to local paths, and the folders on the way.
 namespace bas_Output {
@@ -25,20 +23,6 @@ std::string CleanLinkName(const std::string& name);
 
 /// Whether the file lies directly in the site's host folder.
 bool IsTopLevelFile(const std::string& path);
-
-/// The fields of a text split at `separator` (one character), one after the other; blanks around
-/// the text are no part of it. The text must stay as it is meanwhile.
-class FieldWalker {
-  public:
-    FieldWalker(std::string_view text, std::string_view separator);
-
-    /// The next field, an empty one too; nothing after the last.
-    std::optional<std::string_view> Next();
-
-  private:
-    std::optional<std::string_view> rest_;
-    std::string_view separator_;
-};
 
 /// Field `index`, counted from 1, of a text split at `separator` (one character); "" when there is
 /// none. Only for texts of at most 32767 characters.

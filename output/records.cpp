@@ -5,10 +5,11 @@
 #include <unordered_set>
 #include <utility>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
 #include "platform/services.h"
+#include "text/field_walker.h"
 #include "text/replacements.h"
 #include "text/text.h"
 
@@ -49,8 +50,8 @@ bool AppendToFile(const std::string& text, std::string& path) {
 }
 
 std::string GetPageText(const std::string& path) {
-    for (int turn = 0; turn < 4; ++turn) {
-        platform::System().events.DoEventsOften();
+    for (int i = 0; i < 4; ++i) {
+        platform::System().events.DoEventsThrottled();
     }
     std::string page_text;
     if (auto page = ReadMirrorFile(path)) {
@@ -78,7 +79,7 @@ void RecordSearchText(const std::string& text, int slot, const std::string& path
 void RemoveTempFiles() {
     // The walker and not `GetToken`, which begins at the first field each time: a crawl may make
     // thousands of folders.
-    FieldWalker folders(crawl::MadeFolders, "*");
+    text::FieldWalker folders(crawl::MadeFolders, "*");
     std::unordered_set<std::string_view> swept;
     for (auto folder = folders.Next(); folder && !folder->empty(); folder = folders.Next()) {
         // Folders whose names differ in case alone are noted under one text and swept together.

@@ -5,8 +5,8 @@
 #include <new>
 #include <optional>
 
-#include "engine/state/crawl_state.h"
-#include "engine/state/job_watch.h"
+#include "crawl/crawl_state.h"
+#include "crawl/job_watch.h"
 #include "output/mirror_files.h"
 #include "output/paths.h"
 #include "output/records.h"

@@ -13,10 +13,10 @@ class EventLoop {
     /// Runs what is pending and returns.
     virtual void DoEvents() = 0;
 
-    /// For work that yields at every step: a real turn only when the last was some milliseconds
-    /// ago. What came since then waits no longer than a person notices, and a small file costs no
-    /// turn for each of its steps.
-    virtual void DoEventsOften() = 0;
+    /// For work that yields at every step: the loop really runs only when the last time was some
+    /// milliseconds ago. What came since then waits no longer than a person notices, and a small
+    /// file costs no iteration for each of its steps.
+    virtual void DoEventsThrottled() = 0;
 };
 
 }  // namespace platform

@@ -1,6 +1,6 @@
 #include "setup/settings.h"
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "output/paths.h"
 #include "platform/services.h"
 #include "text/text.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "output/mirror_files.h"
 #include "output/save_file.h"
 #include "setup/keyword_filters.h"

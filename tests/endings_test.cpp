@@ -34,14 +34,14 @@ TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
     EXPECT_EQ(crawl::FilesDone, 3) << "no timer runs on after the crawl";
 }
 
-TEST_F(Endings, ATimeoutIsPassedOverWhileAnAnswerIsWorkedOnAndNoServerIsSilent) {
+TEST_F(Endings, ATimeoutDuringOurOwnWorkIsIgnored) {
     Start("www.site.com/a.html");
     constexpr int kIdle = 2;
     for (int nth = 1; nth <= 12; ++nth) {
         loop.AtYield(nth, [] { bas_Connections::tmrOut_Timer(1); });
         loop.AtYield(nth, [] { bas_Connections::tmrOut_Timer(kIdle); });
     }
-    Answer(1, "<a href='b.html'>");
+    Respond(1, "<a href='b.html'>");
     EXPECT_EQ(Saved("a.html"), "<a href='b.html'>\r\n");
     EXPECT_EQ(crawl::List1.Count(), 1U);
     EXPECT_EQ(crawl::FilesDone, 1) << "each timeout would count as one more";
@@ -53,13 +53,13 @@ TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
     window.txt_max = "2";
     Queue({"www.site.com/b.html"});
     loop.Advance(20);
-    Answer(1, "good");
+    Respond(1, "good");
     window.Sock(2).PeerAccepts();
     loop.Advance(kTimeout);
     EXPECT_EQ(crawl::Slots[1].Attempts, 2);
     EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting) << "its last address is tried again";
     EXPECT_EQ(Saved("a.html"), "good\r\n");
-    Answer(1, "again");
+    Respond(1, "again");
     EXPECT_EQ(Saved("a.html"), "again\r\n");
 }
 

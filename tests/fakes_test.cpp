@@ -16,7 +16,7 @@ struct VirtualTime {
     std::unique_ptr<platform::Timer> NewTimer() { return std::make_unique<fakes::FakeTimer>(loop); }
     void Settle() { Wait(1000); }
     bool RunUntil(const std::function<bool()>& condition) {
-        for (int turn = 0; turn < 10'000 && !condition(); ++turn)
+        for (int i = 0; i < 10'000 && !condition(); ++i)
             loop.Advance(1);
         return condition();
     }

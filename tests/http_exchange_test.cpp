@@ -5,7 +5,7 @@
 #include <map>
 #include <new>
 
-#include "engine/answer_memory.h"
+#include "engine/response_memory.h"
 #include "tests/fakes/crawl_fixture.h"
 
 namespace {
@@ -107,10 +107,10 @@ TEST_F(HttpExchange, ShowsWhatComes) {
 
 TEST_F(HttpExchange, AFinishedRowIsResetUnlessItsAddressIsAHostAlone) {
     Start("www.site.com");
-    Answer(1, "");
+    Respond(1, "");
     EXPECT_EQ(window.rows[1].received, "19 bytes");
     Start("www.site.com/a.html");
-    Answer(1, "");
+    Respond(1, "");
     EXPECT_EQ(window.rows[1].received, "-");
 }
 
@@ -118,7 +118,7 @@ TEST_F(HttpExchange, LetsEventsRunThreeTimesBetweenSavingAndScanning) {
     std::map<std::string, int> yields;
     system.files.on_write = [&](const std::string& path) { yields.emplace(path, loop.Yields()); };
     Request("www.site.com/a.gif");
-    Answer(1, " src=b.gif");
+    Respond(1, " src=b.gif");
     const std::string site = "c:\\Websites\\site.com\\";
     constexpr int kOfTheScannerBeforeALink = 3;
     EXPECT_EQ(yields.at(site + "b.gif.tmp") - yields.at(site + "a.gif"),
@@ -135,7 +135,7 @@ TEST_F(HttpExchange, AHandlerLeavesASlotAloneThatHasAnotherJob) {
             restarted = true;
         });
         Start("www.site.com/dir/page.html");
-        Answer(1, "<a href=x.html>");
+        Respond(1, "<a href=x.html>");
         ASSERT_TRUE(restarted);
         EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting);
         EXPECT_EQ(window.rows[1].status, "Connecting to www.other.com");
@@ -145,11 +145,11 @@ TEST_F(HttpExchange, AHandlerLeavesASlotAloneThatHasAnotherJob) {
     }
 }
 
-/// Answers may take 1000 bytes together.
-class AnswerMemory : public HttpExchange {
+/// Responses may take 1000 bytes together.
+class ResponseMemory : public HttpExchange {
   protected:
-    AnswerMemory() { bas_Connections::MostAnswerBytes = 1000; }
-    ~AnswerMemory() override { bas_Connections::MostAnswerBytes = before_; }
+    ResponseMemory() { bas_Connections::MostResponseBytes = 1000; }
+    ~ResponseMemory() override { bas_Connections::MostResponseBytes = before_; }
 
     /// Two jobs, on slots 1 and 2, that have received so much.
     void Receiving(std::size_t first, std::size_t second) {
@@ -175,10 +175,10 @@ class AnswerMemory : public HttpExchange {
     }
 
   private:
-    std::size_t before_ = bas_Connections::MostAnswerBytes;
+    std::size_t before_ = bas_Connections::MostResponseBytes;
 };
 
-TEST_F(AnswerMemory, TheLargestAnswerIsGivenUpForTheOthers) {
+TEST_F(ResponseMemory, TheLargestResponseIsGivenUpForTheOthers) {
     for (const int largest : {1, 2}) {
         Receiving(largest == 1 ? 600 : 400, largest == 2 ? 600 : 400);
         Receive(2, "one too many");
@@ -189,7 +189,7 @@ TEST_F(AnswerMemory, TheLargestAnswerIsGivenUpForTheOthers) {
     }
 }
 
-TEST_F(AnswerMemory, WhatIdleSlotsKeepGoesFirst) {
+TEST_F(ResponseMemory, WhatIdleSlotsKeepGoesFirst) {
     Receiving(600, 200);
     ExpectWhole(1);
     EXPECT_FALSE(crawl::Slots[1].Response.Empty());
@@ -197,7 +197,7 @@ TEST_F(AnswerMemory, WhatIdleSlotsKeepGoesFirst) {
     ExpectWhole(2);
 }
 
-TEST_F(AnswerMemory, AWholeAnswerIsNeverGivenUp) {
+TEST_F(ResponseMemory, AWholeResponseIsNeverGivenUp) {
     Receiving(600, 300);
     // Slot 1 is being saved and scanned when the rest of slot 2 comes.
     loop.AtYield(2, [&] {
@@ -207,7 +207,7 @@ TEST_F(AnswerMemory, AWholeAnswerIsNeverGivenUp) {
     ExpectWhole(1);
 }
 
-TEST_F(AnswerMemory, AnAnswerThatTheSystemHasNoMemoryForCostsItsOwnJobOnly) {
+TEST_F(ResponseMemory, AFailedAllocationCostsItsOwnJobOnly) {
     Receiving(300, 300);
     system.files.on_write = [](const std::string& path) {
         if (path.ends_with("\\1.gif")) throw std::bad_alloc();

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 #include "text/text.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/answer_memory.h"
 #include "engine/endings.h"
+#include "engine/response_memory.h"
 #include "engine/scheduler.h"
 #include "output/mirror_files.h"
 #include "output/rewrite_links.h"
@@ -16,7 +16,7 @@ namespace {
 
 using platform::SocketState;
 
-/// What is saved of an answer.
+/// What is saved of a response.
 std::string Saved(const std::string& received, bool has_lines) {
     const std::size_t blank_line = received.find("\r\n\r\n");
     std::string page(text::Mid(received, blank_line == std::string::npos ? 4 : blank_line + 5));
@@ -98,7 +98,7 @@ void Checks::Connected(int slot) {
     peers_[slot] = &all_peers_.emplace_back(Peer{.job = now.Job,
                                                  .crawl = crawl_,
                                                  .before = std::string(now.Response.View()),
-                                                 .answer = &sites_.At(now.Host + now.Path),
+                                                 .response = &sites_.At(now.Host + now.Path),
                                                  .refused = refused_});
 }
 
@@ -106,7 +106,7 @@ void Checks::TimerFired(int slot, const std::function<void()>& handler) {
     const crawl::ConnectionSlot& now = crawl::Slots[slot];
     Expect(runs_, "a timeout runs although no crawl does");
     Peer* const peer = peers_[slot];
-    // No server is silent while its own answer is worked on, nor one that an idle slot has had.
+    // No server is silent while its own response is worked on, nor one that an idle slot has had.
     const auto at_work = [](const auto& other) { return other.JobAtWork == other.Job; };
     const bool idle = window_.Sock(slot).State() == SocketState::Closed;
     const bool others_work = std::any_of(crawl::Slots.begin(), crawl::Slots.end(), at_work);
@@ -129,15 +129,15 @@ void Checks::Sent(int slot, std::size_t count) {
         if (peers_[i] != nullptr && open) all += peers_[i]->before.size() + peers_[i]->sent;
     }
     // A scan may make a text somewhat longer.
-    if (all > bas_Connections::MostAnswerBytes / 2) memory_short_ = true;
+    if (all > bas_Connections::MostResponseBytes / 2) memory_short_ = true;
 }
 
 void Checks::ClosedByServer(int slot) {
     const Peer& peer = *peers_[slot];
     if (peer.sent == 0) return;
-    const std::string& file = peer.answer->file;
+    const std::string& file = peer.response->file;
     for (const bool has_lines : {false, true}) {
-        answered_.insert(Saved(peer.Received(), has_lines));
+        seen_responses_.insert(Saved(peer.Received(), has_lines));
     }
     if (file.empty()) return;
     expected_.push_back({&peer, file, Saved(peer.Received(), !file.ends_with(".gif"))});
@@ -146,7 +146,7 @@ void Checks::ClosedByServer(int slot) {
 void Checks::LookAtSlot(int slot) {
     const crawl::ConnectionSlot& now = crawl::Slots[slot];
     fakes::FakeSocket& socket = window_.Sock(slot);
-    Expect(now.JobAtWork == 0, "a finished answer is still at work");
+    Expect(now.JobAtWork == 0, "a finished response is still at work");
     const Peer* const peer = peers_[slot];
     if (socket.State() == SocketState::Closed) {
         const bool given_up =
@@ -167,7 +167,7 @@ void Checks::LookAtSlot(int slot) {
     const bool whole = socket.State() == SocketState::Connected;
     Expect(received.starts_with(now.Response.View()) &&
                (!whole || received.size() == now.Response.Size()),
-           "an answer is not what its server sent");
+           "a response is not what its server sent");
 }
 
 void Checks::LookAtFiles() {
@@ -178,7 +178,7 @@ void Checks::LookAtFiles() {
             std::any_of(expected_.begin(), expected_.end(),
                         [&](const Expected& o) { return o.file == e.file && o.contents == found; });
         const bool cut_off = e.peer->timed_out || e.peer->crawl != crawl_ || memory_short_;
-        Expect(another || cut_off, "a whole answer is not saved: " + e.file);
+        Expect(another || cut_off, "a whole response is not saved: " + e.file);
         const bool waits = files_.files.contains(e.file + ".tmp");
         Expect(!waits || cut_off, "a saved file has its placeholder still: " + e.file);
     }
@@ -187,7 +187,7 @@ void Checks::LookAtFiles() {
         if (path.ends_with(".txt")) continue;  // the records
         const bool known = path.ends_with(".tmp")
                                ? text::ReplaceAll(contents, placeholder, "").empty()
-                               : answered_.contains(contents);
+                               : seen_responses_.contains(contents);
         Expect(known, "no server sent what is in " + path);
     }
 }
@@ -199,7 +199,7 @@ void Checks::Look() {
         held += crawl::Slots[i].Response.BytesHeld();
         if (!runs_) Expect(!window_.tmrOut(i).Enabled(), "a timeout is on after the end");
     }
-    Expect(held <= bas_Connections::MostAnswerBytes, "the answers hold too much");
+    Expect(held <= bas_Connections::MostResponseBytes, "the responses hold too much");
     Expect(window_.start_enabled != runs_, "the start button does not tell whether a crawl runs");
     Expect(window_.tmrMove().Enabled() == ticks_, "the scheduler is not on or off as it should");
     Expect(unreported_ == 0, "the end of a crawl is not told");

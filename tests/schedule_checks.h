@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "tests/fakes/fake_main_window.h"
 #include "tests/fakes/fake_system.h"
 #include "tests/schedule_site.h"
@@ -20,14 +20,14 @@ struct Peer {
     unsigned job = 0;  ///< the slot's job when the connection began
     int crawl = 0;
     std::string before;  ///< what the job had received on earlier connections
-    const Answer* answer = nullptr;
-    std::size_t sent = 0;       ///< bytes of the answer
+    const Response* response = nullptr;
+    std::size_t sent = 0;       ///< bytes of the response
     std::int64_t heard_at = 0;  ///< when it sent last
     bool refused = false;       ///< asks above the root, which the engine refuses
     bool accepted = false, timed_out = false;
     bool ended = false;  ///< closed, reset or refused by the server
 
-    std::string Received() const { return before + answer->bytes.substr(0, sent); }
+    std::string Received() const { return before + response->bytes.substr(0, sent); }
 };
 
 /// Is told what user and servers do, and looks at the engine after each event.
@@ -84,14 +84,14 @@ class Checks {
     text::OneBased<Peer*, crawl::kSlotCount> peers_;
     text::OneBased<unsigned, crawl::kSlotCount> firing_;  ///< the job of a timeout's handler
     std::vector<std::string> queue_;
-    std::string next_address_;        ///< taken off the queue, or the start page
-    std::set<std::string> answered_;  ///< all that may stand in the mirror's files
-    std::vector<Expected> expected_;  ///< what must stand there now
-    int crawl_ = 0;                   ///< raised when connections are cut by the user
-    int unreported_ = 0;              ///< crawls whose end has yet to be told
+    std::string next_address_;              ///< taken off the queue, or the start page
+    std::set<std::string> seen_responses_;  ///< all that may stand in the mirror's files
+    std::vector<Expected> expected_;        ///< what must stand there now
+    int crawl_ = 0;                         ///< raised when connections are cut by the user
+    int unreported_ = 0;                    ///< crawls whose end has yet to be told
     bool runs_ = false, ticks_ = false;
     bool resumed_late_ = false;  ///< after the crawl's end, which has yet to be told
-    bool memory_short_ = false;  ///< answers may have been given up since the last look
+    bool memory_short_ = false;  ///< responses may have been given up since the last look
     bool refused_ = false;       ///< the newest connection asks above the root
 };
 

@@ -60,18 +60,18 @@ Sites::Sites(unsigned seed, std::size_t large)
             if (&page == &kPages[large_page]) body.resize(large, '.');
             const bool first = &page == kPages;
             const std::string folder = "c:\\Websites\\" + host.substr(4) + "\\";
-            answers_[host + page.path] = {Header(body.size(), random) + body,
-                                          first ? Ending::Close : OneOf(kEndings, random),
-                                          page.file != nullptr ? folder + page.file : ""};
+            responses_[host + page.path] = {Header(body.size(), random) + body,
+                                            first ? Ending::Close : OneOf(kEndings, random),
+                                            page.file != nullptr ? folder + page.file : ""};
         }
     }
 }
 
-const Answer& Sites::At(std::string address) const {
+const Response& Sites::At(std::string address) const {
     text::ReplaceAllIn(address, "/index.html", "/");
     text::ReplaceAllIn(address, "//", "/");
-    const auto answer = answers_.find(address);
-    return answer != answers_.end() ? answer->second : missing_;
+    const auto response = responses_.find(address);
+    return response != responses_.end() ? response->second : missing_;
 }
 
 }  // namespace schedules

@@ -9,7 +9,7 @@ namespace schedules {
 /// How a server ends a connection by itself, when nothing else comes in between.
 enum class Ending { Close, Silence, Reset, Refusal };
 
-struct Answer {
+struct Response {
     std::string bytes;
     Ending ending = Ending::Close;
     std::string file;  ///< what the mirror must have after a close; "" where that is open
@@ -19,15 +19,15 @@ struct Answer {
 /// lies above the root. No page holds what saving rewrites, line ends and ".php?" aside.
 class Sites {
   public:
-    /// `large`: how many bytes make an answer large. One page of each site has that size.
+    /// `large`: how many bytes make a response large. One page of each site has that size.
     Sites(unsigned seed, std::size_t large);
 
-    /// What the servers answer to a request for this host and path.
-    const Answer& At(std::string address) const;
+    /// What the servers send to a request for this host and path.
+    const Response& At(std::string address) const;
 
   private:
-    std::map<std::string, Answer> answers_;
-    Answer missing_;
+    std::map<std::string, Response> responses_;
+    Response missing_;
 };
 
 /// The sites' hosts. A ".." behind the second is asked for, and refused by the engine.

@@ -4,7 +4,7 @@
 
 // Users, servers and time in random order. `bench/schedule_run` does the same for hours.
 
-TEST(Schedules, AThousandHoldWhatAlwaysHolds) {
+TEST(Schedules, RandomSchedulesKeepTheInvariants) {
     for (unsigned seed = 1; seed <= 1000; ++seed) {
         ASSERT_EQ(schedules::Fault(seed, schedules::RandomEvents(seed)), "") << "seed " << seed;
     }

@@ -6,8 +6,8 @@
 #include <limits>
 #include <utility>
 
-#include "engine/answer_memory.h"
 #include "engine/endings.h"
+#include "engine/response_memory.h"
 #include "engine/scheduler.h"
 #include "engine/site_start.h"
 #include "tests/fakes/fake_loop.h"
@@ -22,17 +22,17 @@ namespace schedules {
 
 namespace {
 
-constexpr std::size_t kLargeAnswer = 5000;
+constexpr std::size_t kLargeResponse = 5000;
 constexpr std::size_t kEverything = 1'000'000;
 constexpr const char* kConnections[] = {"1", "2", "3", "4", "8", "24", "0"};
 
 /// The engine, and around it a user, servers and time that do what a list of events says.
 class World : private fakes::FakeNetwork {
   public:
-    /// `seed` gives the sites, the timeout and the memory for answers.
-    explicit World(unsigned seed) : sites_(seed, kLargeAnswer), timeout_(100 + 150 * (seed % 7)) {
-        // In every fourth world, one large answer beside others is too much.
-        bas_Connections::MostAnswerBytes = seed % 4 == 0 ? kLargeAnswer : 1'000'000;
+    /// `seed` gives the sites, the timeout and the memory for responses.
+    explicit World(unsigned seed) : sites_(seed, kLargeResponse), timeout_(100 + 150 * (seed % 7)) {
+        // In every fourth world, one large response beside others is too much.
+        bas_Connections::MostResponseBytes = seed % 4 == 0 ? kLargeResponse : 1'000'000;
         system_.files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.gif\r\n");
         system_.files.refused = {"c:\\Websites\\site.com\\bad.html",
                                  "c:\\Websites\\site.com\\bad.html.tmp"};
@@ -42,7 +42,7 @@ class World : private fakes::FakeNetwork {
     }
 
     ~World() override {
-        bas_Connections::MostAnswerBytes = std::numeric_limits<std::int32_t>::max();
+        bas_Connections::MostResponseBytes = std::numeric_limits<std::int32_t>::max();
     }
 
     /// Does these events, then lets the servers do what they do by themselves until the crawl is
@@ -128,7 +128,7 @@ class World : private fakes::FakeNetwork {
     void Serve(int slot, std::size_t amount) {
         Peer& peer = *checks_.PeerOf(slot);
         fakes::FakeSocket& socket = window_.Sock(slot);
-        const Ending ending = peer.answer->ending;
+        const Ending ending = peer.response->ending;
         if (peer.ended || (peer.accepted && ending == Ending::Silence)) return;
         if (ending == Ending::Refusal) {
             socket.PeerRefuses();
@@ -137,7 +137,7 @@ class World : private fakes::FakeNetwork {
             socket.PeerAccepts();
             peer.accepted = true;
         } else {
-            const std::string& bytes = peer.answer->bytes;
+            const std::string& bytes = peer.response->bytes;
             const std::size_t all = ending == Ending::Reset ? bytes.size() / 2 : bytes.size();
             const std::size_t count = std::min(amount, std::max(all, peer.sent) - peer.sent);
             socket.PeerSends(bytes.substr(peer.sent, count));

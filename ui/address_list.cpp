@@ -24,7 +24,7 @@ bool ByKeyboard(const QFocusEvent& event) {
 
 }  // namespace
 
-AddressList::AddressList(platform::ListItems& items, Shows shows, QWidget* parent)
+AddressList::AddressList(crawl::ListItems& items, Shows shows, QWidget* parent)
     : QTableView(parent), model_(new AddressModel(items, this)), shows_(shows) {
     setModel(model_);
     horizontalHeader()->hide();

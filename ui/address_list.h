@@ -4,7 +4,7 @@
 #include <QTimer>
 #include <string>
 
-#include "platform/list_items.h"
+#include "crawl/list_items.h"
 
 namespace ui {
 
@@ -20,7 +20,7 @@ class AddressList : public QTableView {
     enum class Shows { Beginning, End };
 
     /// Shows `items`, which must outlive this, and becomes their one observer.
-    AddressList(platform::ListItems& items, Shows shows, QWidget* parent);
+    AddressList(crawl::ListItems& items, Shows shows, QWidget* parent);
 
     /// Stops observing the items, so that another list can.
     void Detach();

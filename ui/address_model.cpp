@@ -7,7 +7,7 @@
 
 namespace ui {
 
-AddressModel::AddressModel(platform::ListItems& items, QObject* parent)
+AddressModel::AddressModel(crawl::ListItems& items, QObject* parent)
     : QAbstractListModel(parent), items_(items) {
     items_.on_change = [this] { ItemsChanged(); };
     shown_count_ = lowest_count_ = static_cast<int>(items_.Count());

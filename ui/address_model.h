@@ -3,7 +3,7 @@
 #include <QAbstractListModel>
 #include <string>
 
-#include "platform/list_items.h"
+#include "crawl/list_items.h"
 
 namespace ui {
 
@@ -15,7 +15,7 @@ class AddressModel : public QAbstractListModel {
 
   public:
     /// Becomes the one observer of `items`, which must outlive this.
-    AddressModel(platform::ListItems& items, QObject* parent);
+    AddressModel(crawl::ListItems& items, QObject* parent);
     ~AddressModel() override;
 
     /// Stops observing the items, so that another model can.
@@ -38,7 +38,7 @@ class AddressModel : public QAbstractListModel {
   private:
     void ItemsChanged();
 
-    platform::ListItems& items_;
+    crawl::ListItems& items_;
     bool observing_ = true;
     int shown_count_ = 0;   ///< how many items there were at the last update
     int lowest_count_ = 0;  ///< the fewest since then: rows from there on are others now

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QScrollBar>
 
-#include "engine/rows.h"
+#include "engine/main_window.h"
 #include "platform/qt/local_text.h"
 #include "widgets/label_font.h"
 #include "widgets/twips.h"

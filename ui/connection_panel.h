@@ -5,7 +5,7 @@
 #include <QScrollArea>
 #include <string>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "text/one_based.h"
 #include "ui/rate_graph.h"
 #include "widgets/elided_label.h"

@@ -4,7 +4,7 @@
 #include <QCoreApplication>
 
 #include "engine/endings.h"
-#include "engine/rows.h"
+#include "engine/main_window.h"
 #include "engine/scheduler.h"
 #include "output/paths.h"
 #include "platform/qt/local_text.h"
@@ -148,7 +148,7 @@ void frmMain::SetLabel6(const std::string& status) {
 
 void frmMain::SetRowStatus(int slot, const std::string& text) {
     // The crawl empties a row's status when its file has come and was saved.
-    if (text.empty()) answered_ = true;
+    if (text.empty()) response_ended_ = true;
     picture1_->SetStatus(slot, text);
 }
 

@@ -9,8 +9,8 @@
 #include <QToolButton>
 #include <memory>
 
+#include "crawl/crawl_state.h"
 #include "engine/main_window.h"
-#include "engine/state/crawl_state.h"
 #include "platform/qt/qt_timer.h"
 #include "text/one_based.h"
 #include "ui/activity_light.h"
@@ -135,8 +135,8 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     bool retired_ = false;
     bool asking_exit_ = false;
     bool paused_ = false;
-    bool crawled_ = false;   ///< this window has seen a crawl begin
-    bool answered_ = false;  ///< a whole file has come since then
+    bool crawled_ = false;         ///< this window has seen a crawl begin
+    bool response_ended_ = false;  ///< a whole file has come since then
 
     text::OneBased<std::unique_ptr<platform::Socket>, crawl::kSlotCount> sockets_;
     text::OneBased<platform::QtTimer, crawl::kSlotCount> timeouts_;

@@ -1,7 +1,7 @@
 #include <QMenuBar>
 #include <QVBoxLayout>
 
-#include "engine/rows.h"
+#include "engine/main_window.h"
 #include "ui/frm_main.h"
 #include "ui/version.h"
 #include "ui/window_holder.h"

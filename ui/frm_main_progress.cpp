@@ -16,7 +16,7 @@ QString Count(std::int64_t count) {
 
 void frmMain::CrawlBegins() {
     crawled_ = true;
-    answered_ = false;
+    response_ended_ = false;
     crawl::List2.Clear();  // the last site's links
     progress_timer_.start(kProgressMilliseconds);
     ShowProgress();
@@ -48,9 +48,9 @@ int frmMain::OpenConnections() const {
 
 QString frmMain::WordsOnProgress(std::int64_t done, std::int64_t known) const {
     if (!engine::CrawlIsRunning()) {
-        return answered_ ? Count(done) + " files done"
-                         : "No file came: http://" + text1_->text() +
-                               " did not answer, or not to the end.";
+        return response_ended_ ? Count(done) + " files done"
+                               : "No file came: http://" + text1_->text() +
+                                     " did not answer, or not to the end.";
     }
     const QString so_far = Count(done) + " of " + Count(known) + " files found so far";
     return paused_ ? "Paused: no new files start. " + so_far : so_far;

@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QThread>
 
+#include "crawl/crawl_state.h"
 #include "engine/main_window.h"
-#include "engine/state/crawl_state.h"
 #include "platform/qt/qt_event_loop.h"
 #include "ui/frm_main.h"
 
@@ -17,7 +17,7 @@ constexpr int kLookAgainMilliseconds = 10;
 WindowHolder::WindowHolder(const platform::QtEventLoop& events, Hooks hooks)
     : events_(events), hooks_(std::move(hooks)) {
     waiting_.setInterval(kLookAgainMilliseconds);
-    connect(&waiting_, &QTimer::timeout, this, &WindowHolder::WhenUnwound);
+    connect(&waiting_, &QTimer::timeout, this, &WindowHolder::OnIdleStack);
 }
 
 WindowHolder::~WindowHolder() {
@@ -51,14 +51,14 @@ void WindowHolder::Reload() {
     unloaded_.back()->hide();
 }
 
-bool WindowHolder::Unwound() const {
+bool WindowHolder::StackIsIdle() const {
     return events_.Depth() == 0 && QApplication::activeModalWidget() == nullptr &&
            QThread::currentThread()->loopLevel() <= 1;
 }
 
-void WindowHolder::WhenUnwound() {
+void WindowHolder::OnIdleStack() {
     if (activated_) HandleActivation();
-    if (!Unwound()) return;
+    if (!StackIsIdle()) return;
     unloaded_.clear();
     if (!activated_) waiting_.stop();
 }
@@ -70,7 +70,7 @@ void WindowHolder::Activated() {
 
 void WindowHolder::HandleActivation() {
     if (!wizard_open_) {
-        if (!Unwound()) return;
+        if (!StackIsIdle()) return;
         activated_ = false;
         if (current_->ShowWizardOnActivate) OpenWizard();
     }

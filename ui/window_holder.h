@@ -55,10 +55,10 @@ class WindowHolder : public QObject {
 
     /// Whether no handler is on the stack below the caller's: nobody is yielding and no modal
     /// dialog is open. Meant for handlers of timers.
-    bool Unwound() const;
+    bool StackIsIdle() const;
 
   private:
-    void WhenUnwound();
+    void OnIdleStack();
     void HandleActivation();
     void ClearActivationFlags();
 

@@ -5,16 +5,16 @@ namespace platform {
 namespace {
 
 /// Keeps GLib's loop from being taken, and leaves nothing of that to the programs that we start.
-class WithoutGlib {
+class GlibDisabler {
   public:
-    WithoutGlib() : is_ours_(!qEnvironmentVariableIsSet(kVariable)) {
+    GlibDisabler() : is_ours_(!qEnvironmentVariableIsSet(kVariable)) {
         if (is_ours_) qputenv(kVariable, "1");
     }
-    ~WithoutGlib() {
+    ~GlibDisabler() {
         if (is_ours_) qunsetenv(kVariable);
     }
-    WithoutGlib(const WithoutGlib&) = delete;
-    WithoutGlib& operator=(const WithoutGlib&) = delete;
+    GlibDisabler(const GlibDisabler&) = delete;
+    GlibDisabler& operator=(const GlibDisabler&) = delete;
 
   private:
     static constexpr char kVariable[] = "QT_NO_GLIB";
@@ -24,7 +24,7 @@ class WithoutGlib {
 }  // namespace
 
 QApplication MakeApplication(int& argc, char** argv) {
-    const WithoutGlib loop;
+    const GlibDisabler loop;
     return QApplication(argc, argv);
 }
 

@@ -6,12 +6,12 @@ namespace platform {
 
 void QtEventLoop::DoEvents() {
     ++depth_;
-    QCoreApplication::processEvents();  // one turn; what it posts waits for the next
+    QCoreApplication::processEvents();  // one iteration; what it posts waits for the next
     --depth_;
     since_last_turn_.start();
 }
 
-void QtEventLoop::DoEventsOften() {
+void QtEventLoop::DoEventsThrottled() {
     constexpr qint64 kMilliseconds = 5;
     if (since_last_turn_.isValid() && !since_last_turn_.hasExpired(kMilliseconds)) return;
     DoEvents();

@@ -10,7 +10,7 @@ namespace platform {
 class QtEventLoop final : public EventLoop {
   public:
     void DoEvents() override;
-    void DoEventsOften() override;
+    void DoEventsThrottled() override;
 
     /// How many calls of `DoEvents` are running, one inside the other.
     int Depth() const { return depth_; }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/qt/socket_watch.h"
+#include "platform/net/socket_watch.h"
 
 namespace platform {
 

@@ -72,7 +72,7 @@ class SocketContract : public testing::Test {
 
 TYPED_TEST_SUITE_P(SocketContract);
 
-TYPED_TEST_P(SocketContract, AnAnswerEndsWithExactlyOneEventInClosing) {
+TYPED_TEST_P(SocketContract, AResponseEndsWithOneEventInClosing) {
     auto& bench = this->bench_;
     for (const bool close_at_once : {true, false}) {
         this->states.clear();
@@ -238,7 +238,7 @@ TYPED_TEST_P(SocketContract, WhatGoesBeforeATimerMayStopIt) {
     bench.Settle();
 }
 
-REGISTER_TYPED_TEST_SUITE_P(SocketContract, AnAnswerEndsWithExactlyOneEventInClosing,
+REGISTER_TYPED_TEST_SUITE_P(SocketContract, AResponseEndsWithOneEventInClosing,
                             NothingIsRaisedForAPeerThatSendsNothing, AResetIsNoClose,
                             WhatComesDuringAHandlerIsNoticedAfterIt, NothingComesAfterClose,
                             ANewConnectionLivesInsideTheOldHandler, ItMayBeDestroyedInItsOwnHandler,

@@ -8,7 +8,7 @@ from program import environment, wait_until
 MAIN = "Vantorin Website Downloader 1.9"
 WIZARD = "New Site Wizard"
 
-# What files and addresses are opened with: notes how many words it was given, and which.
+# What files and addresses are opened with: notes how many arguments it was given, and which.
 OPENER = """\
 #!/bin/sh
 printf '%s\\n' "$#" "$@" >> "$HOME/opened"
@@ -63,7 +63,7 @@ class Desktop:
         self.run("xdotool", "type", "--delay", "10", text)
 
     def opened(self):
-        """What was asked to be opened since the last time: the number of words, then each of them."""
+        """What was asked to be opened since the last time: the number of arguments, then each of them."""
         opened = self.home / "opened"
         wait_until(lambda: opened.exists() and opened.read_text().endswith("\n"), what="the opener")
         words = opened.read_text().splitlines()

@@ -24,13 +24,13 @@ class FaultTest(unittest.TestCase):
         self.program = copy_program(self.folder / "program")
         (self.folder / "home").mkdir()
 
-    def start(self, *words, folder=None, **more):
-        return Crawl(self.program, START, folder or self.mirror, *words, **more)
+    def start(self, *arguments, folder=None, **more):
+        return Crawl(self.program, START, folder or self.mirror, *arguments, **more)
 
-    def crawl(self, answers, *words, seconds=90, folder=None):
+    def crawl(self, answers, *arguments, seconds=90, folder=None):
         """Crawls what `answers` serves to the end, which must be a good one."""
         with ScriptedServer(answers) as server:
-            crawl = self.start(*words, folder=folder)
+            crawl = self.start(*arguments, folder=folder)
             self.assertEqual(crawl.wait(seconds), 0, crawl.output())
         return server
 

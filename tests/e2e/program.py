@@ -24,7 +24,7 @@ def environment(home, **more):
 class Crawl:
     """One unattended crawl, running from construction on; `under` is a command to run it under."""
 
-    def __init__(self, program, site, folder, *words, under=(), output=None, before=None, **variables):
+    def __init__(self, program, site, folder, *arguments, under=(), output=None, before=None, **variables):
         """`output` takes the place of the file that `output()` reads; `before` is called in the new
         process, and `variables` join its environment."""
         self.folder = Path(folder)
@@ -32,7 +32,7 @@ class Crawl:
         self.peak = 0
         with self.output_file.open("wb") as file:
             self.process = subprocess.Popen(
-                [*under, program, "--site", site, "--folder", folder, *map(str, words)],
+                [*under, program, "--site", site, "--folder", folder, *map(str, arguments)],
                 env=environment(program.parent.parent / "home", **variables), preexec_fn=before,
                 stdin=subprocess.DEVNULL, stdout=output or file, stderr=subprocess.STDOUT)
 

@@ -228,12 +228,12 @@ class LargeAnswers(unittest.TestCase):
         for _ in range(LargeAnswers.SIZE):
             connection.sendall(PART)
 
-    def crawl(self, answers, *words):
+    def crawl(self, answers, *arguments):
         """The files of the site, the most memory that the program held, and the server."""
         folder = private_network.scratch("large")
         answers = {b"/" + name: answer for name, answer in answers.items()}
         with ScriptedServer({b"/": page(links_to(*[path[1:] for path in answers])), **answers}) as server:
-            crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror", *words)
+            crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror", *arguments)
             self.assertEqual(crawl.wait(), 0, crawl.output())
         files = tree(folder / "mirror/example.test")
         return files, crawl.peak, server

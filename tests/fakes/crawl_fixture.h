@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "crawl/crawl_state.h"
 #include "engine/site_start.h"
-#include "engine/state/crawl_state.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_main_window.h"
 #include "tests/fakes/fake_network.h"
@@ -32,8 +32,8 @@ class CrawlTest : public testing::Test {
             crawl::List1.AddItem(address);
     }
 
-    /// Lets the server of `slot` accept, answer with `body` and close.
-    void Answer(int slot, const std::string& body) {
+    /// Lets the server of `slot` accept, respond with `body` and close.
+    void Respond(int slot, const std::string& body) {
         window.Sock(slot).PeerAccepts();
         loop.RunUntilIdle();
         window.Sock(slot).PeerSends("HTTP/1.0 200 OK\r\n\r\n" + body);

@@ -22,7 +22,7 @@ class FakeLoop : public platform::EventLoop {
     /// Milliseconds since the loop was made.
     std::int64_t Now() const { return now_; }
 
-    /// Runs `event` in the next turn, after everything posted before it.
+    /// Runs `event` in the next iteration, after everything posted before it.
     void Post(Handler event) { arrivals_.emplace(posted_++, std::move(event)); }
     /// Runs `event` in so many milliseconds, as a timer: what has been posted by then goes first,
     /// however long the timer has been due.
@@ -39,7 +39,7 @@ class FakeLoop : public platform::EventLoop {
     void RunUntilIdle() { RunTo(now_); }
 
     void DoEvents() override { Yield(); }
-    void DoEventsOften() override { Yield(); }
+    void DoEventsThrottled() override { Yield(); }
 
     /// How often the code under test has yielded so far.
     int Yields() const { return yields_; }
@@ -79,7 +79,7 @@ class FakeLoop : public platform::EventLoop {
         ++yields_;
         while (const auto script = scripts_.extract(yields_))
             script.mapped()();
-        // What these events post is left for the next turn, as in a real loop.
+        // What these events post is left for the next iteration, as in a real loop.
         const Number posted_before = posted_;
         while (auto event = TakeDue(now_, posted_before))
             (*event)();

@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
+#include "crawl/crawl_state.h"
 #include "engine/endings.h"
 #include "engine/http_exchange.h"
 #include "engine/main_window.h"
 #include "engine/scheduler.h"
-#include "engine/state/crawl_state.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_network.h"
 #include "tests/fakes/fake_socket.h"

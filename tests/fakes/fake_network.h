@@ -21,12 +21,12 @@ class FakeNetwork {
     void PutPage(const std::string& address, const std::string& body) {
         Put(address, "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n" + body);
     }
-    /// Serves an answer byte for byte.
+    /// Serves a response byte for byte.
     void Put(const std::string& address, std::string response) {
-        answers_[address] = std::move(response);
+        responses_[address] = std::move(response);
     }
     /// Accepts and takes the request for this address, then stays silent.
-    void PutSilent(const std::string& address) { answers_[address] = std::nullopt; }
+    void PutSilent(const std::string& address) { responses_[address] = std::nullopt; }
 
     /// Puts `socket` on this network, which must outlive it.
     virtual void Attach(FakeSocket& socket) {
@@ -37,7 +37,7 @@ class FakeNetwork {
                 peer.PeerRefuses();
             }
         };
-        socket.peer_on_data = [this](FakeSocket& peer) { Answer(peer); };
+        socket.peer_on_data = [this](FakeSocket& peer) { Respond(peer); };
     }
 
     /// The addresses asked for so far, in order.
@@ -45,27 +45,27 @@ class FakeNetwork {
 
   private:
     bool Knows(const std::string& host) const {
-        const auto address = answers_.lower_bound(host + "/");
-        return address != answers_.end() && address->first.starts_with(host + "/");
+        const auto address = responses_.lower_bound(host + "/");
+        return address != responses_.end() && address->first.starts_with(host + "/");
     }
 
-    void Answer(FakeSocket& peer) {
+    void Respond(FakeSocket& peer) {
         const std::string& request = peer.sent();
         if (!request.starts_with("GET ") || !request.ends_with("\r\n\r\n")) return;
         const std::string path = request.substr(4, request.find(" HTTP/1.0\r\n") - 4);
         requests_.push_back(peer.host() + path);
-        const auto answer = answers_.find(requests_.back());
-        if (answer == answers_.end()) {
+        const auto response = responses_.find(requests_.back());
+        if (response == responses_.end()) {
             peer.PeerSends("HTTP/1.0 404 Not Found\r\n\r\nNot found.");
-        } else if (answer->second) {
-            peer.PeerSends(*answer->second);
+        } else if (response->second) {
+            peer.PeerSends(*response->second);
         } else {
             return;
         }
         peer.PeerCloses();
     }
 
-    std::map<std::string, std::optional<std::string>> answers_;
+    std::map<std::string, std::optional<std::string>> responses_;
     std::vector<std::string> requests_;
 };
 

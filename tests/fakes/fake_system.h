@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/state/crawl_state.h"
+#include "crawl/crawl_state.h"
 #include "output/mirror_files.h"
 #include "platform/memory_settings_store.h"
 #include "platform/services.h"
@@ -85,10 +85,10 @@ class CannedPageText : public platform::PageText {
 class IdleLoop : public platform::EventLoop {
   public:
     void DoEvents() override {}
-    void DoEventsOften() override {}
+    void DoEventsThrottled() override {}
 };
 
-inline std::vector<std::string> Items(const platform::ListItems& list) {
+inline std::vector<std::string> Items(const crawl::ListItems& list) {
     std::vector<std::string> items;
     for (std::size_t i = 0; i < list.Count(); ++i)
         items.push_back(list.Item(i));

@@ -8,7 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "platform/list_items.h"
+#include "crawl/list_items.h"
 #include "platform/qt/local_text.h"
 #include "ui/address_list.h"
 #include "widgets/elided_text.h"
@@ -43,7 +43,7 @@ class AddressList : public testing::Test {
     std::string RowAt(int y) { return platform::ToBytes(list.indexAt({20, y}).data().toString()); }
     std::string BottomRow() { return RowAt(list.viewport()->height() - list.rowHeight(0)); }
 
-    platform::ListItems items;
+    crawl::ListItems items;
     ui::AddressList list{items, ui::AddressList::Shows::End, nullptr};
 };
 

@@ -1,4 +1,4 @@
-#include "ui/command_line.h"
+#include "cli/command_line.h"
 
 #include <gtest/gtest.h>
 
@@ -12,13 +12,13 @@
 #include "tests/fakes/temp_folder.h"
 #include "text/text.h"
 
-using Action = ui::CommandLine::Action;
+using Action = cli::CommandLine::Action;
 
 namespace {
 
 /// Words stand between single blanks; between two blanks is an empty one.
-ui::CommandLine Read(const QString& words) {
-    return ui::ReadCommandLine(("vantorin " + words).split(' '));
+cli::CommandLine Read(const QString& words) {
+    return cli::ReadCommandLine(("vantorin " + words).split(' '));
 }
 
 const QString kCrawl = "--site www.site.com --folder /srv/mirror ";
@@ -30,7 +30,7 @@ TEST(CommandLine, RefusesWhatItCannotRead) {
          {QString("--site www.site.com"), QString("--site"), QString("--site  --folder /srv"),
           kCrawl + "more", kCrawl + "--connections 0", kCrawl + "--timeout 1e300",
           kCrawl + "--timeout 0.0004"}) {
-        const ui::CommandLine line = Read(words);
+        const cli::CommandLine line = Read(words);
         EXPECT_EQ(line.exit_code, 2) << words.toStdString();
         EXPECT_TRUE(line.text.contains("--help")) << words.toStdString();
     }

@@ -3,8 +3,8 @@
 #include <QTreeWidgetItemIterator>
 #include <memory>
 
-#include "setup/forms/folder_list.h"
-#include "setup/forms/z_dir.h"
+#include "forms/folder_list.h"
+#include "forms/z_dir.h"
 #include "setup/settings.h"
 #include "tests/qt/form_test.h"
 

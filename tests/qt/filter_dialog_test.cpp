@@ -2,7 +2,7 @@
 #include <QLineEdit>
 #include <QPointer>
 
-#include "setup/forms/z_filter.h"
+#include "forms/z_filter.h"
 #include "setup/keyword_filters.h"
 #include "tests/qt/form_test.h"
 

@@ -1,4 +1,4 @@
-#include "platform/qt/host_resolver.h"
+#include "platform/net/host_resolver.h"
 
 #include <gtest/gtest.h>
 
@@ -92,7 +92,7 @@ TEST_F(HostResolverTest, OnlyANameWithoutADotIsSoughtInTheSearchDomains) {
               (std::map<std::string, int>{{"intranet.first.test", 2}, {"no.typo.test", 2}}));
 }
 
-TEST_F(HostResolverTest, NobodyIsToldWhoHasGone) {
+TEST_F(HostResolverTest, ADeletedReceiverIsNotCalled) {
     for (const char* host : {"silent.test", "half.test", "www.site.test"})
         LookUp(host);
     clock.RunUntil([&] { return answers.size() == 1 && server.asked.size() == 3; });

@@ -1,4 +1,4 @@
-#include "platform/qt/qt_socket.h"
+#include "platform/net/qt_socket.h"
 
 #include <QTcpServer>
 #include <QWidget>
@@ -9,8 +9,8 @@
 #include <thread>
 #include <utility>
 
-#include "platform/qt/host_resolver.h"
-#include "platform/qt/native_socket.h"
+#include "platform/net/host_resolver.h"
+#include "platform/net/native_socket.h"
 #include "tests/contracts/socket_contract.h"
 #include "tests/qt/name_server.h"
 #include "tests/qt/real_bench.h"
@@ -197,7 +197,7 @@ TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaintAndTimersFire) {
     EXPECT_GE(ticks, 5);
 }
 
-// The second socket's handler blocks in the very turn that the due timer waited for.
+// The second socket's handler blocks in the very iteration that the due timer waited for.
 TEST_F(QtSocketTest, EverySocketGoesBeforeATimerHoweverLongTheOthersTake) {
     QtSocketBench other;
     ConnectAndAccept();

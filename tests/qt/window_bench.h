@@ -13,8 +13,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/net/qt_socket.h"
 #include "platform/qt/qt_event_loop.h"
-#include "platform/qt/qt_socket.h"
 #include "tests/fakes/fake_system.h"
 #include "ui/frm_main.h"
 #include "ui/window_holder.h"

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <memory>
 
-#include "setup/forms/frm_new.h"
+#include "forms/frm_new.h"
 #include "setup/settings.h"
 #include "tests/qt/form_test.h"
 

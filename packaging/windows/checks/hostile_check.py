@@ -7,7 +7,7 @@ import faults_test
 import private_network
 from program import tree
 from web import ScriptedServer, links_to, page
-from wine import COMMAND, DRIVE_C, Wine, crawl_words
+from wine import COMMAND, DRIVE_C, Wine, crawl_arguments
 
 WINDOWS_CLIMBS = [b"c:", b"c:/", b"c:\\Mirror\\..\\", b"\\\\localhost\\c$\\", b"\\\\?\\c:\\", b"\\\\.\\c:\\",
                   b".. /.. /", b".../.../", b". ./", b".*. /.*. /", b"..:/..:/", b"a:b/", b"x:$DATA/",
@@ -30,8 +30,8 @@ class HostileCheck(unittest.TestCase):
         answers = {path: page(links_to(*links, b"/a/b/c/deep.html")) for path in (b"/", b"/a/b/c/deep.html")}
         answers |= {b"/" + link: page(b"harm") for link in links}
         with ScriptedServer(answers) as server:
-            words = crawl_words("www.example.test", "C:\\Mirror", "--connections", "24", "--timeout", "1")
-            output, status = wine.run(COMMAND, *words, seconds=300)
+            arguments = crawl_arguments("www.example.test", "C:\\Mirror", "--connections", "24", "--timeout", "1")
+            output, status = wine.run(COMMAND, *arguments, seconds=300)
             self.assertEqual(status, 0, output)
         self.assertEqual(outside(), before)
         late = {b"/" + link for link in faults_test.ESCAPES[len(faults_test.CLIMBS):]}

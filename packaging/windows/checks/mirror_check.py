@@ -7,7 +7,7 @@ import private_network
 import web
 from program import Crawl, copy_program, tree
 from web import ScriptedServer, links_to, page
-from wine import COMMAND, DRIVE_C, Wine, crawl_words
+from wine import COMMAND, DRIVE_C, Wine, crawl_arguments
 
 SITES = {"www.example.test": "/usr/share/doc/python-flask-doc/html",
          "www.second.test": "/usr/share/doc/xapian-doc",
@@ -27,12 +27,12 @@ class MirrorCheck(unittest.TestCase):
         (self.folder / "home").mkdir()
         self.wine = self.enterContext(Wine(self.folder / "home"))
 
-    def both(self, site, *words):
+    def both(self, site, *arguments):
         """The trees that the two programs make of a site, both from their command."""
         name = site.split(".")[1]
-        crawl = Crawl(self.linux, site, self.folder / name, *words)
+        crawl = Crawl(self.linux, site, self.folder / name, *arguments)
         self.assertEqual(crawl.wait(), 0, crawl.output())
-        output, status = self.wine.run(COMMAND, *crawl_words(site, f"C:\\Mirrors\\{name}", *words), seconds=600)
+        output, status = self.wine.run(COMMAND, *crawl_arguments(site, f"C:\\Mirrors\\{name}", *arguments), seconds=600)
         self.assertEqual(status, 0, output)
         self.assertIn("The website has been downloaded.", output)
         return tree(self.folder / name), tree(DRIVE_C / "Mirrors" / name)

@@ -10,9 +10,9 @@ import unittest
 import private_network
 from program import tree, wait_until
 from web import ScriptedServer, links_to, page
-from wine import COMMAND, DRIVE_C, PROGRAM, ROOT, Wine, crawl_words
+from wine import COMMAND, DRIVE_C, PROGRAM, ROOT, Wine, crawl_arguments
 
-HERE = crawl_words("www.example.test", "C:\\Mirror")
+HERE = crawl_arguments("www.example.test", "C:\\Mirror")
 SITE = {b"/": page(links_to(b"a.html", b"b.html")), b"/a.html": page(b"a"), b"/b.html": page(b"b")}
 
 
@@ -33,16 +33,16 @@ class UnattendedCheck(unittest.TestCase):
 
     def test_it_says_how_it_went_and_ends_with_a_status(self):
         for program in (PROGRAM, COMMAND):
-            for words, status, said in (
+            for arguments, status, said in (
                     (["--version"], 0, "Vantorin Website Downloader 1.9\r\n"),
                     (["--help"], 0, "Usage: vantorin"),
                     (["--no-such-word"], 2, "--help"),
                     (["--site", "x"], 2, "--folder"),
-                    (crawl_words("www.example.test", "Q:\\none"), 1, "That is an invalid directory."),
-                    (crawl_words("www.example.test", "\\\\server\\share"), 1, "That is an invalid directory."),
-                    (crawl_words("www.example.test", "C:\\a|b"), 1, "would be changed")):
-                with self.subTest(program=program, words=words):
-                    output, ended = self.wine.run(program, *words)
+                    (crawl_arguments("www.example.test", "Q:\\none"), 1, "That is an invalid directory."),
+                    (crawl_arguments("www.example.test", "\\\\server\\share"), 1, "That is an invalid directory."),
+                    (crawl_arguments("www.example.test", "C:\\a|b"), 1, "would be changed")):
+                with self.subTest(program=program, arguments=arguments):
+                    output, ended = self.wine.run(program, *arguments)
                     self.assertIn(said, output)
                     self.assertEqual(ended, status)
 
@@ -92,12 +92,12 @@ class UnattendedCheck(unittest.TestCase):
                     self.assertEqual(self.in_console(program, *HERE, said=b"when it was stopped.", keys=b"\x03"),
                                      (130, b"when it was stopped."))
 
-    def in_console(self, *words, said=b"vantorin --help", keys=b""):
+    def in_console(self, *arguments, said=b"vantorin --help", keys=b""):
         """The exit status in a console in which `keys` are pressed once a crawl runs, and `said` if that
         is what the console shows."""
         process, console = pty.fork()
         if process == 0:
-            os.execvpe("wine", ["wine", *words], self.wine.environment)
+            os.execvpe("wine", ["wine", *arguments], self.wine.environment)
         shown = b""
         with contextlib.suppress(OSError):  # so ends what it shows
             while data := os.read(console, 65536):

@@ -44,13 +44,13 @@ class Wine:
         folder, = DRIVE_C.glob("vantorin-*")
         folder.rename(DRIVE_C / "Vantorin")
 
-    def start(self, *words, **how):
-        return subprocess.Popen(["wine", *map(str, words)], env=self.environment, **how)
+    def start(self, *arguments, **how):
+        return subprocess.Popen(["wine", *map(str, arguments)], env=self.environment, **how)
 
-    def run(self, *words, seconds=120, **how):
+    def run(self, *arguments, seconds=120, **how):
         """What the program prints, and its exit status."""
         how = {"stdout": subprocess.PIPE, "stderr": subprocess.STDOUT, "stdin": subprocess.DEVNULL} | how
-        done = subprocess.run(["wine", *map(str, words)], env=self.environment, timeout=seconds, check=False, **how)
+        done = subprocess.run(["wine", *map(str, arguments)], env=self.environment, timeout=seconds, check=False, **how)
         return (done.stdout or b"").decode(errors="replace"), done.returncode
 
     def registry(self, key):
@@ -59,5 +59,5 @@ class Wine:
         return text if status == 0 else ""
 
 
-def crawl_words(site, folder, *words):
-    return ("--site", site, "--folder", folder, *words)
+def crawl_arguments(site, folder, *arguments):
+    return ("--site", site, "--folder", folder, *arguments)

@@ -1,0 +1,133 @@
+#include "cli/command_line.h"
+
+#include <QCommandLineParser>
+#include <optional>
+
+#include "crawl/crawl_state.h"
+#include "platform/path_text.h"
+#include "platform/qt/local_text.h"
+#include "text/numbers.h"
+#include "ui/version.h"
+
+namespace cli {
+
+namespace {
+
+constexpr int kBadArguments = 2;
+
+CommandLine Refuse(const QString& why) {
+    return {CommandLine::Action::Print, {}, why + "\nTry \"vantorin --help\".\n", kBadArguments};
+}
+
+std::optional<int> ReadConnections(const QString& text) {
+    bool is_number = false;
+    const int count = text.toInt(&is_number);
+    if (!is_number || count < 1 || count > crawl::kSlotCount) return std::nullopt;
+    return count;
+}
+
+std::optional<std::int64_t> ReadTimeout(const QString& text) {
+    const std::optional<double> seconds = text::WholeNumber(platform::ToBytes(text));
+    if (!seconds || !(*seconds >= 0)) return std::nullopt;
+    const std::optional<std::int64_t> milliseconds = text::RoundHalfEven(*seconds * 1000);
+    // Nothing rounded down may become the 0 that waits for ever.
+    if (milliseconds == 0 && *seconds > 0) return std::nullopt;
+    return milliseconds;
+}
+
+struct Options {
+    QCommandLineOption site{"site", "", "ADDRESS"};
+    QCommandLineOption folder{"folder", "", "FOLDER"};
+    QCommandLineOption connections{"connections", "", "N"};
+    QCommandLineOption timeout{"timeout", "", "SECONDS"};
+    QCommandLineOption help{{"h", "help"}};
+    QCommandLineOption version{{"v", "version"}};
+};
+
+/// The manual page, docs/vantorin.1, says the same.
+constexpr char kHelp[] =
+    R"(Usage: vantorin
+       vantorin --site ADDRESS --folder FOLDER [OPTION]...
+
+Downloads a web site into a folder, for browsing without a network. The first
+form opens the program's window. The second one needs no display: it says how
+far it is, and answers every question with No. Ctrl+C stops it, a second Ctrl+C
+at once.
+
+Options:
+  --site ADDRESS      the page to start from
+  --folder FOLDER     where to save; the folder is made when it is missing
+  --connections N     how many files to download at a time, 1 to 24 (default: 4)
+  --timeout SECONDS   how long a server may be silent before its file is tried
+                      again, three times in all; 0 waits for ever (default: 15)
+  -h, --help          show this help
+  -v, --version       show the program's version
+
+Exit status:
+  0    the site is complete
+  1    the folder cannot be used, or no type of files to download is known;
+       without options: there is no display
+  2    the options make no sense
+  129, 130, 143
+       stopped by a signal: SIGHUP, SIGINT (Ctrl+C), SIGTERM
+  141  stopped because whatever read the output has gone
+A reader that only pauses holds nothing up: progress is dropped meanwhile, and
+the last lines wait for half a second.
+
+Files:
+  temp/filetypes.txt  the types of files to download, one on each line
+  filters.txt         keywords: addresses with one of them are not downloaded
+       Both lie beside the program where that is a folder of its own that can be
+       written to, else in your data folder: on Linux ~/.local/share/Vantorin, on
+       Windows %APPDATA%\Vantorin.
+       The window's settings (on Linux ~/.config/Vantorin/Vantorin.conf, on Windows
+       in the registry below HKEY_CURRENT_USER\Software\Vantorin) are left alone
+       by a download without it.
+  FOLDER/.../*.tmp    files that wait to be downloaded
+       They go when the download ends or is stopped. After a crash, a kill or a
+       second Ctrl+C they stay, and the next download takes each for a file that
+       is there already: delete them first, or use a fresh folder.
+)";
+
+CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) {
+    CommandLine line{CommandLine::Action::Crawl, {}, {}, 0};
+    const QString site = parser.value(options.site).trimmed();
+    const QString folder = parser.value(options.folder);
+    if (site.isEmpty()) return Refuse("No web site is given (--site ADDRESS).");
+    if (folder.trimmed().isEmpty()) return Refuse("No folder is given (--folder FOLDER).");
+    line.order.site = platform::ToBytes(site);
+    line.order.folder = platform::PathTextOf(platform::ToBytes(folder));
+    if (parser.isSet(options.connections)) {
+        const auto count = ReadConnections(parser.value(options.connections));
+        if (!count) return Refuse("--connections takes a number from 1 to 24.");
+        line.order.connections = *count;
+    }
+    if (parser.isSet(options.timeout)) {
+        const auto milliseconds = ReadTimeout(parser.value(options.timeout));
+        if (!milliseconds)
+            return Refuse("--timeout takes a number of seconds, 0 or from 0.001 on.");
+        line.order.timeout_milliseconds = *milliseconds;
+    }
+    return line;
+}
+
+}  // namespace
+
+CommandLine ReadCommandLine(const QStringList& arguments) {
+    QCommandLineParser parser;
+    const Options options;
+    parser.addOptions({options.site, options.folder, options.connections, options.timeout,
+                       options.help, options.version});
+    if (!parser.parse(arguments)) return Refuse(parser.errorText());
+    if (parser.isSet(options.help)) return {CommandLine::Action::Print, {}, kHelp, 0};
+    if (parser.isSet(options.version)) {
+        return {CommandLine::Action::Print, {}, QString(kNameAndVersion) + "\n", 0};
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        return Refuse("Unknown argument \"" + parser.positionalArguments().first() + "\".");
+    }
+    if (parser.optionNames().isEmpty()) return {};
+    return OrderFrom(parser, options);
+}
+
+}  // namespace cli

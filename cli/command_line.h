@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QStringList>
+#include <cstdint>
+#include <string>
+
+namespace cli {
+
+/// A crawl ordered on the command line.
+struct CrawlOrder {
+    std::string site;
+    std::string folder;  ///< path text
+    int connections = 4;
+    std::int64_t timeout_milliseconds = 15000;  ///< 0 waits for ever
+};
+
+/// What the command line asks for.
+struct CommandLine {
+    enum class Action { OpenWindow, Crawl, Print };
+    Action action = Action::OpenWindow;
+    CrawlOrder order;   ///< for `Crawl`
+    QString text;       ///< for `Print`
+    int exit_code = 0;  ///< for `Print`; 2 when the arguments are wrong
+};
+
+/// Reads the command line; `arguments` begin with the program's name.
+CommandLine ReadCommandLine(const QStringList& arguments);
+
+}  // namespace cli

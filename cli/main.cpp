@@ -1,0 +1,148 @@
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "cli/command_line.h"
+#include "cli/output_stream.h"
+#include "cli/system_services.h"
+#include "cli/terminal.h"
+#include "cli/unattended.h"
+#include "forms/frm_new.h"
+#include "platform/memory_settings_store.h"
+#include "platform/net/qt_socket.h"
+#include "platform/qt/application.h"
+#include "platform/qt/local_text.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_settings_store.h"
+#include "text/text.h"
+#include "ui/version.h"
+#include "ui/window_holder.h"
+#ifdef Q_OS_WIN
+#include "widgets/label_font.h"
+#endif
+
+namespace {
+
+using cli::CommandLine;
+
+constexpr int kNoDisplay = 1;
+constexpr int kForEver = -1;
+
+std::unique_ptr<platform::Socket> MakeSocket() {
+    return std::make_unique<platform::QtSocket>();
+}
+
+void ShowWizard(QWidget& window) {
+    ui::frmNew wizard(&window);
+    wizard.exec();
+}
+
+/// Whether this system can show windows at all. Elsewhere than on Unix a program always can.
+bool HasDisplay() {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+#else
+    return true;
+#endif
+}
+
+int Print(const CommandLine& line) {
+    using Which = cli::OutputStream::Which;
+    cli::OutputStream stream(line.exit_code == 0 ? Which::Output : Which::Error);
+    std::string text = platform::ToBytes(line.text);
+    text::ReplaceAllIn(text, "\n", cli::kLineEnd);
+    while (!text.empty() && stream.Ready(kForEver)) {
+        text.erase(0, stream.Write(text));
+    }
+    return line.exit_code;
+}
+
+void SayThatNoDisplayIsThere() {
+    std::fputs(
+        "There is no display to show the window on.\n"
+        "To download without one: vantorin --site ADDRESS --folder FOLDER\n",
+        stderr);
+}
+
+/// Qt aborts, leaving a core, when a display is named that cannot be reached.
+void ExitInsteadOfAbort(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg) {
+        SayThatNoDisplayIsThere();
+        std::_Exit(kNoDisplay);
+    }
+    std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
+}
+
+int RunWindow(int argc, char** argv) {
+    if (!HasDisplay()) {
+        SayThatNoDisplayIsThere();
+        return kNoDisplay;
+    }
+    qInstallMessageHandler(ExitInsteadOfAbort);
+    const QApplication application = platform::MakeApplication(argc, argv);
+    qInstallMessageHandler(nullptr);
+#ifdef Q_OS_WIN
+    // Menus and boxes have faces of their own there, none of them that of the forms.
+    QApplication::setFont(ui::LabelFont());
+#endif
+    QApplication::setDesktopFileName("vantorin");  // whose icon Wayland shows for the window
+    // The window says itself when the program ends: a stop closes one window and opens another.
+    QApplication::setQuitOnLastWindowClosed(false);
+    platform::QtSettingsStore settings;
+    platform::QtMessageBoxes boxes;
+    cli::SystemServices system(settings, boxes);
+    ui::WindowHolder holder(system.Events(), {ShowWizard, MakeSocket});
+    holder.Load();
+    holder.Show();
+    return QApplication::exec();
+}
+
+/// Qt warns about what an environment without a desktop lacks, which an unattended run does not
+/// use.
+void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type != QtCriticalMsg && type != QtFatalMsg) return;
+    cli::OutputStream(cli::OutputStream::Which::Error)
+        .Write(platform::ToBytes(message) + cli::kLineEnd);
+}
+
+int RunCrawl(const cli::CrawlOrder& order, int argc, char** argv) {
+    qInstallMessageHandler(PassOnFaultsOnly);
+    // The window is never shown, so the run needs no display, whatever the environment says of one.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_QPA_PLATFORMTHEME");
+    const QApplication application = platform::MakeApplication(argc, argv);
+    platform::MemorySettingsStore settings;
+    cli::Terminal terminal;
+    cli::TerminalBoxes boxes(terminal);
+    cli::SystemServices system(settings, boxes);
+    ui::WindowHolder holder(system.Events(), {nullptr, MakeSocket});
+    holder.Load();
+    return cli::RunUnattended(order, holder, terminal);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    cli::OpenClosedStreams();
+#ifndef _WIN32
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that grows past the user's limit is a failed write
+#endif
+    QCoreApplication::setApplicationName("Vantorin");
+    QCoreApplication::setApplicationVersion(ui::kVersion);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+
+    const CommandLine line = cli::ReadCommandLine(arguments);
+    switch (line.action) {
+        case CommandLine::Action::Print:
+            return Print(line);
+        case CommandLine::Action::Crawl:
+            return RunCrawl(line.order, argc, argv);
+        case CommandLine::Action::OpenWindow:
+            break;
+    }
+    return RunWindow(argc, argv);
+}

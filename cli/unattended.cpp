@@ -1,0 +1,156 @@
+#include "cli/unattended.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <csignal>
+#include <cstdlib>
+#include <optional>
+
+#include "crawl/crawl_state.h"
+#include "engine/endings.h"
+#include "engine/main_window.h"
+#include "engine/site_start.h"
+#include "platform/path_text.h"
+#include "setup/file_types.h"
+#include "setup/settings.h"
+#include "text/text.h"
+#include "ui/frm_main.h"
+
+namespace cli {
+
+namespace {
+
+constexpr int kCheckMilliseconds = 50;
+constexpr int kProgressMilliseconds = 1000;
+
+#ifdef _WIN32
+constexpr int kEndingSignals[] = {SIGINT, SIGTERM};
+#else
+constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+#endif
+volatile std::sig_atomic_t g_signal = 0;
+
+/// The first signal ends the run tidily; a second one, at once.
+extern "C" void NoteSignal(int number) {
+    if (g_signal != 0) std::_Exit(128 + number);
+    g_signal = number;
+#ifdef _WIN32
+    std::signal(number, NoteSignal);  // each is told of once there
+#endif
+}
+
+void HandleSignals() {
+    for (const int number : kEndingSignals) {
+        // What whoever started the program wants ignored, as nohup does, stays ignored.
+        if (std::signal(number, SIG_IGN) != SIG_IGN) std::signal(number, NoteSignal);
+    }
+#ifndef _WIN32
+    std::signal(SIGPIPE, SIG_IGN);  // the terminal notices
+#endif
+}
+
+std::string Progress() {
+    const auto queued = static_cast<std::int64_t>(crawl::List1.Count());
+    return bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
+           bas_Connections::FormatCount(queued) + " queued, " +
+           bas_Connections::FormatCount(crawl::TotalBytes) + " bytes";
+}
+
+/// The folder as it will be in every path below it; nothing when the rules for names would change
+/// it. A person sees such a change in the wizard's box; here the files would go where nobody looks.
+std::optional<std::string> FolderThatStays(const std::string& typed) {
+    const std::string folder = platform::ResolvePathText(typed).value_or(typed) + "\\";
+    const bool stays = bas_General::NormalizeFolder(folder) == folder &&
+                       !text::Contains(folder, "www.") && !text::Contains(folder, "\\ ");
+    return stays ? std::optional(folder) : std::nullopt;
+}
+
+bool PrepareFolder(const std::string& typed, Terminal& terminal) {
+    const std::optional<std::string> folder = FolderThatStays(typed);
+    if (folder) return bas_General::PrepareTargetFolder(*folder);
+    terminal.Print(
+        "This folder's path would be changed: it may not contain \"www.\", \"__\", any of\n"
+        "* < > { } ? ! & | or a name that begins with a blank.");
+    return false;
+}
+
+bool PrepareFileTypes(Terminal& terminal) {
+    bas_General::MakeFirstFileTypesFile();
+    if (bas_General::AnyFileTypeKnown()) return true;
+    const std::string file = bas_General::FileTypesFile();
+    terminal.Print(
+        "No file type to download is known. They have to be listed, one on each line, in\n" +
+        platform::SystemPathOf(file).value_or(file) +
+        "\nor that file has to be missing where a new list can be written.");
+    return false;
+}
+
+void Start(const CrawlOrder& order, ui::frmMain& window) {
+    window.ChooseConnections(order.connections);
+    window.SetText1(order.site);
+    bas_Connections::ConnectNowNow();
+    for (int i = 1; i <= crawl::kSlotCount; ++i) {
+        window.tmrOut(i).SetInterval(order.timeout_milliseconds);
+    }
+}
+
+/// Shows how far a crawl is, and ends the event loop when it has ended, by itself or because it has
+/// to.
+class Watch {
+  public:
+    Watch(ui::WindowHolder& holder, Terminal& terminal) : holder_(holder), terminal_(terminal) {
+        QObject::connect(&timer_, &QTimer::timeout, [this] { Check(); });
+        timer_.start(kCheckMilliseconds);
+        since_progress_.start();
+    }
+
+  private:
+    void Check() {
+        terminal_.Flush();
+        if (engine::CrawlIsRunning()) StopIfAsked();
+        if (!holder_.StackIsIdle()) return;
+        if (!engine::CrawlIsRunning()) {
+            QCoreApplication::exit(exit_code_);
+        } else if (since_progress_.hasExpired(kProgressMilliseconds)) {
+            terminal_.ShowProgress(Progress());
+            since_progress_.start();
+        }
+    }
+
+    void StopIfAsked() {
+        if (g_signal == 0 && !terminal_.ReaderGone()) return;
+        exit_code_ = g_signal != 0 ? 128 + g_signal : kExitReaderGone;
+        bas_Connections::StopNOW();
+    }
+
+    ui::WindowHolder& holder_;
+    Terminal& terminal_;
+    QTimer timer_;
+    QElapsedTimer since_progress_;
+    int exit_code_ = kExitComplete;
+};
+
+int RunCrawl(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& terminal) {
+    Start(order, holder.Current());
+    const Watch watch(holder, terminal);
+    const int exit_code = QCoreApplication::exec();
+    terminal.Print(bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
+                   bas_Connections::FormatCount(crawl::TotalBytes) +
+                   (exit_code == kExitComplete ? " bytes." : " bytes when it was stopped."));
+    return exit_code;
+}
+
+}  // namespace
+
+int RunUnattended(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& terminal) {
+    HandleSignals();
+    int exit_code = kExitUnusable;
+    if (PrepareFolder(order.folder, terminal) && PrepareFileTypes(terminal)) {
+        exit_code = RunCrawl(order, holder, terminal);
+    }
+    terminal.Finish();
+    return exit_code;
+}
+
+}  // namespace cli

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "crawl/list_items.h"
+#include "text/consumable_text.h"
+#include "text/one_based.h"
+
+/// The variables of the crawl. They live as long as the process and are data only: the
+/// mirror and the link extraction read them without knowing the engine that runs the crawl.
+namespace crawl {
+
+inline constexpr int kSlotCount = 24;
+
+/// One connection: what it fetches and what has come so far.
+struct ConnectionSlot {
+    std::string Url;   ///< host and path without scheme; not empty while the slot holds a job
+    std::string Host;  ///< what stands before the first "/" of Url
+    std::string Path;  ///< the rest, beginning with "/"
+    text::ConsumableText Response;   ///< header and body as received; "CANCEL" for a refused path
+    std::int32_t ContentLength = 0;  ///< the last "Content-Length:" seen, in bytes
+    std::int32_t BytesReceived = 0;
+    std::int16_t Attempts = 0;  ///< connection attempts for this job, from 1
+    unsigned Job = 1;           ///< raised when a job begins and when one is ended before its time
+    unsigned JobAtWork = 0;     ///< the job whose response is being worked on right now; 0 for none
+};
+
+/// A slot is free when its socket is closed; its fields keep the last job until it is reused.
+extern text::OneBased<ConnectionSlot, kSlotCount> Slots;
+
+extern std::string SiteHost;      ///< the start address's host without "www."
+extern std::string TargetFolder;  ///< where the mirror goes, ending in "\"
+extern std::string FileTypeSet;   ///< wanted extensions, each wrapped in colons
+
+extern std::string SavePath;              ///< the local path made last
+extern std::string SavePathBeforeRename;  ///< the same before ".html" was added
+extern std::string MadeFolders;  ///< the folders this crawl made, lower-cased, each followed by "*"
+extern std::string LastSearchPage;  ///< the page recorded last, between colons
+
+extern std::int32_t TotalBytes;  ///< bytes received over all connections
+extern std::int32_t FilesDone;   ///< files saved
+extern bool Stopping;            ///< the window is being reloaded after a stop and asks nothing
+
+extern crawl::ListItems List1;  ///< the queue, worked from its end
+extern crawl::ListItems List2;  ///< links on the site whose type is not wanted
+
+}  // namespace crawl

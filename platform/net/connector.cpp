@@ -1,0 +1,82 @@
+#include "platform/net/connector.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+/// How long an address of a host is tried while it has others. Hosts whose first address leads
+/// nowhere (IPv6 on a network that drops it) would else never be reached before the timeout.
+constexpr std::chrono::seconds kPatience{3};
+
+constexpr std::chrono::milliseconds kBetweenLooks{100};
+
+}  // namespace
+
+Connector::Connector(HostResolver& resolver, const std::string& host, std::uint16_t port,
+                     Connected connected)
+    : port_(port), connected_(std::move(connected)) {
+    patience_.setSingleShot(true);
+    patience_.setInterval(kPatience);
+    QObject::connect(&patience_, &QTimer::timeout, this, [this] { TryNext(); });
+    failure_.setInterval(kBetweenLooks);
+    QObject::connect(&failure_, &QTimer::timeout, this, [this] {
+        if (native::HasFailed(handle_)) TryNext();
+    });
+    resolver.LookUp(host, *this, [this](const HostResolver::Addresses& found) {
+        addresses_.assign(found.rbegin(), found.rend());
+        TryNext();
+    });
+}
+
+Connector::~Connector() {
+    Drop();
+}
+
+void Connector::TryNext() {
+    Drop();
+    while (!addresses_.empty()) {
+        const native::Address address = addresses_.back();
+        addresses_.pop_back();
+        if (Start(address)) return;
+        Drop();
+    }
+    failed_ = true;
+}
+
+bool Connector::Start(native::Address address) {
+    address.SetPort(port_);
+    handle_ = native::OpenStream(address);
+    if (handle_ == native::kNoHandle || !native::StartConnect(handle_, address)) return false;
+    decided_ =
+        std::make_unique<SocketWatch>(handle_, QSocketNotifier::Write, [this] { Decided(); });
+    if (native::kFailureIsSilent) failure_.start();
+    if (!addresses_.empty()) patience_.start();
+    return true;
+}
+
+void Connector::Decided() {
+    if (native::PendingError(handle_) != 0 || native::HasFailed(handle_)) {
+        TryNext();
+        return;
+    }
+    const native::Handle handle = std::exchange(handle_, native::kNoHandle);
+    Drop();
+    const Connected connected = std::move(connected_);  // this object may go while it runs
+    connected(handle);
+}
+
+/// Lets go of the address that is being tried.
+void Connector::Drop() {
+    patience_.stop();
+    decided_.reset();
+    failure_.stop();
+    if (handle_ != native::kNoHandle) {
+        native::CloseHandle(std::exchange(handle_, native::kNoHandle));
+    }
+}
+
+}  // namespace platform

@@ -1,0 +1,84 @@
+#include "platform/net/host_resolver.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <utility>
+
+#include "platform/net/name_query.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::chrono::seconds kAnswerIsKept{60};
+constexpr std::size_t kLongestName = 253;
+
+bool IsNameCharacter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_' || c == '.';
+}
+
+/// Whether there can be a host of this name. What a page calls a host may be of any length and hold
+/// any bytes; no name server needs to see that.
+bool CanBeName(const std::string& name) {
+    return std::all_of(name.begin(), name.end(), IsNameCharacter) &&
+           ("." + name + ".").find("..") == std::string::npos;
+}
+
+/// The one spelling of a name: names are the same in any case, and with or without a dot at the
+/// end. "" when it can be neither a name nor an address.
+std::string Normalised(const std::string& host) {
+    std::string name = host;
+    if (name.ends_with('.')) name.pop_back();
+    if (name.size() > kLongestName || name.find('\0') != std::string::npos) return "";
+    for (char& c : name)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return name;
+}
+
+}  // namespace
+
+HostResolver& HostResolver::Shared() {
+    static QPointer<HostResolver> shared;
+    if (!shared) shared = new HostResolver("", QCoreApplication::instance());
+    return *shared;
+}
+
+HostResolver::HostResolver(std::string servers, QObject* parent)
+    : QObject(parent), servers_(std::move(servers)) {}
+
+HostResolver::~HostResolver() = default;
+
+void HostResolver::LookUp(const std::string& host, QObject& receiver, Answer answer) {
+    const std::string name = Normalised(host);
+    if (name.empty()) {
+        answer({});
+    } else if (const auto numeric = native::NumericAddress(name)) {
+        answer({*numeric});
+    } else if (!CanBeName(name)) {
+        answer({});
+    } else if (const auto known = known_.find(name);
+               known != known_.end() && Clock::now() < known->second.until) {
+        answer(known->second.addresses);
+    } else {
+        Ask(name, {&receiver, std::move(answer)});
+    }
+}
+
+void HostResolver::Ask(const std::string& name, Asker asker) {
+    std::vector<Asker>& askers = asked_[name];
+    askers.push_back(std::move(asker));
+    if (askers.size() > 1) return;
+    new NameQuery(
+        name, servers_, [this, name](const Addresses& found) { Take(name, found); }, this);
+}
+
+void HostResolver::Take(const std::string& name, const Addresses& addresses) {
+    const auto askers = asked_.extract(name);
+    for (const Asker& asker : askers.mapped())
+        if (asker.receiver) asker.answer(addresses);
+    const auto now = Clock::now();
+    std::erase_if(known_, [now](const auto& known) { return known.second.until <= now; });
+    if (!addresses.empty()) known_[name] = {addresses, now + kAnswerIsKept};
+}
+
+}  // namespace platform

@@ -1,0 +1,79 @@
+#pragma once
+
+#ifdef _WIN32
+#include "platform/net/native_socket_windows.h"
+#else
+#include "platform/net/native_socket_posix.h"
+#endif
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string>
+
+/// The system's own stream sockets, non-blocking. What differs between the systems is in the files
+/// above.
+namespace platform::native {
+
+/// An address in the form that the system's calls take.
+struct Address {
+    Address(const sockaddr* address, std::size_t address_size) : size(address_size) {
+        std::memcpy(&storage, address, size);
+    }
+
+    const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&storage); }
+    void SetPort(std::uint16_t port) {
+        if (storage.ss_family == AF_INET6) {
+            reinterpret_cast<sockaddr_in6*>(&storage)->sin6_port = htons(port);
+        } else {
+            reinterpret_cast<sockaddr_in*>(&storage)->sin_port = htons(port);
+        }
+    }
+
+    sockaddr_storage storage{};
+    std::size_t size;
+};
+
+/// The address that `text` stands for when it is a number such as "10.0.0.1" or "::1". Nobody is
+/// asked.
+inline std::optional<Address> NumericAddress(const std::string& text) {
+    // In brackets it is part of an address of the web; some systems would take that.
+    if (!Startup() || text.find('[') != std::string::npos) return std::nullopt;
+    addrinfo hints{};
+    hints.ai_flags = AI_NUMERICHOST;
+    addrinfo* found = nullptr;
+    if (getaddrinfo(text.c_str(), nullptr, &hints, &found) != 0) return std::nullopt;
+    const Address address(found->ai_addr, found->ai_addrlen);
+    freeaddrinfo(found);
+    return address;
+}
+
+/// A fresh socket for connections to `address`, or `kNoHandle`.
+inline Handle OpenStream(const Address& address) {
+    if (!Startup()) return kNoHandle;
+    const Handle handle = OpenNonBlocking(address.storage.ss_family);
+#ifdef SO_NOSIGPIPE
+    const int on = 1;
+    if (handle != kNoHandle) setsockopt(handle, SOL_SOCKET, SO_NOSIGPIPE, &on, sizeof on);
+#endif
+    return handle;
+}
+
+/// Starts connecting. False when that failed at once; else the socket becomes writable when it is
+/// decided, and `PendingError` tells how.
+inline bool StartConnect(Handle handle, const Address& address) {
+    return connect(handle, address.Get(), static_cast<socklen_t>(address.size)) == 0 ||
+           IsPending(LastError());
+}
+
+/// The error that the socket has met in the background, 0 for none.
+inline int PendingError(Handle handle) {
+    int error = 0;
+    socklen_t size = sizeof error;
+    const int result =
+        getsockopt(handle, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
+    return result == 0 ? error : LastError();
+}
+
+}  // namespace platform::native

@@ -1,0 +1,71 @@
+#include "platform/net/socket_watch.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+std::vector<SocketWatch*> g_watches;
+SocketWatch::Moment g_now = 0;
+
+short PollEvents(QSocketNotifier::Type type) {
+    switch (type) {
+        case QSocketNotifier::Read:
+            return POLLIN;
+        case QSocketNotifier::Write:
+            return POLLOUT;
+        case QSocketNotifier::Exception:
+            break;
+    }
+    return 0;  // an error is reported unasked
+}
+
+/// On Windows Qt looks at timers and paints when no message waits, and what a socket has to tell is
+/// a message: a fast peer would keep both from their turn.
+void LetOthersIn() {
+#ifdef Q_OS_WIN
+    constexpr qint64 kMilliseconds = 10;
+    static QElapsedTimer since_last;
+    if (since_last.isValid() && !since_last.hasExpired(kMilliseconds)) return;
+    since_last.start();
+    QCoreApplication::sendPostedEvents();
+#endif
+}
+
+}  // namespace
+
+SocketWatch::SocketWatch(native::Handle handle, Type type, const std::function<void()>& handler)
+    : QSocketNotifier(static_cast<qintptr>(handle), type), handle_(handle), called_(++g_now) {
+    QObject::connect(this, &QSocketNotifier::activated, this, handler);
+    g_watches.push_back(this);
+}
+
+SocketWatch::~SocketWatch() {
+    std::erase(g_watches, this);
+}
+
+SocketWatch::Moment SocketWatch::Now() {
+    return g_now;
+}
+
+bool SocketWatch::AnyWaitsSince(Moment moment) {
+    static std::vector<native::PollEntry> entries;  // kept, because every tick comes here
+    entries.clear();
+    for (const SocketWatch* watch : g_watches) {
+        if (!watch->isEnabled() || watch->called_ > moment) continue;
+        entries.push_back({watch->handle_, PollEvents(watch->type()), 0});
+    }
+    return !entries.empty() && native::PollAtOnce(entries.data(), entries.size()) > 0;
+}
+
+bool SocketWatch::event(QEvent* event) {
+    called_ = ++g_now;
+    const bool recognized = QSocketNotifier::event(event);  // this object may go meanwhile
+    LetOthersIn();
+    return recognized;
+}
+
+}  // namespace platform

@@ -1,0 +1,131 @@
+#include "platform/net/stream.h"
+
+#include <QPointer>
+#include <array>
+#include <cstddef>
+#include <new>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+/// What one `on_data` can read at most.
+constexpr std::size_t kMostPerEvent = 256 * 1024;
+
+}  // namespace
+
+Stream::Stream(native::Handle handle, const std::function<void()>& on_data)
+    : on_data_(on_data), handle_(handle) {
+    readable_ =
+        std::make_unique<SocketWatch>(handle_, QSocketNotifier::Read, [this] { Readable(); });
+}
+
+Stream::~Stream() {
+    CloseHandle();
+}
+
+void Stream::Send(std::string_view bytes) {
+    outgoing_ += bytes;
+    Flush();
+}
+
+std::string Stream::Take() {
+    return std::exchange(waiting_, {});
+}
+
+/// The handler comes as a copy, since it may destroy the socket that holds it.
+void Stream::Raise(std::function<void()> handler) {
+    const QPointer<Stream> self(this);
+    in_handler_ = true;
+    if (handler) handler();
+    if (!self) return;
+    in_handler_ = false;
+    if (state_ != SocketState::Connected) return;
+    readable_->setEnabled(waiting_.empty());
+    if (!waiting_.empty()) {
+        // The handler left bytes, of which the system will not tell again.
+        QMetaObject::invokeMethod(
+            this, [this] { Check(); }, Qt::QueuedConnection);
+    }
+}
+
+/// The system tells of bytes again in every iteration of the loop until they have been read, so one
+/// event at a time is enough, and the window paints between them.
+void Stream::Readable() {
+    if (in_handler_) {
+        readable_->setEnabled(false);  // a nested loop would only spin
+    } else {
+        Check();
+    }
+}
+
+/// Looks for what has come, and raises at most one event for it.
+void Stream::Check() {
+    if (state_ != SocketState::Connected) return;
+    if (waiting_.size() < kMostPerEvent && !ReadMore()) return;
+    if (!waiting_.empty()) Raise(on_data_);
+}
+
+/// One read. False when the connection has come to its end, which is then dealt with.
+bool Stream::ReadMore() {
+    static std::array<char, kMostPerEvent> buffer;  // events come on one thread only
+    const std::ptrdiff_t count =
+        native::Receive(handle_, buffer.data(), kMostPerEvent - waiting_.size());
+    if (count > 0) return Keep({buffer.data(), static_cast<std::size_t>(count)});
+    if (count < 0 && native::IsPending(native::LastError())) return true;
+    if (count < 0 || sending_failed_) {
+        Fail();
+        return false;
+    }
+    readable_.reset();
+    state_ = SocketState::Closing;
+    if (any_byte_came_) Raise(on_data_);
+    return false;
+}
+
+/// False when the system has no memory for the bytes: a response with a hole is worth nothing.
+bool Stream::Keep(std::string_view bytes) {
+    try {
+        waiting_ += bytes;
+    } catch (const std::bad_alloc&) {
+        Fail();
+        return false;
+    }
+    any_byte_came_ = true;
+    return true;
+}
+
+void Stream::Fail() {
+    CloseHandle();
+    state_ = SocketState::Error;
+}
+
+/// Sends what the network takes now; the rest follows when it takes more.
+void Stream::Flush() {
+    const std::ptrdiff_t count = native::Send(handle_, outgoing_.data(), outgoing_.size());
+    if (count >= 0) {
+        outgoing_.erase(0, static_cast<std::size_t>(count));
+    } else if (!native::IsPending(native::LastError())) {
+        // The system tells of a reset once only. What came before it is still read; the end
+        // after that is then no orderly close.
+        sending_failed_ = true;
+        outgoing_.clear();
+    }
+    if (outgoing_.empty()) {
+        writable_.reset();
+    } else if (!writable_) {
+        writable_ =
+            std::make_unique<SocketWatch>(handle_, QSocketNotifier::Write, [this] { Flush(); });
+    }
+}
+
+void Stream::CloseHandle() {
+    readable_.reset();
+    writable_.reset();
+    if (handle_ != native::kNoHandle) {
+        native::CloseHandle(std::exchange(handle_, native::kNoHandle));
+    }
+}
+
+}  // namespace platform

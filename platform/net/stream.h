@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/net/native_socket.h"
+#include "platform/net/socket_watch.h"
+#include "platform/socket.h"
+
+namespace platform {
+
+/// A connection that stands: what comes, what goes, and how it ends. `Socket` says what its events
+/// keep to.
+class Stream : public QObject {
+  public:
+    /// Takes over a connected socket. `on_data` is read at each event, so it must outlive the
+    /// stream.
+    Stream(native::Handle handle, const std::function<void()>& on_data);
+    ~Stream() override;
+
+    /// Calls a handler, which may destroy the stream; what comes meanwhile is told of afterwards.
+    void Raise(std::function<void()> handler);
+
+    /// Sends in the background.
+    void Send(std::string_view bytes);
+    /// Takes the bytes that wait.
+    std::string Take();
+    SocketState State() const { return state_; }
+
+  private:
+    void Readable();
+    void Check();
+    bool ReadMore();
+    bool Keep(std::string_view bytes);
+    void Fail();
+    void Flush();
+    void CloseHandle();
+
+    const std::function<void()>& on_data_;
+    native::Handle handle_;
+    SocketState state_ = SocketState::Connected;
+    std::unique_ptr<SocketWatch> readable_;  // while the peer may still send
+    std::unique_ptr<SocketWatch> writable_;  // while bytes wait to be sent
+    std::string waiting_;
+    std::string outgoing_;
+    bool in_handler_ = false;
+    bool any_byte_came_ = false;
+    bool sending_failed_ = false;
+};
+
+}  // namespace platform
