@@ -121,7 +121,7 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     if (!parser.parse(arguments)) return Refuse(parser.errorText());
     if (parser.isSet(options.help)) return {CommandLine::Action::Print, {}, kHelp, 0};
     if (parser.isSet(options.version)) {
-        return {CommandLine::Action::Print, {}, QString(kNameAndVersion) + "\n", 0};
+        return {CommandLine::Action::Print, {}, QString(ui::kNameAndVersion) + "\n", 0};
     }
     if (!parser.positionalArguments().isEmpty()) {
         return Refuse("Unknown argument \"" + parser.positionalArguments().first() + "\".");
