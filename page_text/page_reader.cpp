@@ -7,6 +7,7 @@
 #include "page_text/ascii.h"
 #include "page_text/attributes.h"
 #include "page_text/character_references.h"
+#include "page_text/quirks.h"
 
 namespace page_text {
 
@@ -69,7 +70,7 @@ Display DisplayOf(ElementId id, const Tag& tag) {
 }  // namespace
 
 PageReader::PageReader(std::string_view page)
-    : tokenizer_(page), assembler_(page.size()), structure_(assembler_) {}
+    : tokenizer_(page), assembler_(page.size()), structure_(assembler_, IsInQuirksMode(page)) {}
 
 std::string PageReader::Read(const std::function<void()>& yield) {
     std::size_t next_yield = kBytesBetweenYields;
@@ -78,7 +79,7 @@ std::string PageReader::Read(const std::function<void()>& yield) {
             OnText(tokenizer_.Text());
         } else if (kind == Tokenizer::Kind::kStartTag) {
             OnStartTag(tokenizer_.LastTag());
-        } else {
+        } else if (kind == Tokenizer::Kind::kEndTag) {
             structure_.Close(ElementNamed(tokenizer_.LastTag().name));
         }
         if (yield && tokenizer_.Position() >= next_yield) {

@@ -46,10 +46,6 @@ std::optional<int> EdgeLines(Display display) {
     }
 }
 
-bool EndsParagraph(ElementId id) {
-    return EdgeLines(ElementOf(id).display).value_or(0) > 0 && !Has(id, kInParagraph);
-}
-
 }  // namespace
 
 // Start tags ------------------------------------------------------------------------------------
@@ -77,6 +73,12 @@ void PageStructure::Open(ElementId id, Display display) {
     // told from that of another one of its name.
     const bool plain = display == Display::kInline && content == State();
     if (!plain || open_.Innermost(id) > 0) open_.Push({id, display, content});
+}
+
+/// Whether a paragraph goes no further than to the start of `id`.
+bool PageStructure::EndsParagraph(ElementId id) const {
+    if (id == Id("table") && is_in_quirks_mode_) return false;
+    return EdgeLines(ElementOf(id).display).value_or(0) > 0 && !Has(id, kInParagraph);
 }
 
 /// Closes all that is open in the table inside of the place where `part` belongs; a cell makes its

@@ -13,7 +13,8 @@ namespace page_text {
 /// however the tags stand, and tells the assembler of every edge that shows in the text.
 class PageStructure {
   public:
-    explicit PageStructure(TextAssembler& assembler) : assembler_(assembler) {}
+    PageStructure(TextAssembler& assembler, bool is_in_quirks_mode)
+        : assembler_(assembler), is_in_quirks_mode_(is_in_quirks_mode) {}
 
     /// How text at the current position is shown.
     const TextState& State() const { return open_.Top().content; }
@@ -27,6 +28,7 @@ class PageStructure {
 
   private:
     void MakePlaceFor(ElementId part);
+    bool EndsParagraph(ElementId id) const;
     bool CloseInnermost(ElementId id);
     std::size_t InnermostOf(std::initializer_list<ElementId> ids) const;
     void PopTo(std::size_t depth);
@@ -35,6 +37,7 @@ class PageStructure {
     bool MarkPart(ElementId whole);
 
     TextAssembler& assembler_;
+    bool is_in_quirks_mode_;
     OpenElements open_;
 };
 

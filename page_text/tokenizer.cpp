@@ -55,8 +55,11 @@ Tokenizer::Kind Tokenizer::ReadMarkup() {
         return ReadTag(at_ + 2) ? Kind::kEndTag : Kind::kEnd;
     // The dashes may be those that began the comment: "<!-->" is a whole one.
     const bool is_comment = page_.compare(at_, 4, "<!--") == 0;
-    at_ = After(page_, is_comment ? "-->" : ">", at_ + 2);
-    return Kind::kEnd;
+    const std::size_t begin = at_ + 2;
+    at_ = After(page_, is_comment ? "-->" : ">", begin);
+    if (next != '!' || is_comment) return Kind::kEnd;
+    text_ = page_.substr(begin, at_ - begin - 1);
+    return Kind::kDeclaration;
 }
 
 /// Reads the tag with the name at `name_begin`; false when the page ends in it.

@@ -11,18 +11,19 @@ struct Tag {
     std::string_view attributes;  ///< What follows the name, for an AttributeReader.
 };
 
-/// Cuts a page into text and tags, dropping comments and declarations. Whatever a construct that is
+/// Cuts a page into text, tags and declarations, dropping comments. Whatever a construct that is
 /// never closed has swallowed is gone, as in a browser, so the page is gone through once.
 class Tokenizer {
   public:
-    enum class Kind { kText, kStartTag, kEndTag, kEnd };
+    enum class Kind { kText, kStartTag, kEndTag, kDeclaration, kEnd };
 
     explicit Tokenizer(std::string_view page) : page_(page) {}
 
     /// Steps to the next piece of the page.
     Kind Next();
 
-    /// The piece, after Next has told its kind. Text is never empty.
+    /// The piece, after Next has told its kind. Text is never empty; that of a declaration is what
+    /// stands between "<!" and ">".
     std::string_view Text() const { return text_; }
     const Tag& LastTag() const { return tag_; }
 

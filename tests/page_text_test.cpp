@@ -75,6 +75,42 @@ TEST(InnerText, Tables) {
     });
 }
 
+TEST(InnerText, QuirksMode) {
+    const auto expect_ending = [](std::initializer_list<std::string_view> starts,
+                                  std::string_view ending) {
+        for (const std::string_view start : starts) {
+            const std::string text = TextOf(std::string(start) + "<p>a<table><tr><td>b</table>c");
+            EXPECT_TRUE(text.ends_with(ending)) << start << ": " << text;
+        }
+    };
+    // A table does not end the paragraph around it.
+    expect_ending(
+        {
+            "",
+            "x<!doctype html>",
+            "</b><!DOCTYPE html>",
+            "<!doctype>",
+            "<!doctype svg>",
+            "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">",
+            "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 3.2 Final//EN\">",
+            "<!DOCTYPE HTML PUBLIC '-//W3C//DTD HTML 4.0 Transitional//EN' 'http://x/loose.dtd'>",
+            "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.01 Frameset//EN\">",
+            "<!doctype html public \"-//w3c//dtd html 4.01 transitional//en\">",
+        },
+        "a\nb\nc");
+    expect_ending(
+        {
+            "<!DOCTYPE html>",
+            "\r\n <!-- x --><?xml version='1.0'?><!x><!doctypehtml>",
+            "<!DOCTYPE html SYSTEM 'about:legacy-compat'>",
+            "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0//EN\">",
+            "<!DOCTYPE HTML PUBLIC\n\"-//W3C//DTD HTML 4.01 "
+            "Transitional//EN\"\n\"http://x/loose.dtd\">",
+            "<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Transitional//EN\">",
+        },
+        "a\n\nb\nc");
+}
+
 TEST(InnerText, WhatIsNotShown) {
     ExpectTexts({
         {"<head><title>t</title>x</head>y", "xy"},
