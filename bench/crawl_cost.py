@@ -1,6 +1,6 @@
 """What a crawl costs per file, beside "wget -m -k" on the same site.
 
-    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/crawl_cost.py
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.crawl_cost
 
 The site: 222 pages of 20 KB, each with 4 pictures of its own, from nginx on the loopback. Prints the
 processor time of the program and of wget, medians of runs that take turns, and the program's system
@@ -12,13 +12,11 @@ import os
 import statistics
 import subprocess
 import sys
-from pathlib import Path
 
-from table import row
+from bench.table import row
 
-import private_network
-import web
-from program import Crawl, copy_program, environment, tree
+from tests.e2e import private_network, web
+from tests.e2e.program import Crawl, copy_program, environment, tree
 
 SITE = "www.example.test"
 PAGES = 222

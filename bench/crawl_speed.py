@@ -1,6 +1,6 @@
 """Times whole crawls of a documentation tree with different numbers of connections.
 
-    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/crawl_speed.py
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.crawl_speed
 
 Prints the median of three runs each. The network is the loopback, so what shows is the program's own
 pace: the scheduler starts at most one file in 20 ms.
@@ -9,14 +9,9 @@ pace: the scheduler starts at most one file in 20 ms.
 import statistics
 import sys
 import time
-from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent / "tests/e2e"))
-
-import private_network  # noqa: E402
-import web  # noqa: E402
-from program import Crawl, copy_program, tree  # noqa: E402
+from tests.e2e import private_network, web
+from tests.e2e.program import Crawl, copy_program, tree
 
 SITE = "www.example.test"
 ROOT = "/usr/share/doc/xapian-doc"

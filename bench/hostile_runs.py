@@ -1,6 +1,6 @@
 """What huge and hostile servers, hosts and shells do to the program: one row for each kind.
 
-    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/hostile_runs.py [PART-OF-A-NAME ...]
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.hostile_runs [PART-OF-A-NAME ...]
 
 Prints a table: what was done, whether the program took it as it should, and what was seen. Takes about
 ten minutes and 2 GB of disk in $TMPDIR. The small forms of these rows run in tests/e2e.
@@ -8,16 +8,29 @@ ten minutes and 2 GB of disk in $TMPDIR. The small forms of these rows run in te
 
 import contextlib
 import os
+import socket
 import subprocess
 import sys
 import time
 from pathlib import Path
 
-from watched_crawl import HOST, ONE_MB, SITE, WatchedCrawl
+from bench.watched_crawl import HOST, ONE_MB, SITE, WatchedCrawl
+from tests.e2e import private_network
+from tests.e2e.program import copy_program, environment, tree
+from tests.e2e.web import ScriptedServer, links_to, page
 
-import private_network
-from program import copy_program, environment, tree
-from web import ScriptedServer, links_to, page
+
+@contextlib.contextmanager
+def silent_name_server():
+    """A name server that hears and never answers, and that nobody gives up soon."""
+    settings = Path("/etc/resolv.conf")
+    before = settings.read_text()
+    settings.write_text("nameserver 127.0.0.1\n")
+    with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as server:
+        server.bind(("127.0.0.1", 53))
+        yield
+    settings.write_text(before)
+
 
 def silent(_, ending):
     ending.wait()
@@ -319,7 +332,7 @@ def dead_names():
         hosts.write(b"127.0.0.1 " + b" ".join(live) + b"\n")
     links = [b"http://%s/x.html" % name for name in live] + DEAD
     answers = {b"/": page(links_to(*links)), b"/x.html": page(b"x")}
-    with private_network.silent_name_server(), ScriptedServer(answers) as server:
+    with silent_name_server(), ScriptedServer(answers) as server:
         crawl = WatchedCrawl("--connections", 24)
         while server.paths().count(b"/x.html") < 40 and time.monotonic() < crawl.started + 60:
             time.sleep(0.02)
@@ -331,7 +344,7 @@ def dead_names():
 
 
 def ended_during_look_ups():
-    with private_network.silent_name_server(), ScriptedServer({b"/": page(links_to(*DEAD))}):
+    with silent_name_server(), ScriptedServer({b"/": page(links_to(*DEAD))}):
         crawl = WatchedCrawl("--connections", 24)
         time.sleep(2)
         crawl.process.terminate()

@@ -1,6 +1,6 @@
 """Long runs of the real program: does it stay level, and what is left when the worst happens?
 
-    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/long_runs.py RUN
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.long_runs RUN
 
 RUN is one of
     level        20,000 pages: memory, handles and pace in each tenth of the crawl (about eight minutes)
@@ -20,12 +20,11 @@ import sys
 import threading
 import time
 
-from watched_crawl import HOST, ONE_MB, SITE, WatchedCrawl
+from bench.watched_crawl import HOST, ONE_MB, SITE, WatchedCrawl
 
-import private_network
-import web
-from program import tree
-from web import ScriptedServer, links_to, page
+from tests.e2e import private_network, web
+from tests.e2e.program import tree
+from tests.e2e.web import ScriptedServer, links_to, page
 
 WORDS = b"<p>" + b"some words of a page " * 200
 

@@ -1,6 +1,6 @@
 """How long the event loop of the real program does not look at what waits.
 
-    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 bench/loop_pauses.py
+    VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.loop_pauses
 
 Wants the target loop_pauses built. First large answers, one crawl each without a window: the longest
 pause, medians of several crawls. Then a crawl with the window shown, at the scheduler's full pace.
@@ -12,14 +12,12 @@ import sys
 import time
 from pathlib import Path
 
-from table import row
-
-import private_network
-import web
-from crawl_cost import FILES, SITE, make_site
-from desktop import MAIN, WIZARD, Desktop
-from program import Crawl, copy_program, wait_until
-from web import ScriptedServer, links_to, page
+from bench.crawl_cost import FILES, SITE, make_site
+from bench.table import row
+from tests.e2e import private_network, web
+from tests.e2e.desktop import MAIN, WIZARD, Desktop
+from tests.e2e.program import Crawl, copy_program, wait_until
+from tests.e2e.web import ScriptedServer, links_to, page
 
 RUNS = 3
 MB = 1_000_000

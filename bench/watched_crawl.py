@@ -1,14 +1,9 @@
 """A crawl of the real program in a scratch folder. Shared by the long runs of this folder."""
 
-import sys
 import time
-from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent / "tests/e2e"))
-
-import private_network  # noqa: E402
-from program import Crawl, copy_program  # noqa: E402
+from tests.e2e import private_network
+from tests.e2e.program import Crawl, copy_program
 
 SITE = "www.example.test"
 HOST = "example.test"  # the folder of the site's files

@@ -15,6 +15,7 @@ WITHOUT_QT = {"text", "page_text", "platform", "crawl", "output", "setup", "extr
 # These include each other's folders below them, and every layer of the program.
 AROUND = {"tests": {"tests"}, "bench": {"bench", "tests"}}
 
+IMPORT = re.compile(r"^from (\w+)[\w.]* import", re.M)
 INCLUDE = re.compile(r'^#include (?:"([^"]+)"|<([^>]+)>)', re.M)
 LINK = re.compile(r"target_link_libraries\((vantorin_\w+)([^)]*)\)")
 
@@ -46,6 +47,20 @@ def includes():
                 yield str(path), own or system, bool(own)
 
 
+def top_folders():
+    """Which top folders the C++ and Python files of each one name."""
+    tops = {}
+    folders = {path.name for path in ROOT.iterdir() if path.is_dir()} - {"build"}
+    for file, included, own in includes():
+        if own:
+            tops.setdefault(file.split("/")[0], set()).add(included.split("/")[0])
+    for file in sorted(ROOT.rglob("*.py")):
+        top = file.relative_to(ROOT).parts[0]
+        if top in folders:
+            tops.setdefault(top, set()).update(IMPORT.findall(file.read_text()))
+    return {top: (known & folders) - {top} for top, known in tops.items()}
+
+
 def circles(arrows):
     """The circles in a dictionary from each node to those that it points to, each as a list."""
     done = set()
@@ -63,7 +78,7 @@ def circles(arrows):
 
 
 def include_faults(knows):
-    used, files, tops = {layer: set() for layer in knows}, {}, {}
+    used, files = {layer: set() for layer in knows}, {}
     for file, included, own in includes():
         layer = layer_of(file, knows)
         if layer is None:
@@ -74,14 +89,11 @@ def include_faults(knows):
             files.setdefault(file, set()).add(included)
             if to != layer and to not in knows[layer]:
                 yield f"{file} includes {included}: {layer} may not know {to}"
-            top, top_to = file.split("/")[0], included.split("/")[0]
-            if top != top_to:
-                tops.setdefault(top, set()).add(top_to)
         elif re.match(r"Q[A-Z]", included) and layer in WITHOUT_QT:
             yield f"{file} includes <{included}>: {layer} does without Qt"
     for layer in knows.keys() - AROUND.keys():
         yield from (f"{layer} need not know {other}" for other in sorted(knows[layer] - used[layer]))
-    yield from ("a circle: " + " -> ".join(c) for c in [*circles(files), *circles(tops)])
+    yield from ("a circle: " + " -> ".join(c) for c in [*circles(files), *circles(top_folders())])
 
 
 def order_faults(knows):

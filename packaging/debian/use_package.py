@@ -7,13 +7,10 @@ import subprocess
 import sys
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parent.parent.parent
-sys.path.insert(0, str(ROOT / "tests/e2e"))
-
-import private_network  # noqa: E402
-from desktop import MAIN, WIZARD, Desktop  # noqa: E402
-from program import tree, wait_until  # noqa: E402
-from web import ScriptedServer, links_to, page  # noqa: E402
+from tests.e2e import private_network
+from tests.e2e.desktop import MAIN, WIZARD, Desktop
+from tests.e2e.program import tree, wait_until
+from tests.e2e.web import ScriptedServer, links_to, page
 
 SITE = {b"/": page(links_to(b"a.html")), b"/a.html": page(b"the end")}
 

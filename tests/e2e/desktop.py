@@ -3,7 +3,7 @@
 import random
 import subprocess
 
-from program import environment, wait_until
+from tests.e2e.program import environment, wait_until
 
 MAIN = "Vantorin Website Downloader 1.9"
 WIZARD = "New Site Wizard"

@@ -9,9 +9,9 @@ import subprocess
 import time
 import unittest
 
-import private_network
-from program import Crawl, copy_program, read, tree, wait_until
-from web import ScriptedServer, links_to, page
+from tests.e2e import private_network
+from tests.e2e.program import Crawl, copy_program, tree, wait_until
+from tests.e2e.web import ScriptedServer, links_to, page
 
 START = "www.example.test"
 HOME = b"example.test/index.html"

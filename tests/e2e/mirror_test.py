@@ -7,11 +7,10 @@ import unittest
 from collections import Counter
 from urllib.parse import unquote
 
-import private_network
-import web
-from browser import Browser
-from program import Crawl, copy_program, tree
-from site_model import DEFAULT_TYPES, SiteModel, clean_link_name
+from tests.e2e import private_network, web
+from tests.e2e.browser import Browser
+from tests.e2e.program import Crawl, copy_program, tree
+from tests.e2e.site_model import DEFAULT_TYPES, SiteModel, clean_link_name
 
 # Sites that no one here wrote: one with many folders and links through "../", one with many pages and
 # pictures, and an old one written by hand. In none do two links lead to one file by different ways of

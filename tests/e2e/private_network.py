@@ -6,11 +6,9 @@ with it. Where the machine forbids that, the test counts as skipped.
 """
 
 import atexit
-import contextlib
 import itertools
 import os
 import shutil
-import socket
 import subprocess
 import sys
 import tempfile
@@ -55,7 +53,7 @@ def enter(ways=tuple(WAYS_IN)):
             folder = Path(tempfile.gettempdir(), f"vantorin-e2e-{uuid.uuid4().hex}")
             folder.mkdir(mode=0o700)
             os.environ[INSIDE] = str(folder)
-            os.execvp(way[0], [*way, sys.executable, *sys.argv])
+            os.execvp(way[0], [*way, *sys.orig_argv])
         reason = trial.stderr.strip()
     skip(f"no private network can be made here: {reason}")
 
@@ -71,18 +69,6 @@ def prepare(folder):
         if Path(path).exists():
             subprocess.run(["mount", "--bind", ours, os.path.realpath(path)], check=True)
     subprocess.run(["ip", "link", "set", "lo", "up"], check=True)
-
-
-@contextlib.contextmanager
-def silent_name_server():
-    """A name server that hears and never answers, and that nobody gives up soon."""
-    settings = Path("/etc/resolv.conf")
-    before = settings.read_text()
-    settings.write_text("nameserver 127.0.0.1\n")
-    with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as server:
-        server.bind(("127.0.0.1", 53))
-        yield
-    settings.write_text(before)
 
 
 def scratch(name, numbers=itertools.count(1)):

@@ -6,7 +6,7 @@ import socketserver
 import subprocess
 import threading
 
-from program import wait_until
+from tests.e2e.program import wait_until
 
 NGINX = """\
 user root;
@@ -79,8 +79,8 @@ class ScriptedServer(socketserver.ThreadingTCPServer):
     """Answers each path as `answers` says: with bytes, or by calling a function with the connection
     and an event that is set when the server ends. Other paths get "404".
 
-    `requests` holds every request as it came, in order; `extra` what clients sent after theirs, and
-    `silent` counts the connections on which no word was said.
+    `requests` holds every request as it came, in order; `extra` what clients sent
+    after theirs.
     """
 
     allow_reuse_address = True
@@ -90,7 +90,7 @@ class ScriptedServer(socketserver.ThreadingTCPServer):
     def __init__(self, answers):
         super().__init__(("127.0.0.1", 80), ScriptedHandler)
         self.answers = answers
-        self.requests, self.extra, self.silent = [], [], 0
+        self.requests, self.extra = [], []
         self.ending = threading.Event()
 
     def __enter__(self):
@@ -113,7 +113,6 @@ class ScriptedHandler(socketserver.BaseRequestHandler):
     def handle(self):
         request = self.read_request()
         if not request:
-            self.server.silent += 1
             return
         self.server.requests.append(request)
         answer = self.server.answers.get(path_of(request), NOT_FOUND)

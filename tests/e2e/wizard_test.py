@@ -4,10 +4,9 @@ import shutil
 import time
 import unittest
 
-import private_network
-import web
-from desktop import MAIN, WIZARD, Desktop
-from program import copy_program, wait_until
+from tests.e2e import private_network, web
+from tests.e2e.desktop import MAIN, WIZARD, Desktop
+from tests.e2e.program import copy_program, wait_until
 
 SITE = "www.example.test"
 NOT_WANTED = {"ads/banner.html", "clip.wav"}

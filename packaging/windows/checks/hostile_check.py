@@ -3,10 +3,9 @@
 import os
 import unittest
 
-import faults_test
-import private_network
-from program import tree
-from web import ScriptedServer, links_to, page
+from tests.e2e import faults_test, private_network
+from tests.e2e.program import tree
+from tests.e2e.web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, Wine, crawl_arguments
 
 WINDOWS_CLIMBS = [b"c:", b"c:/", b"c:\\Mirror\\..\\", b"\\\\localhost\\c$\\", b"\\\\?\\c:\\", b"\\\\.\\c:\\",

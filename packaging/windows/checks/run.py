@@ -5,13 +5,8 @@ A word picks what to run: "mirror_check", or "window_check.WindowCheck.test_firs
 
 import sys
 import unittest
-from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
-ROOT = HERE.parents[2]
-sys.path[:0] = [str(HERE), str(ROOT / "tests/e2e"), str(ROOT / "docs")]
-
-import private_network  # noqa: E402
+from tests.e2e import private_network
 
 CHECKS = ["unit_check", "unattended_check", "mirror_check", "hostile_check", "window_check"]
 

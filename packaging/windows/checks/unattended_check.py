@@ -7,9 +7,9 @@ import shutil
 import subprocess
 import unittest
 
-import private_network
-from program import tree, wait_until
-from web import ScriptedServer, links_to, page
+from tests.e2e import private_network
+from tests.e2e.program import tree, wait_until
+from tests.e2e.web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, PROGRAM, ROOT, Wine, crawl_arguments
 
 HERE = crawl_arguments("www.example.test", "C:\\Mirror")

@@ -4,7 +4,7 @@ import re
 import shutil
 import unittest
 
-import private_network
+from tests.e2e import private_network
 from wine import DRIVE_C, ROOT, Wine
 
 # Why a test cannot be passed here.

@@ -3,11 +3,10 @@
 import shutil
 import unittest
 
-import private_network
-import take_pictures
-import web
-from desktop import MAIN, WIZARD, Desktop
-from program import Crawl, copy_program, tree
+from tests.e2e import private_network, take_pictures
+from tests.e2e import web
+from tests.e2e.desktop import MAIN, WIZARD, Desktop
+from tests.e2e.program import Crawl, copy_program, tree
 from wine import DRIVE_C, PROGRAM, ROOT, Wine
 
 WEBSITES = DRIVE_C / "Websites"

@@ -6,16 +6,11 @@ scripts/take_pictures builds the program, installs the site that is shown, and s
 
 import os
 import subprocess
-import sys
 from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent / "tests/e2e"))
-
-import private_network  # noqa: E402
-import web  # noqa: E402
-from desktop import MAIN, WIZARD, Desktop  # noqa: E402
-from program import copy_program, wait_until  # noqa: E402
+from tests.e2e import private_network, web
+from tests.e2e.desktop import MAIN, WIZARD, Desktop
+from tests.e2e.program import copy_program, wait_until
 
 SITE = "www.example.test"
 ROOT = "/usr/share/doc/python-flask-doc/html"
@@ -101,7 +96,7 @@ def main():
     try:
         with web.nginx(private_network.scratch("nginx"), {SITE: ROOT}, "limit_rate 20k;"):
             running = desktop.start(copy_program(private_network.scratch("program")))
-            take_all(desktop, running, home / "Websites", HERE / "pictures")
+            take_all(desktop, running, home / "Websites", Path("docs/pictures").resolve())
     finally:
         desktop.close()
 
