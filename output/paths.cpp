@@ -26,35 +26,42 @@ bool CreateAndNote(const std::string& folder) {
     return true;
 }
 
-/// Makes the missing ones of the folders that end in `way` at `ends`, each in the one before, root
-/// first. Mostly all are there, or all but the last; otherwise as few as possible are asked for: a
-/// site may link deeper and deeper below a folder that cannot be made.
-void MakeMissingFolders(const std::string& way, const std::vector<std::size_t>& ends) {
+/// Makes the missing ones of the folders that end in `way` at `ends`, each a folder in the one
+/// before, root first. Mostly all are there, or all but the last; otherwise as few as possible are
+/// asked for: a site may link deeper and deeper below a folder that cannot be made.
+void MakeMissingFolders(const std::string& way, std::vector<std::size_t>& ends) {
     const auto folder = [&way](std::size_t end) { return way.substr(0, end); };
+    const auto may_make = [&folder](std::size_t end) { return MayMakeFolder(folder(end)); };
     const auto exists = [&folder](std::size_t end) {
         return platform::System().files.FolderExists(folder(end));
     };
-    if (ends.empty() || !MayMakeFolder(folder(ends.back()))) return;
-    if (exists(ends.back()) || CreateAndNote(folder(ends.back()))) return;
+    // Where the last one may not be made, those that may, or are there, come first.
+    if (!ends.empty() && !may_make(ends.back())) {
+        ends.erase(std::partition_point(ends.begin(), ends.end(), may_make), ends.end());
+    }
+    if (ends.empty() || exists(ends.back()) || CreateAndNote(folder(ends.back()))) return;
+    // A folder whose parent is missing cannot be made.
     auto missing = std::partition_point(ends.begin(), ends.end(), exists);
-    while (missing != ends.end() && CreateAndNote(folder(*missing))) {
+    while (missing != ends.end() && may_make(*missing) && CreateAndNote(folder(*missing))) {
         ++missing;
     }
 }
 
 /// Every name on the way but the last is a folder, called as it stands there without blanks in
-/// front.
+/// front. A folder that is named again on the way ("a\.\", "a\\") is there or cannot be made.
 void MakeFoldersOnTheWayTo(std::string_view path) {
     std::string way;
     std::vector<std::size_t> ends;
     std::string_view rest = text::Trim(path);
     for (std::size_t end; (end = rest.find('\\')) != rest.npos;) {
-        if (rest.starts_with("..")) {  // what follows lies no longer in what was before
+        const std::string_view name = rest.substr(0, end);
+        if (name == "..") {  // what follows lies no longer in what was before
             MakeMissingFolders(way, ends);
             ends.clear();
         }
+        const bool is_named_again = !way.empty() && (name.empty() || name == ".");
         way.append(rest, 0, end + 1);
-        ends.push_back(way.size());
+        if (!is_named_again) ends.push_back(way.size());
         rest = text::Trim(rest.substr(end + 1));
     }
     MakeMissingFolders(way, ends);

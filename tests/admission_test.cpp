@@ -114,7 +114,7 @@ TEST_F(AdmissionTest, NothingOutsideTheFolderIsLookedAt) {
         system_.files.Have(std::string("c:\\outside\\") + name + ".html", "");
     }
     system_.files.on_look = [](const std::string& path) {
-        EXPECT_TRUE(path.starts_with("c:\\Mirror")) << path;
+        EXPECT_TRUE(path == "c:" || path.starts_with("c:\\Mirror")) << path;
     };
     const Addresses links = {"site.com/a/../../../outside/there.html",
                              "site.com/a/../../../outside/missing.html",
@@ -138,9 +138,9 @@ TEST_F(AdmissionTest, AFolderIsNoFile) {
 }
 
 TEST_F(AdmissionTest, LinksThatGrowForEverEndAndNoneCostsMuchMore) {
-    // Folders that can be made, and such that cannot.
-    for (const std::size_t length : {20, 290}) {
-        const std::string name = std::string(length, 'd') + "/";
+    // Folders that can be made, one that cannot, and two whose names are near "." and "..".
+    for (const auto& name :
+         {std::string(20, 'd') + "/", std::string(290, 'd') + "/", "d/.*/e/"s, "d/..e/"s}) {
         BeginCrawl("C:\\Mirror\\");
         int looks = 0;
         system_.files.on_look = [&looks](const std::string&) { ++looks; };

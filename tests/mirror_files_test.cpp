@@ -10,9 +10,8 @@
 #include "output/paths.h"
 #include "output/records.h"
 #include "output/save_file.h"
-#include "platform/system_files.h"
+#include "tests/fakes/disk_system.h"
 #include "tests/fakes/fake_system.h"
-#include "tests/fakes/temp_folder.h"
 
 using namespace bas_Output;
 using std::string_literals::operator""s;
@@ -79,6 +78,28 @@ TEST_F(Confinement, AFolderThatNoRecordFileNeedsMayBeMadeInsideOrOnTheWay) {
     for (const char* folder : {"C:\\other\\", "c:\\new\\site", "c:\\mirror\\a", "z:\\new",
                                "c:\\new\\sites\\Log.txt\\", "c:\\new\\sites\\transdd.txt"}) {
         EXPECT_FALSE(MayMakeFolder(folder)) << folder;
+    }
+}
+
+TEST_F(Confinement, TheFoldersBeforeOneThatMayNotBeMadeAreMade) {
+    const struct {
+        const char *path, *made;
+    } cases[] = {
+        {"C:\\new\\sites\\transdd.txt\\a", "c:\\new\\*c:\\new\\sites\\*"},
+        {"C:\\new\\sites\\log.txt\\deep\\in\\a", "c:\\new\\*c:\\new\\sites\\*"},
+        {"C:\\new\\other\\deep\\a", "c:\\new\\*"},
+        {"C:\\new\\sites\\h\\..\\..\\..\\outside\\new\\a",
+         "c:\\new\\*c:\\new\\sites\\*c:\\new\\sites\\h\\*"},
+        {"Z:\\a\\b\\c", ""},
+    };
+    crawl::TargetFolder = "C:\\new\\sites\\";
+    const fakes::MemoryFiles before = system.files;
+    for (const auto& c : cases) {
+        system.files = before;
+        crawl::MadeFolders.clear();
+        std::string path = c.path;
+        MakeLocalPath(path);
+        EXPECT_EQ(crawl::MadeFolders, c.made) << path;
     }
 }
 
@@ -175,7 +196,8 @@ TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
 }
 
 TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
-    const fakes::TempFolder folder;
+    fakes::DiskSystem disk;
+    const fakes::TempFolder& folder = disk.folder;
     const auto mirror = folder.SystemPath() / "mirror";
     for (const char* made : {"site.com/real", "other.net"}) {
         std::filesystem::create_directories(mirror / made);
@@ -194,15 +216,6 @@ TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
         if (error == std::errc::function_not_supported) GTEST_SKIP() << "no links on this system";
     }
 
-    fakes::FakeSystem fake;
-    platform::SystemFiles files(folder.SystemPath().string());
-    const platform::Services services{platform::System().events,
-                                      files,
-                                      fake.settings,
-                                      fake.page_text,
-                                      fake.processes,
-                                      fake.boxes};
-    platform::InstallSystem(&services);
     crawl::TargetFolder = folder.Text() + "\\mirror\\";
     for (const std::string path : {"log.txt", "site.com\\outside\\outside.txt",
                                    "site.com\\other\\a.html", "site.com\\b.html"}) {
@@ -212,9 +225,9 @@ TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
         EXPECT_EQ(ReadMirrorFile(crawl::TargetFolder + path), std::nullopt) << path;
     }
     EXPECT_TRUE(WriteMirrorPage(crawl::TargetFolder + "site.com\\in\\a.html", "site.com", {"x"}));
-    EXPECT_EQ(files.ReadFile(crawl::TargetFolder + "site.com\\real\\a.html"), "x");
-    EXPECT_EQ(files.ReadFile(folder.Text() + "\\outside.txt"), "old");
-    EXPECT_EQ(files.ReadFile(crawl::TargetFolder + "other.net\\a.html"), "old");
+    EXPECT_EQ(disk.files.ReadFile(crawl::TargetFolder + "site.com\\real\\a.html"), "x");
+    EXPECT_EQ(disk.files.ReadFile(folder.Text() + "\\outside.txt"), "old");
+    EXPECT_EQ(disk.files.ReadFile(crawl::TargetFolder + "other.net\\a.html"), "old");
 }
 
 }  // namespace

@@ -2,7 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "tests/fakes/disk_system.h"
 #include "tests/fakes/fake_system.h"
+#include "text/text.h"
 
 using namespace bas_Output;
 
@@ -70,6 +77,87 @@ TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
     EXPECT_EQ(crawl::MadeFolders,
               "c:\\web\\site.com\\a\\*c:\\web\\site.com\\a\\b\\*"
               "c:\\web\\site.com\\a\\b\\..\\..\\c\\*");
+}
+
+void ExpectEachFolderNotedOnce(platform::Files& files, const std::string& target) {
+    const struct {
+        std::string path;
+        std::vector<std::string> noted;
+    } cases[] = {
+        {"1\\.\\d\\a", {"1\\", "1\\.\\d\\"}},
+        {"2\\\\\\d\\a", {"2\\", "2\\\\d\\"}},
+        {"3\\.\\a", {"3\\"}},
+        {"4\\.\\.\\..\\.\\4d\\.\\d\\a",
+         {"4\\", "4\\.\\.\\..\\.\\4d\\", "4\\.\\.\\..\\.\\4d\\.\\d\\"}},
+        {".\\5\\..\\5\\.\\a", {".\\5\\"}},
+        {"6\\.\\d\\.\\.\\e\\..\\a", {"6\\", "6\\.\\d\\", "6\\.\\d\\.\\.\\e\\"}},
+        {"5\\.\\\\\\.\\a", {}},
+    };
+    crawl::TargetFolder = target;
+    for (const auto& c : cases) {
+        std::string noted;
+        for (const std::string& folder : c.noted) {
+            noted += text::LowerCase(target) + folder + "*";
+        }
+        crawl::MadeFolders.clear();
+        std::string path = target + c.path;
+        MakeLocalPath(path);
+        EXPECT_EQ(crawl::MadeFolders, noted) << path;
+        EXPECT_TRUE(files.WriteFile(path, {"x"})) << path;
+    }
+}
+
+TEST(FoldersOnTheWay, AreMadeAndNotedOnceHoweverOftenThePathNamesThem) {
+    fakes::FakeSystem system;
+    system.files.Have("C:\\Web");
+    ExpectEachFolderNotedOnce(system.files, "C:\\Web\\");
+    fakes::DiskSystem disk;
+    ExpectEachFolderNotedOnce(disk.files, disk.folder.Text() + "\\");
+}
+
+std::string WithoutBlanksAround(std::string s) {
+    while (s.starts_with(' '))
+        s.erase(0, 1);
+    while (s.ends_with(' '))
+        s.pop_back();
+    return s;
+}
+
+/// Every folder on the way is made in turn, and what fails is passed over.
+std::string MakeFoldersPlainly(std::string rest, platform::Files& files) {
+    std::string before, noted;
+    for (std::size_t end; (end = rest.find('\\')) != rest.npos;) {
+        const std::string name = rest.substr(0, end + 1);
+        const std::string folder = WithoutBlanksAround(before) + WithoutBlanksAround(name);
+        if (files.CreateFolder(folder)) noted += folder + "*";
+        before += name;
+        rest = WithoutBlanksAround(rest.substr(end + 1));
+    }
+    return noted;
+}
+
+TEST_F(MakeLocalPathTest, MakesAndNotesWhatMakingEachFolderInTurnDoes) {
+    const char* const names[] = {"a", "b",  "new", "file.html", "refused", ".",
+                                 "",  "..", " a",  "b ",        "...",     "..b"};
+    std::minstd_rand random(13);
+    for (int round = 0; round < 300; ++round) {
+        system.files = {};
+        system.files.Have("c:\\a\\b");
+        system.files.Have("c:\\a\\file.html", "in the way");
+        system.files.refused = {"c:\\refused", "c:\\a\\new\\refused"};
+        fakes::MemoryFiles plain = system.files;
+        for (int paths = 0; paths < 5; ++paths) {
+            std::string path = "c:\\";
+            for (auto depth = random() % 9; depth > 0; --depth) {
+                path.append(names[random() % std::size(names)]).append("\\");
+            }
+            crawl::MadeFolders.clear();
+            crawl::TargetFolder = "C:\\";
+            MakeLocalPath(path);
+            EXPECT_EQ(crawl::MadeFolders, MakeFoldersPlainly(path, plain)) << path;
+            ASSERT_EQ(system.files.folders, plain.folders) << path;
+        }
+    }
 }
 
 TEST_F(MakeLocalPathTest, LosesBlanksBeforeAFolderButNotInThePath) {

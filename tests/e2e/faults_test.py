@@ -24,13 +24,13 @@ class FaultTest(unittest.TestCase):
         self.program = copy_program(self.folder / "program")
         (self.folder / "home").mkdir()
 
-    def start(self, *arguments, folder=None, **more):
-        return Crawl(self.program, START, folder or self.mirror, *arguments, **more)
+    def start(self, *arguments, site=START, folder=None, **more):
+        return Crawl(self.program, site, folder or self.mirror, *arguments, **more)
 
-    def crawl(self, answers, *arguments, seconds=90, folder=None):
+    def crawl(self, answers, *arguments, seconds=90, **how):
         """Crawls what `answers` serves to the end, which must be a good one."""
         with ScriptedServer(answers) as server:
-            crawl = self.start(*arguments, folder=folder)
+            crawl = self.start(*arguments, **how)
             self.assertEqual(crawl.wait(seconds), 0, crawl.output())
         return server
 
@@ -94,6 +94,34 @@ class Escapes(FaultTest):
         roots = [sorted(name for name in os.listdir(root) if "escape" in name or name == "example.test")
                  for root in ("/", "/tmp", self.folder.parent)]
         return near, folders, roots
+
+
+class FoldersNamedTwice(FaultTest):
+    """Folders that are not there yet, and that a path names more than once: "new/./dir" lies in "new"."""
+
+    def test_a_start_page_below_them_is_saved(self):
+        for number, path in enumerate((b"new/./dir/x.html", b"new///dir/x.html", b"new/././a//b/../dir/x.html")):
+            with self.subTest(path=path):
+                mirror = self.folder / f"mirror{number}"
+                asked = b"/" + path.replace(b"//", b"/")
+                self.crawl({asked: page(b"x")}, site=f"{START}/{path.decode()}", folder=mirror)
+                folder = b"new/a/dir" if b".." in path else b"new/dir"
+                self.assertEqual(tree(mirror).get(b"example.test/%s/x.html" % folder), b"x\r\n")
+
+    def test_pages_that_are_linked_below_them_have_placeholders_and_are_saved(self):
+        def look(connection, _):
+            waiting.update(self.placeholders())
+            connection.sendall(page(b"first"))
+
+        waiting = set()
+        names = [b"d/././e/././f/q.html", b"new/./dir/x.html", b"deep\\.\\er/.//a/r.html"]
+        answers = {b"/d/./e/./f/q.html": page(b"q"), b"/new/dir/x.html": page(b"x"),
+                   b"/deep/er/a/r.html": look}
+        server = self.crawl(answers | {b"/": page(links_to(*names))}, "--connections", 1)
+        self.assertEqual(set(server.paths()), {b"/", *answers})
+        self.assertEqual(waiting, {b"example.test/d/e/f/q.html.tmp", b"example.test/new/dir/x.html.tmp",
+                                   b"example.test/deep/er/a/r.html.tmp"})
+        self.assertEqual(set(self.saved()), {HOME, *(path.removesuffix(b".tmp") for path in waiting)})
 
 
 class ManyLinks(FaultTest):

@@ -71,6 +71,7 @@ TEST_F(WizardTest, AnAcceptedFolderSavesTheTypesAndCloses) {
         bool accepted;
     } cases[] = {
         {"C:/sites/a&b?c", "C:\\sites\\a_b_c\\", true},
+        {"C:\\new\\.\\dir", "C:\\new\\.\\dir\\", true},
         {"D:/sites/abc", "D:\\sites\\abc\\", false},  // no such drive here
         {"", "\\", true},
         {"  ", "  \\", false},  // no folder of that name is ever made
