@@ -42,7 +42,8 @@ class NameServer {
     std::map<std::string, int> asked;
 
   private:
-    static constexpr std::size_t kHeader = 12;
+    // Where the answers begin, and the low bytes of two counts before them.
+    static constexpr std::size_t kHeader = 12, kAnswers = 7, kAdditionalRecords = 11;
     static constexpr char kIPv4 = 1, kIPv6 = 28;  // kinds of question
     static constexpr char kNoSuchName = 3;
     static constexpr char kTruncated = 2;
@@ -79,13 +80,15 @@ class NameServer {
         const auto is = [&](std::string_view rule) { return name.starts_with(rule); };
         if (is("silent") || (is("half") && kind == kIPv6) || (is("late") && times <= 2)) return "";
 
-        // The question comes back with the header's flags and counts filled in; answers follow.
+        // The question comes back with the header's flags and counts filled in, and without the
+        // additional record that newer resolvers put behind it; answers follow.
         std::string reply = question.substr(0, at + 5);
         const bool cut = is("big") && !tcp;
         const bool has = !cut && !is("no") && is("six") == (kind == kIPv6);
         reply[2] = static_cast<char>(0x81 | (cut ? kTruncated : 0));
         reply[3] = static_cast<char>(0x80 | (is("no") ? kNoSuchName : 0));
-        reply[7] = has ? 1 : 0;
+        reply[kAnswers] = has ? 1 : 0;
+        reply[kAdditionalRecords] = 0;
         if (!has) return reply;
         using namespace std::string_literals;
         const std::string address = kind == kIPv4 ? "\x7f\0\0\1"s : std::string(15, '\0') + '\1';
