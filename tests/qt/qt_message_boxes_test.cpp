@@ -23,6 +23,14 @@ class QtMessageBoxesTest : public testing::Test {
             dialog != nullptr ? act(*dialog) : WhenOpen(act);
         });
     }
+    /// Leaves no window of the program active, as when the user has gone to another program.
+    static void TakeKeyboardAway() {
+        QWidget other;
+        other.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+        other.hide();
+        EXPECT_EQ(QApplication::activeWindow(), nullptr);
+    }
     BoxAnswer AnswerBy(Qt::Key key, BoxStyle style, QMessageBox::Icon icon) {
         WhenOpen([=](QDialog& dialog) {
             const auto& box = dynamic_cast<QMessageBox&>(dialog);
@@ -54,7 +62,7 @@ TEST_F(QtMessageBoxesTest, OutliveTheirWindow) {
     for (const bool input : {false, true}) {
         auto* const window = new QWidget;
         window->show();
-        QApplication::setActiveWindow(window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
         WhenOpen([window](QDialog& box) {
             EXPECT_EQ(box.parentWidget(), window);
             delete window;
@@ -70,10 +78,7 @@ TEST_F(QtMessageBoxesTest, OutliveTheirWindow) {
 TEST_F(QtMessageBoxesTest, BelongToTheDialogOrTheMainWindow) {
     QMainWindow main_window;
     main_window.show();
-    QWidget other;  // has the keyboard, as a window of another program would
-    other.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    QApplication::setActiveWindow(nullptr);
+    TakeKeyboardAway();
     const auto owner_of_box = [&] {
         QWidget* owner = nullptr;
         WhenOpen([&](QDialog& box) {
@@ -88,6 +93,6 @@ TEST_F(QtMessageBoxesTest, BelongToTheDialogOrTheMainWindow) {
     dialog.setModal(true);
     dialog.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-    QApplication::setActiveWindow(nullptr);
+    TakeKeyboardAway();
     EXPECT_EQ(owner_of_box(), &dialog);
 }
