@@ -45,8 +45,7 @@ void Stream::Raise(std::function<void()> handler) {
     readable_->setEnabled(waiting_.empty());
     if (!waiting_.empty()) {
         // The handler left bytes, of which the system will not tell again.
-        QMetaObject::invokeMethod(
-            this, [this] { Check(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &Stream::Check, Qt::QueuedConnection);
     }
 }
 

@@ -9,8 +9,8 @@ TEST(QtEventLoop, DoEventsRunsWhatIsPendingAndReturns) {
     platform::QtEventLoop loop;
     bool posted = false;
     bool idle = false;
-    QMetaObject::invokeMethod(
-        qApp, [&] { posted = true; }, Qt::QueuedConnection);
+    const auto post = [&] { posted = true; };
+    QMetaObject::invokeMethod(qApp, post, Qt::QueuedConnection);
     QTimer timer;  // there is always more to do, as on a busy network
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] { idle = true; });
     timer.start(0);
