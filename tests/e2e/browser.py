@@ -2,9 +2,16 @@
 
 import json
 
-from selenium import webdriver
-from selenium.webdriver.chrome.options import Options
-from selenium.webdriver.chrome.service import Service
+from tests.e2e import private_network
+
+try:
+    from selenium import webdriver
+    from selenium.webdriver.chrome.options import Options
+    from selenium.webdriver.chrome.service import Service
+except ImportError as fault:
+    private_network.skip(str(fault))
+
+DRIVER = "/usr/bin/chromedriver"
 
 # For every link of the page: the attribute as written, and the address a click or load would go to.
 COLLECT_LINKS = """
@@ -27,7 +34,7 @@ class Browser:
         for word in [*QUIET, f"--user-data-dir={user_data}"]:
             options.add_argument(word)
         options.set_capability("goog:loggingPrefs", {"performance": "ALL"})
-        self.driver = webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
+        self.driver = webdriver.Chrome(service=Service(DRIVER), options=options)
         self.driver.set_page_load_timeout(30)
         self.driver.get("about:blank")
         self.driver.get_log("performance")  # of the page that the browser opened by itself

@@ -5,6 +5,7 @@ import subprocess
 
 from tests.e2e.program import environment, wait_until
 
+COMMANDS = ["/usr/bin/Xvfb", "/usr/bin/openbox", "/usr/bin/xdotool"]  # what is run here
 MAIN = "Vantorin Website Downloader 1.9"
 WIZARD = "New Site Wizard"
 
@@ -29,7 +30,8 @@ class Desktop:
         display = f":{random.randrange(100, 50000)}"
         self.server = subprocess.Popen(["Xvfb", display, "-displayfd", "1", "-nolock", "-noreset",
                                         "-nolisten", "unix", "-nolisten", "tcp", "-screen", "0",
-                                        f"{screen[0]}x{screen[1]}x24"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                                        f"{screen[0]}x{screen[1]}x24"],
+                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         with self.server.stdout as ready:
             ready.readline()
         self.environment = environment(home, DISPLAY=display)

@@ -8,7 +8,7 @@ from collections import Counter
 from urllib.parse import unquote
 
 from tests.e2e import private_network, web
-from tests.e2e.browser import Browser
+from tests.e2e.browser import DRIVER, Browser
 from tests.e2e.program import Crawl, copy_program, tree
 from tests.e2e.site_model import DEFAULT_TYPES, SiteModel, clean_link_name
 
@@ -160,5 +160,5 @@ def excuse(missing, model):
 
 
 if __name__ == "__main__":
-    private_network.enter()
+    private_network.enter(needs=[*SITES.values(), web.NGINX, DRIVER])
     unittest.main(verbosity=2)

@@ -37,8 +37,14 @@ def skip(reason):
     sys.exit(SKIPPED)
 
 
-def enter(ways=tuple(WAYS_IN)):
-    """Returns inside the private network; does not return where it was called."""
+def enter(ways=tuple(WAYS_IN), needs=()):
+    """Returns inside the private network; does not return where it was called. Where one of the files
+    and folders that the test `needs` is missing, it counts as skipped: "./test" installs them on Debian
+    alone.
+    """
+    for path in needs:
+        if not Path(path).exists():
+            skip(f"there is no {path} here")
     if INSIDE in os.environ:
         folder = Path(os.environ[INSIDE])
         atexit.register(shutil.rmtree, folder, ignore_errors=True)

@@ -8,7 +8,8 @@ import threading
 
 from tests.e2e.program import wait_until
 
-NGINX = """\
+NGINX = "/usr/sbin/nginx"
+NGINX_CONFIGURATION = """\
 user root;
 daemon off;
 master_process off;
@@ -35,9 +36,8 @@ def nginx(folder, sites, limits=""):
     servers = "".join(f"server {{ listen 80; server_name {name}; root {root}; }}\n"
                       for name, root in sites.items())
     configuration = folder / "nginx.conf"
-    configuration.write_text(NGINX.format(folder=folder, sites=servers, limits=limits))
-    server = subprocess.Popen(["/usr/sbin/nginx", "-p", folder, "-c", configuration,
-                               "-e", folder / "error.log"])
+    configuration.write_text(NGINX_CONFIGURATION.format(folder=folder, sites=servers, limits=limits))
+    server = subprocess.Popen([NGINX, "-p", folder, "-c", configuration, "-e", folder / "error.log"])
     try:
         wait_until(answers_on_port_80, what="nginx")
         yield

@@ -5,7 +5,7 @@ import time
 import unittest
 
 from tests.e2e import private_network, web
-from tests.e2e.desktop import MAIN, WIZARD, Desktop
+from tests.e2e.desktop import COMMANDS, MAIN, WIZARD, Desktop
 from tests.e2e.program import copy_program, wait_until
 
 SITE = "www.example.test"
@@ -146,5 +146,5 @@ class WizardTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    private_network.enter()
+    private_network.enter(needs=[web.NGINX, *COMMANDS])
     unittest.main(verbosity=2)
