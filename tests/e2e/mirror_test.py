@@ -10,7 +10,7 @@ from urllib.parse import unquote
 from tests.e2e import private_network, web
 from tests.e2e.browser import DRIVER, Browser
 from tests.e2e.program import Crawl, copy_program, tree
-from tests.e2e.site_model import DEFAULT_TYPES, SiteModel, clean_link_name
+from tests.e2e.site_model import SiteModel, clean_link_name, is_wanted
 
 # Sites that no one here wrote: one with many folders and links through "../", one with many pages and
 # pictures, and an old one written by hand. In none do two links lead to one file by different ways of
@@ -136,12 +136,13 @@ class OfflineTest(unittest.TestCase):
             if written.startswith("/"):
                 found["from the root of the site, which links of a page on disk cannot be"] += 1
                 continue
-            target = unquote(address.removeprefix("file://").partition("#")[0].partition("?")[0])
+            file, mark, query = address.removeprefix("file://").partition("#")[0].partition("?")
+            target = unquote(file)
             self.assertTrue(target.startswith(mirror + "/"), f"{path}: {written} leaves the mirror")
             if os.path.isfile(target) or os.path.isfile(target + "/index.html"):
                 found["leads to a saved file"] += 1
                 continue
-            reason = excuse(posixpath.relpath(target, mirror).encode(), model)
+            reason = excuse(posixpath.relpath(target, mirror).encode(), (mark + query).encode(), model)
             self.assertTrue(reason, f"{path}: {written} is broken")
             found[reason] += 1
 
@@ -150,10 +151,12 @@ def is_page(path, response):
     return path.endswith(b".html") and response.startswith(b"HTTP/1.1 200 ")
 
 
-def excuse(missing, model):
+def excuse(missing, query, model):
     """Why a file that a page links to may be missing from the mirror; None when it may not."""
-    if posixpath.splitext(missing)[1].lower() not in DEFAULT_TYPES:
+    if not is_wanted(missing):
         return "missing, its type is not among the wanted ones"
+    if not is_wanted(missing + query):
+        return "missing, its type with the query behind it is not among the wanted ones"
     if clean_link_name(missing) in model.files:
         return "missing, it was saved under a cleaned name"
     return None

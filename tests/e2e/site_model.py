@@ -72,6 +72,12 @@ def links_of(response, base):
         yield link.replace(b"http://http://", b"http://")
 
 
+def is_wanted(link):
+    """Whether what follows the last dot, a query included, is one of the types."""
+    lowered = link.lower()
+    return b".php?" in lowered or lowered[max(lowered.rfind(b"."), 0):] in DEFAULT_TYPES
+
+
 def without_scheme(link):
     return trim(link)[7:] if trim(link).lower().startswith(b"http://") else link
 
@@ -118,9 +124,7 @@ class SiteModel:
         local = posixpath.normpath(local)
         if local + b".html" in self.files or local in self.files or local in self.placeholders:
             return
-        lowered = link.lower()
-        extension = lowered[lowered.rfind(b"."):] if b"." in lowered else lowered
-        if b".php?" not in lowered and extension not in DEFAULT_TYPES:
+        if not is_wanted(link):
             return
         link = link[:-1] if link.endswith(b"?") else link
         if any(ending + b"/.." in link for ending in HOST_ENDINGS):
