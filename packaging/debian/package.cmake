@@ -1,5 +1,7 @@
 # The Debian package: what "cmake --install" puts into /usr, and what Debian wants beside it.
+# It is for the release of Debian on which it is built.
 set(debian_folder ${CMAKE_CURRENT_LIST_DIR})
+cmake_host_system_information(RESULT release QUERY DISTRIB_VERSION_CODENAME)
 configure_file(${debian_folder}/changelog.in ${CMAKE_BINARY_DIR}/debian/changelog @ONLY)
 
 set(CPACK_GENERATOR DEB)

@@ -31,7 +31,8 @@ def as_user(system, *command, **variables):
 def download(system):
     """Without a display."""
     with ScriptedServer(SITE):
-        done = subprocess.run(as_user(system, "vantorin", "--site", "www.example.test", "--folder", "/home/anna/mirror"),
+        done = subprocess.run(as_user(system, "vantorin", "--site", "www.example.test",
+                                      "--folder", "/home/anna/mirror"),
                               capture_output=True, text=True, timeout=60, check=False)
     expect(done.returncode == 0, done.stdout + done.stderr)
     files = tree(system / "home/anna/mirror/example.test")
