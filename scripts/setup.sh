@@ -49,9 +49,14 @@ is_installed() {
     [[ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" == installed ]]
 }
 
-# Installs those of the named packages that are missing; asks for rights only when one is.
+# install_missing PACKAGE...: installs those that are missing; asks for rights only when one is. A system
+# that is no Debian is told what is needed, and whatever lacks something then says so.
 install_missing() {
     local package missing=() as_root=()
+    if ! command -v dpkg-query >/dev/null; then
+        echo "No dpkg here, so nothing is installed. Needed, by the names of Debian's packages: $*" >&2
+        return
+    fi
     for package in "$@"; do
         is_installed "$package" || missing+=("$package")
     done
@@ -67,10 +72,21 @@ install_missing() {
         apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
 }
 
+# is_of_another_place PRESET: whether its build folder was made in another checkout, or before this one
+# was moved. CMake refuses to go on with such a folder.
+is_of_another_place() {
+    local cache=build/$1/CMakeCache.txt
+    [[ -f $cache && ! "$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")" -ef . ]]
+}
+
 # configure PRESET: says nothing unless something fails.
 configure() {
+    local options=(--preset "$1")
     mkdir -p build
-    if ! cmake --preset "$1" >build/configure.log 2>&1; then
+    if is_of_another_place "$1"; then
+        options+=(--fresh)
+    fi
+    if ! cmake "${options[@]}" >build/configure.log 2>&1; then
         cat build/configure.log >&2
         return 1
     fi
