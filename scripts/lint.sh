@@ -1,5 +1,7 @@
 # The checks of "./test lint": each says what it finds, and fails when it finds something.
 
+LINT_CHECKS=(format warnings tidy shellcheck ruff)
+
 lint_format() {
     find . -path ./build -prune -o '(' -name '*.cpp' -o -name '*.h' ')' -print0 |
         xargs -0 clang-format --dry-run --Werror
@@ -11,16 +13,34 @@ lint_warnings() {
 
 # clang-tidy takes several seconds a file, so it reads only what the branch changed.
 lint_tidy() {
-    local base changed units
+    local base patterns
     base=$(base_of_changes)
-    changed=$(git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h')
-    units=$(units_of $changed)
-    if [[ -z $units ]]; then
+    # It takes patterns for whole paths.
+    patterns=$(git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h' | units_of | sed "s|.*|^$PWD/&$|")
+    if [[ -z $patterns ]]; then
         return
     fi
     configure lint
-    # It takes patterns for whole paths, and counts the warnings in headers of the system aloud.
-    run-clang-tidy -quiet -p build/lint -j "$(nproc)" $(sed "s|.*|^$PWD/&$|" <<<"$units") 2>/dev/null
+    # It counts the warnings in headers of the system aloud.
+    xargs -d '\n' run-clang-tidy -quiet -p build/lint -j "$(nproc)" <<<"$patterns" 2>/dev/null
+}
+
+# Every script of bash is named as one or says so on its first line.
+lint_shellcheck() {
+    {
+        find . -path ./build -prune -o -name '*.sh' -print0
+        grep -rlIZ --exclude-dir=build --exclude-dir=.git '^#!/bin/bash$' .
+    } | xargs -0 shellcheck
+}
+
+# Debian has no ruff so far; there flake8 looks for what ruff looks for unless it is told otherwise.
+lint_ruff() {
+    if command -v ruff >/dev/null; then
+        ruff check --quiet --no-cache .
+    else
+        echo "skipped: there is no ruff here; flake8 looks for the same faults" >&2
+        flake8 --extend-exclude=build --select=E4,E7,E9,F .
+    fi
 }
 
 # Where the branch left main; on main itself, the commit before the last one.
@@ -33,11 +53,11 @@ base_of_changes() {
     echo "$base"
 }
 
-# units_of FILE...: the .cpp files by which clang-tidy sees these files: a header is seen by its own
-# .cpp, else by one that includes it.
+# Turns names of files into those of the .cpp files by which clang-tidy sees them: a header is seen by its
+# own .cpp, else by one that includes it.
 units_of() {
     local file
-    for file in "$@"; do
+    while read -r file; do
         if [[ $file == *.cpp ]]; then
             echo "$file"
         elif [[ -f ${file%.h}.cpp ]]; then
@@ -52,7 +72,7 @@ units_of() {
 lint() {
     local check checks=("$@")
     if ((${#checks[@]} == 0)); then
-        checks=(format warnings tidy)
+        checks=("${LINT_CHECKS[@]}")
     fi
     for check in "${checks[@]}"; do
         echo "lint: $check" >&2

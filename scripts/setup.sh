@@ -1,4 +1,5 @@
 # Shared by the scripts that people start: Debian packages and the build.
+# shellcheck disable=SC2034  # the lists are for those scripts
 
 BUILD_PACKAGES=(
     cmake
@@ -36,8 +37,10 @@ BENCH_PACKAGES=(
 LINT_PACKAGES=(
     clang-format
     clang-tidy
+    flake8
     git
     libgtest-dev
+    shellcheck
 )
 
 # The site in the pictures of docs/pictures, on top of the packages for the tests.
