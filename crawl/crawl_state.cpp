@@ -20,4 +20,6 @@ bool Stopping = false;
 crawl::ListItems List1;
 crawl::ListItems List2;
 
+AddressReport Report;
+
 }  // namespace crawl

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "crawl/list_items.h"
+#include "crawl/report.h"
 #include "text/consumable_text.h"
 #include "text/one_based.h"
 
@@ -24,6 +26,7 @@ struct ConnectionSlot {
     std::int16_t Attempts = 0;  ///< connection attempts for this job, from 1
     unsigned Job = 1;           ///< raised when a job begins and when one is ended before its time
     unsigned JobAtWork = 0;     ///< the job whose response is being worked on right now; 0 for none
+    std::size_t Row = kNoRow;   ///< the address in the report
 };
 
 /// A slot is free when its socket is closed; its fields keep the last job until it is reused.
@@ -44,5 +47,7 @@ extern bool Stopping;            ///< the window is being reloaded after a stop 
 
 extern crawl::ListItems List1;  ///< the queue, worked from its end
 extern crawl::ListItems List2;  ///< links on the site whose type is not wanted
+
+extern AddressReport Report;  ///< what became of each address
 
 }  // namespace crawl

@@ -1,0 +1,225 @@
+#include "crawl/report.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace crawl {
+
+namespace {
+
+constexpr std::array<std::string_view, kOutcomeCount> kNames = {
+    "queued",     "under way",   "saved",     "moved",     "error",     "short",
+    "unanswered", "not written", "too large", "not asked", "unfinished"};
+
+/// A server can make every detail a different one: then they are not worth looking for.
+constexpr std::size_t kMostShared = 1000;
+constexpr std::size_t kLongestDetail = 1000;
+
+/// An outcome of a higher rank replaces one of a lower; the highest stays.
+constexpr int kWholeOnDisk = 4;
+int RankOf(Outcome outcome) {
+    switch (outcome) {
+        case Outcome::Saved:
+        case Outcome::Moved:
+        case Outcome::Error:
+            return kWholeOnDisk;
+        case Outcome::Short:
+            return 3;
+        case Outcome::NotWritten:
+        case Outcome::TooLarge:
+            return 2;
+        case Outcome::Unanswered:
+        case Outcome::NotAsked:
+            return 1;
+        case Outcome::Queued:
+        case Outcome::UnderWay:
+        case Outcome::Unfinished:
+            break;
+    }
+    return 0;
+}
+
+Outcome OutcomeOf(const Answer& answer) {
+    if (answer.status >= 400 && answer.status < 600) return Outcome::Error;
+    if (answer.status >= 300 && answer.status < 400) return Outcome::Moved;
+    return answer.bytes < answer.announced.value_or(0) ? Outcome::Short : Outcome::Saved;
+}
+
+std::chrono::milliseconds SteadyTime() {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+std::size_t HashOf(std::string_view path) {
+    return std::hash<std::string_view>()(path);
+}
+
+}  // namespace
+
+std::string_view NameOf(Outcome outcome) {
+    return kNames[static_cast<std::size_t>(outcome)];
+}
+
+AddressReport::AddressReport() : clock(SteadyTime), began_(clock()) {}
+
+void AddressReport::Clear() {
+    rows_.clear();
+    counts_ = {};
+    queued_.clear();
+    taken_.clear();
+    shared_.clear();
+    texts_.Clear();
+    known_files_ = {};
+    answered_row_ = kNoRow;
+    already_there_ = 0;
+    ++changes_;
+    began_ = clock();
+    stopped_ = false;
+    for (ReportObserver* const observer : observers_)
+        observer->Cleared();
+}
+
+void AddressReport::Add(std::string_view address) {
+    const std::size_t row = rows_.size();
+    rows_.emplace_back().address = texts_.Keep(address);
+    ++counts_[static_cast<std::size_t>(Outcome::Queued)];
+    Tell(&ReportObserver::RowAdded, row);
+    if (!stopped_) {
+        queued_.push_back(static_cast<std::uint32_t>(row));
+        return;
+    }
+    SetOutcome(row, Outcome::Unfinished);
+    Settle(row);
+}
+
+std::size_t AddressReport::TakeNewest(std::size_t old) {
+    if (const ReportRow* const row = Find(old); row && HasEnded(row->outcome)) Settle(old);
+    if (queued_.empty()) return kNoRow;
+    const std::size_t row = queued_.back();
+    queued_.pop_back();
+    taken_.push_back(row);
+    rows_[row].started = Elapsed();
+    SetOutcome(row, Outcome::UnderWay);
+    return row;
+}
+
+void AddressReport::NoteFailedTry(std::size_t row, int attempt, std::string_view why) {
+    ReportRow* const found = Find(row);
+    if (found == nullptr || HasEnded(found->outcome)) return;
+    found->attempts = static_cast<std::uint16_t>(attempt);
+    if (found->detail == why) return;
+    found->detail = Share(why);
+    Tell(&ReportObserver::RowChanged, row);
+}
+
+void AddressReport::End(std::size_t row, Outcome outcome, int attempts, std::string_view detail) {
+    EndAs(row, outcome, attempts, {.detail = detail});
+}
+
+void AddressReport::NoteAnswer(std::size_t row, int attempts, const Answer& answer) {
+    answered_row_ = row;
+    answered_attempts_ = attempts;
+    answer_ = answer;
+    answer_.detail = Share(answer.detail);
+}
+
+void AddressReport::Written(std::size_t row) {
+    if (std::exchange(answered_row_, kNoRow) != row) return;
+    EndAs(row, OutcomeOf(answer_), answered_attempts_, answer_);
+}
+
+void AddressReport::NotWritten(std::size_t row, std::string_view why) {
+    if (std::exchange(answered_row_, kNoRow) != row) return;
+    answer_.detail = why;
+    EndAs(row, Outcome::NotWritten, answered_attempts_, answer_);
+}
+
+void AddressReport::Stop() {
+    stopped_ = true;
+    std::vector<std::uint32_t> unfinished = std::exchange(queued_, {});
+    for (const std::size_t row : std::vector<std::size_t>(taken_)) {
+        if (HasEnded(rows_[row].outcome)) {
+            Settle(row);
+        } else {
+            unfinished.push_back(static_cast<std::uint32_t>(row));
+        }
+    }
+    std::ranges::sort(unfinished);
+    for (const std::size_t row : unfinished) {
+        SetOutcome(row, Outcome::Unfinished);
+        Settle(row);
+    }
+}
+
+void AddressReport::NoteOwnFile(std::string_view path) {
+    known_files_.insert(HashOf(path));
+}
+
+void AddressReport::NoteKnownFile(std::string_view path) {
+    if (!known_files_.insert(HashOf(path)).second) return;
+    if (known_files_.contains(HashOf(std::string(path).append(".html")))) return;
+    ++already_there_;
+    ++changes_;
+    for (ReportObserver* const observer : observers_)
+        observer->AlreadyThereChanged();
+}
+
+void AddressReport::AddObserver(ReportObserver& observer) {
+    observers_.push_back(&observer);
+}
+
+void AddressReport::RemoveObserver(ReportObserver& observer) {
+    std::erase(observers_, &observer);
+}
+
+ReportRow* AddressReport::Find(std::size_t row) {
+    return row < rows_.size() ? &rows_[row] : nullptr;
+}
+
+/// A lasting copy of `detail`, the same one for all rows as long as there are few different ones.
+std::string_view AddressReport::Share(std::string_view detail) {
+    detail = detail.substr(0, kLongestDetail);
+    if (const auto known = shared_.find(detail); known != shared_.end()) return *known;
+    const std::string_view kept = texts_.Keep(detail);
+    if (shared_.size() < kMostShared) shared_.insert(kept);
+    return kept;
+}
+
+void AddressReport::SetOutcome(std::size_t row, Outcome outcome) {
+    Outcome& present = rows_[row].outcome;
+    --counts_[static_cast<std::size_t>(present)];
+    ++counts_[static_cast<std::size_t>(outcome)];
+    present = outcome;
+    Tell(&ReportObserver::RowChanged, row);
+}
+
+void AddressReport::EndAs(std::size_t row, Outcome outcome, int attempts, const Answer& answer) {
+    ReportRow* const found = Find(row);
+    if (found == nullptr || found->settled || RankOf(outcome) < RankOf(found->outcome)) return;
+    found->detail = Share(answer.detail);
+    found->status = answer.status;
+    found->bytes = answer.bytes;
+    found->announced = answer.announced;
+    found->attempts = static_cast<std::uint16_t>(attempts);
+    found->took = Elapsed() - found->started;
+    SetOutcome(row, outcome);
+    if (RankOf(outcome) == kWholeOnDisk) Settle(row);
+}
+
+void AddressReport::Settle(std::size_t row) {
+    if (std::exchange(rows_[row].settled, true)) return;
+    std::erase(taken_, row);
+    Tell(&ReportObserver::RowSettled, row);
+}
+
+void AddressReport::Tell(void (ReportObserver::*what)(std::size_t), std::size_t row) {
+    ++changes_;
+    for (ReportObserver* const observer : observers_)
+        (observer->*what)(row);
+}
+
+Milliseconds AddressReport::Elapsed() const {
+    return std::chrono::duration_cast<Milliseconds>(clock() - began_);
+}
+
+}  // namespace crawl
