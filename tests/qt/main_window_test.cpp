@@ -182,11 +182,14 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     Click("Command4");
     EXPECT_EQ(system.processes.folders, (Texts{"C:\\Websites\\", "c:\\mine\\"}));
 
+    const auto shows = [](const ui::AddressList& list, int rows) {
+        return QTest::qWaitFor([&] { return list.model()->rowCount() == rows; });
+    };
     auto& queue = The<ui::AddressList>("List1");
     emit queue.Activated();
     for (const char* item : {"www.site.com/a", "HTTP://site.com/b", " www.site.com/c "}) {
         crawl::List1.AddItem(item);
-        QTest::qWait(100);
+        ASSERT_TRUE(shows(queue, int(crawl::List1.Count())));
         QTest::keyClick(&queue, Qt::Key_End);
         QTest::keyClick(&queue, Qt::Key_Return);
     }
@@ -195,8 +198,8 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
 
     Click("OtherLinks");
     crawl::List2.AddItem("site.com/d.iso");
-    QTest::qWait(100);
     auto& other_links = The<ui::AddressList>("List2");
+    ASSERT_TRUE(shows(other_links, 1));
     other_links.selectRow(0);
     other_links.findChild<QAction*>("OpenAddress")->trigger();
     EXPECT_EQ(system.processes.addresses.back(), "http://site.com/d.iso");
