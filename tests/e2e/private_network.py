@@ -61,6 +61,8 @@ def enter(ways=tuple(WAYS_IN), needs=()):
             os.environ[INSIDE] = str(folder)
             os.execvp(way[0], [*way, *sys.orig_argv])
         reason = trial.stderr.strip()
+    if "propagation" in reason:
+        reason += " (the root of this chroot has to be a mount point; bind it to itself before)"
     skip(f"no private network can be made here: {reason}")
 
 
