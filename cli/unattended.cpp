@@ -11,7 +11,9 @@
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
+#include "engine/typed_address.h"
 #include "platform/path_text.h"
+#include "platform/qt/ascii_host.h"
 #include "setup/file_types.h"
 #include "setup/settings.h"
 #include "text/text.h"
@@ -86,6 +88,17 @@ bool PrepareFileTypes(Terminal& terminal) {
     return false;
 }
 
+/// One line beside the output, when nothing can come of an address. The crawl goes its way all the
+/// same, as it does from the window.
+void WarnOf(const std::string& site) {
+    const bas_Connections::AddressFault fault =
+        bas_Connections::FaultOfTypedAddress(site, platform::AsciiHost);
+    if (fault.what.empty()) return;
+    const std::string advice =
+        fault.instead.empty() ? "." : ". Did you mean " + fault.instead + "?";
+    OutputStream(OutputStream::Which::Error).Write(fault.what + advice + kLineEnd);
+}
+
 void Start(const CrawlOrder& order, ui::frmMain& window) {
     window.ChooseConnections(order.connections);
     window.SetText1(order.site);
@@ -145,6 +158,7 @@ int RunCrawl(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& termin
 
 int RunUnattended(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& terminal) {
     HandleSignals();
+    WarnOf(order.site);
     int exit_code = kExitUnusable;
     if (PrepareFolder(order.folder, terminal) && PrepareFileTypes(terminal)) {
         exit_code = RunCrawl(order, holder, terminal);

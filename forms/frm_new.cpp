@@ -10,7 +10,7 @@
 #include "crawl/crawl_state.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
-#include "forms/address_hint.h"
+#include "forms/address_line.h"
 #include "forms/byte_list.h"
 #include "forms/z_dir.h"
 #include "forms/z_filter.h"
@@ -77,6 +77,7 @@ void frmNew::Form_Load() {
         txt_url_->setText(platform::FromBytes(bas_General::ReadSetting("LastURL", "http://")));
     }
     txtURL_Change();
+    address_line_->Judge();
     SetTxtDir(bas_General::StoredFolder());
     list2_->addItems({"5", "10", "20", "30", "45"});
     list2_->setEditText(platform::FromBytes(bas_General::ReadSetting("Timeout", "15")));
@@ -104,9 +105,7 @@ void frmNew::ApplyTimeout(const std::string& seconds) {
 }
 
 void frmNew::txtURL_Change() {
-    const std::string address = platform::ToBytes(txt_url_->text());
-    bas_General::PutSetting("LastURL", address);
-    address_hint_->setText(platform::FromBytes(AddressHint(address)));
+    bas_General::PutSetting("LastURL", platform::ToBytes(txt_url_->text()));
 }
 
 void frmNew::txtDir_Change() {

@@ -10,6 +10,7 @@ class QPushButton;
 
 namespace ui {
 
+class AddressLine;
 class ByteList;
 class ChoiceBox;
 class ElidedLabel;
@@ -31,7 +32,6 @@ class frmNew : public QDialog {
     void MakeMainArea();
     void MakeAddressBoxes();
     void MakeButtons();
-    ElidedLabel* MakeHint(const char* name);
     void MakeOptionsArea();
     void ConnectHandlers();
 
@@ -65,7 +65,7 @@ class frmNew : public QDialog {
     bool unloaded_ = false;
     QLineEdit* txt_url_;
     QLineEdit* txt_dir_;
-    ElidedLabel* address_hint_;   ///< what the address will make the crawl ask for
+    AddressLine* address_line_;   ///< what the address will make the crawl ask for
     ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
     QPushButton* command1_;
     QPushButton* command2_;

@@ -2,6 +2,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "forms/address_line.h"
 #include "forms/byte_list.h"
 #include "forms/decoration.h"
 #include "forms/frm_new.h"
@@ -37,8 +38,8 @@ void frmNew::MakeControls() {
     AddPictures(this);
     MakeMainArea();
     MakeOptionsArea();
-    SetTabOrder({txt_url_, txt_dir_, command7_, command1_, command6_, list1_, command3_, command4_,
-                 command5_, list2_, command8_, command2_});
+    SetTabOrder({txt_url_, address_line_->Link(), txt_dir_, command7_, command1_, command6_, list1_,
+                 command3_, command4_, command5_, list2_, command8_, command2_});
     txt_url_->setFocus();
 }
 
@@ -59,8 +60,10 @@ void frmNew::MakeAddressBoxes() {
     txt_url_->setText("http://");
     txt_dir_ = new AddressBox("txtDir", this);
     txt_dir_->setText("C:\\websites\\");
-    address_hint_ = MakeHint("AddressHint");
-    system_folder_ = MakeHint("SystemFolder");
+    address_line_ = new AddressLine("AddressHint", txt_url_, this);
+    system_folder_ = new ElidedLabel("SystemFolder", "", this);
+    system_folder_->setFont(SmallLabelFont());
+    system_folder_->SetQuiet(true);
     QLabel* label1 = MakeLabel("Label1", "Website to Download", this);
     label1->setBuddy(txt_url_);
     QLabel* label4 = MakeLabel("Label4", "Save to this Directory", this);
@@ -68,17 +71,10 @@ void frmNew::MakeAddressBoxes() {
 
     PlaceTwips(label1, 600, 1380, 4500, 270);
     PlaceTwips(txt_url_, 600, 1680, 5775, 345);
-    PlaceTwips(address_hint_, 600, 2025, 5775, 225);
+    PlaceTwips(address_line_, 600, 2025, 5775, 225);
     PlaceTwips(label4, 600, 2265, 4500, 240);
     PlaceTwips(txt_dir_, 1200, 2520, 5175, 345);
     PlaceTwips(system_folder_, 1200, 2865, 5175, 225);
-}
-
-ElidedLabel* frmNew::MakeHint(const char* name) {
-    auto* hint = new ElidedLabel(name, "", this);
-    hint->setFont(SmallLabelFont());
-    hint->SetQuiet(true);
-    return hint;
 }
 
 void frmNew::MakeButtons() {

@@ -92,6 +92,7 @@ void frmMain::SetText1(const std::string& address) {
 
 void frmMain::SetText1Enabled(bool enabled) {
     text1_->setEnabled(enabled);
+    JudgeAddress();
 }
 
 void frmMain::FocusText1() {

@@ -24,6 +24,7 @@ class QDialog;
 
 namespace ui {
 
+class AddressLine;
 class WindowHolder;
 
 /// The main window: the download monitor. It shows what the crawl writes into it and turns clicks
@@ -99,6 +100,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void Form_Resize();
     void HideWhatDoesNotFit();
     void PlaceOtherLinksButton();
+    void PlaceAddressLine();
 
     // frm_main_commands.cpp
     void ConnectHandlers();
@@ -110,6 +112,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void mnunew_Click();
     void mnuabout_Click();
     void ShowOtherLinks(bool other_links);
+    void JudgeAddress();
     void ListChanged();
 
     // frm_main_progress.cpp
@@ -146,6 +149,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
 
     QWidget* client_;  ///< the area below the menu, in which everything lies
     QLineEdit* text1_;
+    AddressLine* address_line_;  ///< what the address will make the crawl ask for
     QPushButton* command1_;
     QPushButton* command2_;
     QPushButton* command3_;

@@ -2,6 +2,7 @@
 #include "engine/http_exchange.h"
 #include "engine/scheduler.h"
 #include "engine/site_start.h"
+#include "forms/address_line.h"
 #include "forms/z_filter.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
@@ -10,6 +11,7 @@
 #include "ui/frm_main.h"
 #include "ui/version.h"
 #include "ui/window_holder.h"
+#include "widgets/twips.h"
 
 /// What the main window's buttons, menu entries, sockets and timers do.
 namespace ui {
@@ -17,6 +19,8 @@ namespace ui {
 namespace {
 
 constexpr int kEnterKey = 13;
+/// In twips: what a warning and its link take at least.
+constexpr int kLeastAddressLine = 4200;
 
 /// A crawl from the address box, before a wizard has chosen a folder, goes into the stored one.
 bool FolderIsReady() {
@@ -39,6 +43,7 @@ void frmMain::ConnectControls() {
     On(text1_, &QLineEdit::returnPressed, [] {
         if (FolderIsReady()) bas_Connections::Text1_KeyDown(kEnterKey);
     });
+    On(text1_, &QLineEdit::textChanged, [this] { JudgeAddress(); });
     On(command1_, &QPushButton::clicked, [] {
         if (FolderIsReady()) bas_Connections::ConnectNowNow();
     });
@@ -109,6 +114,13 @@ void frmMain::ShowOtherLinks(bool other_links) {
     list2_->setVisible(other_links);
     list2_heading_->setVisible(other_links);
     ListChanged();
+}
+
+void frmMain::JudgeAddress() {
+    const bool judged = text1_->isEnabled() && !text1_->text().isEmpty();
+    const bool has_room = address_line_->width() >= Twips(kLeastAddressLine);
+    address_line_->setVisible(judged && has_room);
+    progress_->Warn(judged && !has_room ? address_line_->Warning() : QString());
 }
 
 void frmMain::ListChanged() {

@@ -2,6 +2,7 @@
 #include <QVBoxLayout>
 
 #include "engine/main_window.h"
+#include "forms/address_line.h"
 #include "ui/frm_main.h"
 #include "ui/version.h"
 #include "ui/window_holder.h"
@@ -42,6 +43,7 @@ void frmMain::MakeControls() {
     text1_ = new AddressBox("Text1", client_);
     text1_->setPlaceholderText("www.example.com");
     text1_->setAccessibleName("Address of the web site");
+    address_line_ = new AddressLine("Text1Hint", text1_, client_);
     txt_max_ = new ChoiceBox("txtMax", client_);
     txt_max_->LetType();
 
@@ -50,8 +52,8 @@ void frmMain::MakeControls() {
     MakeLists();
     MakeMenu();
     MakeConnections();
-    SetTabOrder({text1_, command1_, command2_, command3_, command4_, txt_max_, picture1_,
-                 other_links_, list1_, list2_});
+    SetTabOrder({text1_, address_line_->Link(), command1_, command2_, command3_, command4_,
+                 txt_max_, picture1_, other_links_, list1_, list2_});
 }
 
 void frmMain::MakeButtons() {

@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "forms/address_line.h"
 #include "ui/frm_main.h"
 #include "widgets/controls.h"
 #include "widgets/twips.h"
@@ -124,6 +125,7 @@ void frmMain::Form_Resize() {
     SetWidth(label6_, w - 360);
     HideWhatDoesNotFit();
     PlaceOtherLinksButton();
+    PlaceAddressLine();
 }
 
 void frmMain::HideWhatDoesNotFit() {
@@ -139,6 +141,16 @@ void frmMain::PlaceOtherLinksButton() {
     other_links_->adjustSize();
     SetLeft(other_links_, Left(list1_) + Width(list1_) - Width(other_links_));
     next_->resize(std::max(0, other_links_->x() - next_->x() - Twips(120)), next_->height());
+}
+
+void frmMain::PlaceAddressLine() {
+    // Below the address, as far as the buttons and the number of connections leave room for it.
+    constexpr int kGap = 120;
+    const int left = InTwips(command4_->geometry().right()) + kGap;
+    const int right = Left(label9_->isHidden() ? static_cast<QWidget*>(txt_max_) : label9_) - kGap;
+    PlaceTwips(address_line_, left, Top(text1_) + Height(text1_) + 30, std::max(0, right - left),
+               225);
+    JudgeAddress();
 }
 
 void frmMain::PlaceOnScreen() {

@@ -42,7 +42,19 @@ ProgressStrip::ProgressStrip(QWidget* parent)
 void ProgressStrip::Show(std::int64_t done, std::int64_t known, const QString& words) {
     bar_->setVisible(known > 0);
     if (known > 0) bar_->setValue(static_cast<int>(std::min(done, known) * kSteps / known));
+    said_ = words;
+    ShowWords();
+}
+
+void ProgressStrip::Warn(const QString& warning) {
+    warning_ = warning;
+    ShowWords();
+}
+
+void ProgressStrip::ShowWords() {
+    const QString& words = warning_.isEmpty() ? said_ : warning_;
     if (words_->text() != words) words_->setText(words);
+    words_->SetWarning(!warning_.isEmpty());
 }
 
 }  // namespace ui

@@ -19,7 +19,14 @@ class ProgressStrip : public QWidget {
     /// Shows `words`, and of `known` files `done`; no bar when none are known.
     void Show(std::int64_t done, std::int64_t known, const QString& words);
 
+    /// Shows `warning` in the place of the words until it is "".
+    void Warn(const QString& warning);
+
   private:
+    void ShowWords();
+
+    QString said_;
+    QString warning_;
     QProgressBar* bar_;
     ElidedLabel* words_;
 };

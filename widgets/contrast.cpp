@@ -10,6 +10,8 @@ namespace {
 constexpr double kReadable = 4.5;
 constexpr double kPalest = 0.55;
 constexpr double kStep = 0.05;
+/// The luminance at which black and white are told from a background equally well.
+constexpr double kMiddle = 0.18;
 
 double Linear(double channel) {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -46,6 +48,15 @@ QColor QuietText(const QColor& text, std::initializer_list<QColor> backgrounds) 
         }
     }
     return text;
+}
+
+QColor ReadableText(const QColor& colour, const QColor& background) {
+    const QColor away = Luminance(background) < kMiddle ? Qt::white : Qt::black;
+    for (double share = 1; share > 0; share -= kStep) {
+        const QColor mixed = Mix(colour, away, share);
+        if (Contrast(mixed, background) >= kReadable) return mixed;
+    }
+    return away;
 }
 
 }  // namespace ui

@@ -13,4 +13,7 @@ double Contrast(const QColor& a, const QColor& b);
 /// `backgrounds` and readable (a contrast of 4.5) on each of them, where `text` itself is.
 QColor QuietText(const QColor& text, std::initializer_list<QColor> backgrounds);
 
+/// `colour`, as much lighter or darker as it takes to be readable on `background`.
+QColor ReadableText(const QColor& colour, const QColor& background);
+
 }  // namespace ui

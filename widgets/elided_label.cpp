@@ -9,6 +9,10 @@
 
 namespace ui {
 
+namespace {
+constexpr QColor kWarning(0xd0, 0x5a, 0x00);
+}
+
 ElidedLabel::ElidedLabel(const char* name, const QString& text, QWidget* parent)
     : QLabel(text, parent) {
     setObjectName(QLatin1String(name));
@@ -21,10 +25,17 @@ void ElidedLabel::SetQuiet(bool quiet) {
     update();
 }
 
+void ElidedLabel::SetWarning(bool warning) {
+    if (warning == warning_) return;
+    warning_ = warning;
+    update();
+}
+
 QColor ElidedLabel::TextColour() const {
     const QColor full = palette().color(foregroundRole());
-    if (!quiet_) return full;
     const QColor background = palette().color(backgroundRole());
+    if (warning_) return ReadableText(kWarning, background);
+    if (!quiet_) return full;
     // The rows of a list take turns with two backgrounds.
     return backgroundRole() == QPalette::Base
                ? QuietText(full, {background, palette().color(QPalette::AlternateBase)})

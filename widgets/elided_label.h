@@ -14,6 +14,9 @@ class ElidedLabel : public QLabel {
     /// A quiet label is paler: it accompanies what others say.
     void SetQuiet(bool quiet);
 
+    /// A warning has a colour of its own.
+    void SetWarning(bool warning);
+
     /// The colour that its text is painted in.
     QColor TextColour() const;
 
@@ -23,6 +26,7 @@ class ElidedLabel : public QLabel {
 
   private:
     bool quiet_ = false;
+    bool warning_ = false;
 };
 
 }  // namespace ui

@@ -34,6 +34,7 @@ QColor FillOf(Picture picture) {
         case Picture::Filters:
             return {0x2f, 0x72, 0xc4};
         case Picture::Explore:
+        case Picture::Warning:
             return {0xe0, 0xa4, 0x20};
     }
     return {};
@@ -77,6 +78,14 @@ void DrawExplore(QPainter& painter, const Colours& colours) {
     painter.drawPolygon(Corners{{1, 13.5}, {3.5, 7}, {15.5, 7}, {13, 13.5}});
 }
 
+/// A sign as beside a road.
+void DrawWarning(QPainter& painter) {
+    painter.drawPolygon(Corners{{8, 1}, {15.5, 14.5}, {0.5, 14.5}});
+    painter.setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(8, 6), QPointF(8, 9.5));
+    painter.drawPoint(QPointF(8, 12.5));
+}
+
 void Draw(QPainter& painter, Picture picture, const Colours& colours, const QColor& refusal) {
     SetColours(painter, colours);
     switch (picture) {
@@ -88,6 +97,8 @@ void Draw(QPainter& painter, Picture picture, const Colours& colours, const QCol
             return DrawFilters(painter, refusal);
         case Picture::Explore:
             return DrawExplore(painter, colours);
+        case Picture::Warning:
+            return DrawWarning(painter);
     }
 }
 

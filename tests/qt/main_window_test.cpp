@@ -10,6 +10,7 @@
 #include "ui/address_list.h"
 #include "widgets/contrast.h"
 #include "widgets/elided_label.h"
+#include "widgets/link_button.h"
 
 using platform::BoxAnswer;
 using Texts = std::vector<std::string>;
@@ -110,6 +111,30 @@ TEST_F(MainWindow, SaysWhenNoFileCameAtAll) {
               "No file came: http://www.silent.com did not answer, or not to the end.");
 }
 
+TEST_F(MainWindow, WarnsOfAnAddressWhereThereIsRoom) {
+    Open();
+    const auto& line = The<QLabel>("Text1Hint");
+    EXPECT_FALSE(line.isVisible());
+    The<QLineEdit>("Text1").setFocus();
+    QTest::keyClicks(&The<QLineEdit>("Text1"), "https://site.com");
+    EXPECT_TRUE(line.isVisible());
+    EXPECT_EQ(line.text(), "This program fetches http:// only");
+    EXPECT_EQ(The<QLabel>("Progress").text(), "");
+
+    const QSize roomy = Window().size();
+    Window().resize(roomy.width() / 2, roomy.height());
+    EXPECT_FALSE(line.isVisible());
+    EXPECT_EQ(The<QLabel>("Progress").text(), line.text());
+
+    Window().resize(roomy);
+    QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_U, Qt::AltModifier);
+    EXPECT_TRUE(WaitFor([&] { return Window().Text1() == "http://site.com"; }));
+    EXPECT_EQ(line.text(), "It will ask for http://www.site.com");
+    EXPECT_EQ(The<QLabel>("Progress").text(), "");
+    QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_Return);
+    EXPECT_FALSE(line.isVisible()) << "the crawl has its address";
+}
+
 TEST_F(MainWindow, IsReadableOnLightAndDarkDesktops) {
     const QPalette usual = QApplication::palette();
     for (const bool dark : {false, true}) {
@@ -124,6 +149,14 @@ TEST_F(MainWindow, IsReadableOnLightAndDarkDesktops) {
                 4.5)
                 << name;
         }
+        The<QLineEdit>("Text1").setText("https://site.com");
+        const auto& warning = The<ui::ElidedLabel>("Text1Hint");
+        EXPECT_GE(ui::Contrast(warning.TextColour(), Window().palette().color(QPalette::Window)),
+                  4.5);
+        EXPECT_GE(ui::Contrast(The<ui::LinkButton>("Text1HintLink").TextColour(),
+                               Window().palette().color(QPalette::Window)),
+                  4.5);
+        The<QLineEdit>("Text1").clear();
         StartByKeys("silent.com");
         const QPalette& running = The<QLineEdit>("Text1").palette();
         EXPECT_GE(ui::Contrast(running.color(QPalette::Disabled, QPalette::Text),
