@@ -10,7 +10,6 @@
 #include "engine/main_window.h"
 #include "engine/response_memory.h"
 #include "engine/scheduler.h"
-#include "extractor/addresses.h"
 #include "extractor/link_scanner.h"
 #include "output/save_file.h"
 #include "platform/byte_size.h"
@@ -63,9 +62,7 @@ void ShowReceivedSize(int index) {
 
 /// `url` cut just after its last "/".
 std::string PageFolder(const std::string& url) {
-    std::string reversed = bas_Extractor::ReverseText(url);
-    if (text::Left(reversed, 1) != "/") reversed.erase(0, text::InStr(reversed, "/") - 1);
-    return bas_Extractor::ReverseText(reversed);
+    return url.substr(0, url.rfind('/') + 1);
 }
 
 /// While this lives, the response of a slot is being worked on: the slot's timeout is passed over,

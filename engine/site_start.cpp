@@ -15,8 +15,6 @@ namespace bas_Connections {
 
 namespace {
 
-constexpr int kEnterKey = 13;
-
 void ResetCrawl() {
     CloseAllSockets();
     crawl::List1.Clear();

@@ -14,7 +14,10 @@ std::string CleanTypedAddress(const std::string& typed);
 /// address.
 void ConnectNowNow();
 
-/// A key went down in the address box; Enter (13) starts the crawl.
+/// The key code of Enter.
+inline constexpr int kEnterKey = 13;
+
+/// A key went down in the address box; Enter starts the crawl.
 void Text1_KeyDown(int key_code);
 
 }  // namespace bas_Connections

@@ -5,6 +5,8 @@
 #include <QPainterPath>
 #include <algorithm>
 
+#include "widgets/globe.h"
+
 namespace ui {
 
 namespace {
@@ -18,19 +20,6 @@ void SetColours(QPainter& painter, const QColor& colour) {
     shine.setColorAt(1, colour.darker(108));
     painter.setBrush(shine);
     painter.setPen(QPen(colour.darker(140), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-}
-
-void DrawGlobe(QPainter& painter) {
-    SetColours(painter, QColor(0x3f, 0x8c, 0xd8));
-    painter.drawEllipse(QRectF(4, 4, 40, 40));
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(255, 255, 255, 190), 1.5));
-    painter.drawEllipse(QRectF(15, 5, 18, 38));
-    painter.drawLine(QPointF(24, 5), QPointF(24, 43));
-    painter.drawLine(QPointF(5, 24), QPointF(43, 24));
-    // The parallels at a third of the height, down to the rim.
-    painter.drawLine(QPointF(8.5, 14), QPointF(39.5, 14));
-    painter.drawLine(QPointF(8.5, 34), QPointF(39.5, 34));
 }
 
 void DrawArrow(QPainter& painter) {
@@ -69,7 +58,7 @@ void Decoration::paintEvent(QPaintEvent*) {
     painter.scale(side / kSide, side / kSide);
     switch (subject_) {
         case Subject::Globe:
-            DrawGlobe(painter);
+            DrawGlobe(painter, QRectF(4, 4, 40, 40), true);
             break;
         case Subject::Arrow:
             DrawArrow(painter);

@@ -102,7 +102,8 @@ void zDir::PlaceControls() {
 void zDir::Form_Load() {
     SetLabel1(bas_General::StoredFolder());
     for (const std::string& folder :
-         {bas_General::StoredFolder(), std::string("C:\\Websites\\"), std::string("\\")}) {
+         {bas_General::StoredFolder(), std::string(bas_General::kDefaultFolder),
+          std::string("\\")}) {
         if (dir1_->SetPath(folder)) return;
     }
 }

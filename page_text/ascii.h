@@ -3,24 +3,21 @@
 #include <cstddef>
 #include <string_view>
 
+#include "text/ascii.h"
+
 /// The few character classes that markup is made of.
 namespace page_text {
+
+using text::IsLetter;
+using text::LowerLetter;
 
 /// White space between the words of markup.
 inline bool IsMarkupSpace(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t' || c == '\f';
 }
 
-inline bool IsLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 inline bool IsDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-inline char LowerLetter(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
 /// True when `subject` is `lower_case` but for the case of its letters.

@@ -4,27 +4,19 @@
 #include <cstddef>
 
 #include "platform/path_rules.h"
+#include "text/ascii.h"
 
 namespace platform {
 
-namespace {
-
-bool IsLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-}  // namespace
-
 bool HasDrive(std::string_view path) {
-    return path.size() >= 2 && path[1] == ':' && IsLetter(path[0]);
+    return path.size() >= 2 && path[1] == ':' && text::IsLetter(path[0]);
 }
 
 std::optional<std::string> ResolvePathText(std::string_view path) {
     if (path.empty() || path.find('\0') != std::string_view::npos) return std::nullopt;
     std::string resolved;
     if (HasDrive(path)) {
-        // Setting this bit makes a letter a small one.
-        resolved = {static_cast<char>(path[0] | 0x20), ':'};
+        resolved = {text::LowerLetter(path[0]), ':'};
         path.remove_prefix(2);
     } else {
         resolved = BaseOf(path);

@@ -28,7 +28,7 @@ void PutSetting(const std::string& key, const std::string& value) {
 }
 
 std::string StoredFolder() {
-    return ReadSetting("InDir", "C:\\Websites\\");
+    return ReadSetting("InDir", kDefaultFolder);
 }
 
 std::string NormalizeFolder(const std::string& typed) {

@@ -11,7 +11,10 @@ std::string ReadSetting(const std::string& key, const std::string& fallback);
 /// Stores `value` under `key`.
 void PutSetting(const std::string& key, const std::string& value);
 
-/// The stored target folder as it was left, "C:\Websites\" at first.
+/// The target folder of a first start.
+inline constexpr char kDefaultFolder[] = "C:\\Websites\\";
+
+/// The stored target folder as it was left, `kDefaultFolder` at first.
 std::string StoredFolder();
 
 /// A typed folder with its name cleaned, "\" for "/" and one "\" at its end at least.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "text/ascii.h"
+
 namespace text {
 
 namespace {
@@ -157,9 +159,7 @@ std::string_view Trim(std::string_view subject) {
 }
 
 std::string LowerCase(std::string_view subject) {
-    return Mapped(subject, [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
+    return Mapped(subject, LowerLetter);
 }
 
 std::string UpperCase(std::string_view subject) {

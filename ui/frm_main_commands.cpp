@@ -18,7 +18,6 @@ namespace ui {
 
 namespace {
 
-constexpr int kEnterKey = 13;
 /// In twips: what a warning and its link take at least.
 constexpr int kLeastAddressLine = 4200;
 
@@ -41,7 +40,7 @@ void frmMain::ConnectHandlers() {
 
 void frmMain::ConnectControls() {
     On(text1_, &QLineEdit::returnPressed, [] {
-        if (FolderIsReady()) bas_Connections::Text1_KeyDown(kEnterKey);
+        if (FolderIsReady()) bas_Connections::Text1_KeyDown(bas_Connections::kEnterKey);
     });
     On(text1_, &QLineEdit::textChanged, [this] { JudgeAddress(); });
     On(command1_, &QPushButton::clicked, [] {

@@ -1,10 +1,57 @@
+// draw_icons FOLDER: draws the program's icon into a folder that exists, as SIZE.png in each of its
+// sizes (pixels) for desktops, and as vantorin.ico for Windows.
+
+#include <QBuffer>
+#include <QDataStream>
+#include <QFile>
 #include <QGuiApplication>
+#include <QList>
 #include <QPixmap>
 #include <cstdio>
 
 #include "widgets/app_icon.h"
 
-/// Writes the program's icon into a folder that exists, as SIZE.png in each of its sizes (pixels).
+namespace {
+
+/// The sizes that Windows asks a program's icon for.
+constexpr int kWindowsSizes[] = {16, 24, 32, 48, 64, 256};
+
+QByteArray PngOf(int size) {
+    QBuffer png;
+    png.open(QIODevice::WriteOnly);
+    ui::AppIcon().pixmap(size).save(&png, "PNG");
+    return png.data();
+}
+
+/// All sizes in one file: a header, an entry for each picture, then the pictures.
+QByteArray WindowsIcon() {
+    constexpr quint16 kIcon = 1, kPlanes = 1, kBitsPerPixel = 32;
+    constexpr quint32 kHeaderSize = 6, kEntrySize = 16;
+    QByteArray file, pictures;
+    QDataStream header(&file, QIODevice::WriteOnly);
+    header.setByteOrder(QDataStream::LittleEndian);
+    header << quint16{0} << kIcon << quint16{std::size(kWindowsSizes)};
+    const quint32 first = kHeaderSize + kEntrySize * std::size(kWindowsSizes);
+    for (const int size : kWindowsSizes) {
+        const QByteArray picture = PngOf(size);
+        const auto side = static_cast<quint8>(size);  // the format's 0 means 256
+        header << side << side << quint16{0} << kPlanes << kBitsPerPixel
+               << static_cast<quint32>(picture.size())
+               << first + static_cast<quint32>(pictures.size());
+        pictures += picture;
+    }
+    return file + pictures;
+}
+
+bool Write(const QString& path, const QByteArray& contents) {
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size()) return true;
+    std::fprintf(stderr, "%s cannot be written\n", qPrintable(path));
+    return false;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
@@ -13,12 +60,11 @@ int main(int argc, char** argv) {
         std::fputs("usage: draw_icons FOLDER\n", stderr);
         return 2;
     }
-    const QIcon icon = ui::AppIcon();
-    for (const QSize& size : icon.availableSizes()) {
-        const QString file = QStringLiteral("%1/%2.png").arg(arguments[1]).arg(size.width());
-        if (icon.pixmap(size).save(file)) continue;
-        std::fprintf(stderr, "%s cannot be written\n", qPrintable(file));
-        return 1;
+    const QString folder = arguments[1] + '/';
+    bool written = Write(folder + "vantorin.ico", WindowsIcon());
+    for (const QSize& size : ui::AppIcon().availableSizes()) {
+        const QString name = QString::number(size.width()) + ".png";
+        written = Write(folder + name, PngOf(size.width())) && written;
     }
-    return 0;
+    return written ? 0 : 1;
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/net/name_query.h"
+#include "text/text.h"
 
 namespace platform {
 
@@ -30,9 +31,7 @@ std::string Normalised(const std::string& host) {
     std::string name = host;
     if (name.ends_with('.')) name.pop_back();
     if (name.size() > kLongestName || name.find('\0') != std::string::npos) return "";
-    for (char& c : name)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return name;
+    return text::LowerCase(name);
 }
 
 }  // namespace
