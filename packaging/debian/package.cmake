@@ -2,6 +2,8 @@
 # It is for the release of Debian on which it is built.
 set(debian_folder ${CMAKE_CURRENT_LIST_DIR})
 cmake_host_system_information(RESULT release QUERY DISTRIB_VERSION_CODENAME)
+execute_process(COMMAND date --utc --rfc-email --date=${VANTORIN_RELEASE_DATE}T12:00
+    OUTPUT_VARIABLE release_time OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 configure_file(${debian_folder}/changelog.in ${CMAKE_BINARY_DIR}/debian/changelog @ONLY)
 
 set(CPACK_GENERATOR DEB)

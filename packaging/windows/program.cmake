@@ -3,10 +3,11 @@
 enable_language(RC)
 set(windows ${CMAKE_SOURCE_DIR}/packaging/windows)
 configure_file(${windows}/vantorin.rc.in vantorin.rc @ONLY)
+configure_file(${windows}/vantorin.manifest.in vantorin.manifest @ONLY)
 target_sources(vantorin PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/vantorin.rc)
 set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/vantorin.rc PROPERTIES
-    INCLUDE_DIRECTORIES ${windows}
-    OBJECT_DEPENDS "${windows}/vantorin.ico;${windows}/vantorin.manifest")
+    INCLUDE_DIRECTORIES "${windows};${CMAKE_CURRENT_BINARY_DIR}"
+    OBJECT_DEPENDS "${windows}/vantorin.ico;${CMAKE_CURRENT_BINARY_DIR}/vantorin.manifest")
 
 # The unattended run is on the offscreen platform. Pictures are drawn, none is read from a file.
 qt_import_plugins(vantorin

@@ -1,12 +1,15 @@
 """A desktop of a test's own: X server, window manager, and one user with a keyboard."""
 
 import random
+import re
 import subprocess
+from pathlib import Path
 
 from tests.e2e.program import environment, wait_until
 
 COMMANDS = ["/usr/bin/Xvfb", "/usr/bin/openbox", "/usr/bin/xdotool"]  # what is run here
-MAIN = "Vantorin Website Downloader 1.9"
+VERSION = re.search(r"VERSION (\S+)", Path("CMakeLists.txt").read_text().split("project(")[1])[1]
+MAIN = f"Vantorin Website Downloader {VERSION}"
 WIZARD = "New Site Wizard"
 
 # What files and addresses are opened with: notes how many arguments it was given, and which.

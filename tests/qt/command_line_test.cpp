@@ -11,6 +11,7 @@
 
 #include "tests/fakes/temp_folder.h"
 #include "text/text.h"
+#include "ui/version.h"
 
 using Action = cli::CommandLine::Action;
 
@@ -72,7 +73,7 @@ class Program : public testing::Test {
 
 TEST_F(Program, SaysHowItWentAndExitsWithACode) {
     const std::tuple<QString, int, const char*> cases[] = {
-        {"--version", 0, "Vantorin Website Downloader 1.9"},
+        {"--version", 0, ui::kNameAndVersion},
 #ifndef _WIN32  // there is always one
         {"", 1, "no display"},
 #endif

@@ -8,6 +8,7 @@ import subprocess
 import unittest
 
 from tests.e2e import private_network
+from tests.e2e.desktop import MAIN
 from tests.e2e.program import tree, wait_until
 from tests.e2e.web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, PROGRAM, ROOT, Wine, crawl_arguments
@@ -34,7 +35,7 @@ class UnattendedCheck(unittest.TestCase):
     def test_it_says_how_it_went_and_ends_with_a_status(self):
         for program in (PROGRAM, COMMAND):
             for arguments, status, said in (
-                    (["--version"], 0, "Vantorin Website Downloader 1.9\r\n"),
+                    (["--version"], 0, MAIN + "\r\n"),
                     (["--help"], 0, "Usage: vantorin"),
                     (["--no-such-word"], 2, "--help"),
                     (["--site", "x"], 2, "--folder"),
@@ -49,7 +50,7 @@ class UnattendedCheck(unittest.TestCase):
     def test_its_file_holds_what_the_system_shows_of_it(self):
         data = (DRIVE_C / "Vantorin/vantorin.exe").read_bytes()
         icon = (ROOT / "packaging/windows/vantorin.ico").read_bytes()
-        manifest = (ROOT / "packaging/windows/vantorin.manifest").read_bytes()
+        manifest = (ROOT / "build/windows/cli/vantorin.manifest").read_bytes()
         largest = icon[icon.rindex(b"\x89PNG"):]
         for part in ("ProductName\0".encode("utf-16-le"), "Vantorin Website Downloader".encode("utf-16-le"),
                      largest, manifest.strip()):
