@@ -56,7 +56,7 @@ void HostResolver::LookUp(const std::string& host, QObject& receiver, Answer ans
     } else if (!CanBeName(name)) {
         answer({});
     } else if (const auto known = known_.find(name);
-               known != known_.end() && Clock::now() < known->second.until) {
+               known != known_.end() && Now() < known->second.until) {
         answer(known->second.addresses);
     } else {
         Ask(name, {&receiver, std::move(answer)});
@@ -75,7 +75,7 @@ void HostResolver::Take(const std::string& name, const Addresses& addresses) {
     const auto askers = asked_.extract(name);
     for (const Asker& asker : askers.mapped())
         if (asker.receiver) asker.answer(addresses);
-    const auto now = Clock::now();
+    const auto now = Now();
     std::erase_if(known_, [now](const auto& known) { return known.second.until <= now; });
     if (!addresses.empty()) known_[name] = {addresses, now + kAnswerIsKept};
 }

@@ -35,12 +35,16 @@ class HostResolver : public QObject {
     /// and not at all when `receiver` is gone by then. It must not let events run.
     void LookUp(const std::string& host, QObject& receiver, Answer answer);
 
+  protected:
+    using Clock = std::chrono::steady_clock;
+    /// What the age of an answer is measured by. Virtual, so that tests need not wait for it.
+    virtual Clock::time_point Now() const { return Clock::now(); }
+
   private:
     struct Asker {
         QPointer<QObject> receiver;
         Answer answer;
     };
-    using Clock = std::chrono::steady_clock;
     struct Known {
         Addresses addresses;
         Clock::time_point until;

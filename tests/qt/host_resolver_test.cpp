@@ -7,6 +7,18 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
+/// For which time goes on at the test's word, too.
+class AgeingResolver : public platform::HostResolver {
+  public:
+    using HostResolver::HostResolver;
+    std::chrono::seconds passed{};
+
+  protected:
+    Clock::time_point Now() const override { return HostResolver::Now() + passed; }
+};
+
 class HostResolverTest : public testing::Test {
   protected:
     /// Looks a name up and notes the answer under `host`.
@@ -28,8 +40,7 @@ class HostResolverTest : public testing::Test {
 
     real::Clock clock;
     NameServer server;
-    std::unique_ptr<platform::HostResolver> resolver =
-        std::make_unique<platform::HostResolver>(server.Address());
+    std::unique_ptr<AgeingResolver> resolver = std::make_unique<AgeingResolver>(server.Address());
     std::unique_ptr<QObject> receiver = std::make_unique<QObject>();
     std::map<std::string, platform::HostResolver::Addresses> answers;
 };
@@ -76,7 +87,12 @@ TEST_F(HostResolverTest, OneQuestionServesAllWhoAskForAMinute) {
         LookUp(host);
     EXPECT_TRUE(clock.RunUntil([&] { return answers.size() == 3; }));
     EXPECT_EQ(Find("www.site.test"), "4");
+    resolver->passed = 30s;
+    EXPECT_EQ(Find("www.site.test"), "4");
     EXPECT_EQ(server.asked, (std::map<std::string, int>{{"www.site.test", 2}}));
+    resolver->passed = 61s;
+    EXPECT_EQ(Find("www.site.test"), "4");
+    EXPECT_EQ(server.asked["www.site.test"], 4) << "it may have moved by now";
 
     EXPECT_EQ(Find("no.site.test"), "-");
     EXPECT_EQ(Find("no.site.test"), "-");

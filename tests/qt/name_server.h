@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 /// A name server on this machine, on the test's own event loop. What it does with a name, the first
 /// part of the name says:
@@ -19,6 +20,7 @@
 ///   no       there is no such name
 ///   six      has an IPv6 address only
 ///   big      must be asked over TCP
+///   two      has two addresses of this machine, 127.0.0.2 before the usual one
 /// Every name has the address of this machine.
 class NameServer {
   public:
@@ -87,12 +89,17 @@ class NameServer {
         const bool has = !cut && !is("no") && is("six") == (kind == kIPv6);
         reply[2] = static_cast<char>(0x81 | (cut ? kTruncated : 0));
         reply[3] = static_cast<char>(0x80 | (is("no") ? kNoSuchName : 0));
-        reply[kAnswers] = has ? 1 : 0;
         reply[kAdditionalRecords] = 0;
         if (!has) return reply;
         using namespace std::string_literals;
-        const std::string address = kind == kIPv4 ? "\x7f\0\0\1"s : std::string(15, '\0') + '\1';
-        return reply + "\xc0\x0c\0"s + kind + "\0\1\0\0\0\x3c\0"s + char(address.size()) + address;
+        std::vector<std::string> addresses = {"\x7f\0\0\1"s};
+        if (kind == kIPv6) addresses = {std::string(15, '\0') + '\1'};
+        if (is("two")) addresses.insert(addresses.begin(), "\x7f\0\0\2"s);
+        reply[kAnswers] = static_cast<char>(addresses.size());
+        for (const std::string& address : addresses) {
+            reply += "\xc0\x0c\0"s + kind + "\0\1\0\0\0\x3c\0"s + char(address.size()) + address;
+        }
+        return reply;
     }
 
     std::unique_ptr<QUdpSocket> udp_;

@@ -150,6 +150,30 @@ TEST_F(QtSocketTest, FindsItsHostByName) {
     bench_.socket.reset();
 }
 
+#ifndef _WIN32  // There a full queue refuses at once.
+// Nobody takes the connections to the first address: one waits, and more are not answered.
+TEST_F(QtSocketTest, TriesTheNextAddressWhenOneStaysSilent) {
+    const auto port = bench_.server.serverPort();
+    platform::native::Address silent = *native::NumericAddress("127.0.0.2");
+    silent.SetPort(port);
+    const native::Handle listening = socket(AF_INET, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(listening, silent.Get(), sizeof(sockaddr_in)), 0);
+    ASSERT_EQ(listen(listening, 0), 0);
+    platform::QtSocket waiting;
+    waiting.Connect("127.0.0.2", port);
+    EXPECT_TRUE(bench_.RunUntil([&] { return waiting.State() == SocketState::Connected; }));
+
+    NameServer names;
+    platform::HostResolver resolver(names.Address());
+    bench_.socket = std::make_unique<platform::QtSocket>(resolver);
+    bench_.socket->Connect("two.site.test", port);
+    bench_.Accept();
+    EXPECT_TRUE(bench_.RunUntil([&] { return bench_.socket->State() == SocketState::Connected; }));
+    bench_.socket.reset();
+    native::CloseHandle(listening);
+}
+#endif
+
 // Here the sending hears of the reset, and the reading must not take what follows for a close.
 TEST_F(QtSocketTest, AResetThatSendingMeetsIsNoClose) {
     ConnectAndAccept();

@@ -1,0 +1,114 @@
+#include "cli/terminal.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+/// Standard output as the program would have it, while this lives; what it prints is read here.
+class OutputTo {
+  public:
+    /// `reading` and `writing` are the two ends of a pipe or of a terminal.
+    OutputTo(int reading, int writing) : reading_(reading), before_(dup(STDOUT_FILENO)) {
+        fcntl(reading_, F_SETFL, O_NONBLOCK);
+        dup2(writing, STDOUT_FILENO);
+        close(writing);
+    }
+    ~OutputTo() {
+        dup2(before_, STDOUT_FILENO);
+        close(before_);
+        CloseReader();
+    }
+    OutputTo(const OutputTo&) = delete;
+    OutputTo& operator=(const OutputTo&) = delete;
+
+    /// What has been printed since the last time.
+    std::string Read() const {
+        std::string all;
+        std::array<char, 4096> part;
+        for (ssize_t count; (count = read(reading_, part.data(), part.size())) > 0;)
+            all.append(part.data(), static_cast<std::size_t>(count));
+        return all;
+    }
+    void CloseReader() {
+        if (reading_ >= 0) close(reading_);
+        reading_ = -1;
+    }
+
+  private:
+    int reading_;
+    int before_;
+};
+
+std::array<int, 2> Pipe() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    return ends;
+}
+
+}  // namespace
+
+TEST(Terminal, ProgressStaysInItsLineAndLeavesNothingOfALongerOne) {
+    const int reading = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_EQ(grantpt(reading) + unlockpt(reading), 0);
+    OutputTo output(reading, open(ptsname(reading), O_RDWR | O_NOCTTY));
+    cli::Terminal terminal;
+    const auto shown = [&](const char* line) {
+        terminal.ShowProgress(line);
+        return output.Read();
+    };
+    EXPECT_EQ(shown("10 files"), "\r10 files");
+    EXPECT_EQ(shown("10 files"), "");
+    EXPECT_EQ(shown("9 files"), "\r9 files ");
+    EXPECT_EQ(shown("11 files"), "\r11 files");
+    terminal.Print("A line to keep.\nAnother.");
+    EXPECT_EQ(output.Read(), "\r\nA line to keep.\r\nAnother.\r\n");
+    EXPECT_EQ(shown("1 file"), "\r1 file") << "nothing is left in a line of its own";
+}
+
+TEST(Terminal, WaitsForNoReaderAndLosesNoLine) {
+    const auto [reading, writing] = Pipe();
+    OutputTo output(reading, writing);
+    cli::Terminal terminal;
+    terminal.ShowProgress("1 file");
+    terminal.ShowProgress("2 files");
+    EXPECT_EQ(output.Read(), "1 file\n2 files\n") << "each has a line of its own";
+    const std::string much(200'000, 'x');  // more than a pipe holds
+    terminal.Print(much);
+    terminal.ShowProgress("3 files");
+    terminal.Print("last");
+    terminal.Finish();
+    std::string all = output.Read();
+    EXPECT_LT(all.size(), much.size());
+    for (std::string more; terminal.Flush(), !(more = output.Read()).empty();)
+        all += more;
+    EXPECT_EQ(all, much + "\nlast\n");
+    EXPECT_FALSE(terminal.ReaderGone());
+
+    const auto usual = std::signal(SIGPIPE, SIG_IGN);
+    output.CloseReader();
+    terminal.Print("to nobody");
+    EXPECT_TRUE(terminal.ReaderGone());
+    terminal.Finish();  // has nothing to wait for
+    std::signal(SIGPIPE, usual);
+}
+
+TEST(TerminalBoxes, PrintWhatTheySayAndNeverAgree) {
+    const auto [reading, writing] = Pipe();
+    OutputTo output(reading, writing);
+    cli::Terminal terminal;
+    cli::TerminalBoxes boxes(terminal);
+    using platform::BoxAnswer;
+    using platform::BoxStyle;
+    EXPECT_EQ(boxes.MsgBox("One.\r\n\r\nTwo.\r\nMore?", BoxStyle::InformationYesNo, "Done."),
+              BoxAnswer::No);
+    EXPECT_EQ(boxes.MsgBox("Sure?", BoxStyle::StopYesNo, "Stop"), BoxAnswer::No);
+    EXPECT_EQ(boxes.MsgBox("Bad folder.", BoxStyle::Stop, "Eror"), BoxAnswer::Ok);
+    EXPECT_EQ(output.Read(), "Done. One. Two. More? No.\nStop Sure? No.\nEror Bad folder.\n");
+}
