@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 
 #include "engine/site_start.h"
 #include "tests/fakes/crawl_fixture.h"
@@ -56,6 +57,31 @@ class Crawl : public CrawlTest {
         crawl::Stopping = false;
     }
 };
+
+TEST_F(Crawl, SavesTheSiteOnce) {
+    const Mirror saved = CrawlUndisturbed();
+    std::set<std::string> names;
+    for (const auto& [path, bytes] : saved)
+        names.insert(path);
+    const std::string site = "c:\\Websites\\site.com\\";
+    EXPECT_EQ(names,
+              (std::set<std::string>{site + "index.html", site + "a.html", site + "p.gif",
+                                     site + "dir\\index.html", site + "dir\\b.html",
+                                     site + "dir\\c.php_x=1.html", site + "dir\\gone.html"}));
+    EXPECT_EQ(saved.at(site + "dir\\gone.html"), "Not found.\r\n");
+    ASSERT_EQ(system.boxes.asked.size(), 1U);
+    EXPECT_EQ(network.requests().size(), names.size()) << "each file is asked for once";
+}
+
+TEST_F(Crawl, IsTheSameWithOneConnectionAndWithAll) {
+    const Mirror four = CrawlUndisturbed();
+    for (const char* count : {"1", "24"}) {
+        SCOPED_TRACE(count);
+        StartOver();
+        window.txt_max = count;
+        EXPECT_EQ(CrawlUndisturbed(), four);
+    }
+}
 
 /// Runs the crawl again and again, doing something at its first yield, its second, and so on.
 class Disturbed : public Crawl {
@@ -135,6 +161,35 @@ TEST_F(Disturbed, NothingIsLostToWhatComesInBetween) {
                     EXPECT_TRUE(system.files.files.contains(path)) << path;
             });
     }
+}
+
+TEST_F(Crawl, PagesThatLeadToThemselvesEnd) {
+    const char* pages[] = {
+        "<meta http-equiv=refresh content='0; url=http://www.site.com/'>",
+        "<a href='w{ww.x.html'><a href='w*ww.y.html'>",
+        "<a href='.{./.{./out.html'><a href='.*./.*./.*./out.html'>",
+        "<a href='.www../.www../.www../out.html'><a href='..\\..\\out.html'>",
+    };
+    for (const char* page : pages) {
+        SCOPED_TRACE(page);
+        StartOver();
+        network.PutPage("www.site.com/", page);
+        CrawlUndisturbed();
+        for (const auto& [path, bytes] : system.files.files) {
+            EXPECT_TRUE(path.starts_with("c:\\Websites\\") || path.starts_with("c:\\program\\"))
+                << path;
+        }
+        EXPECT_LT(network.requests().size(), 60U);
+    }
+}
+
+TEST_F(Crawl, ALinkWhoseFileCannotBeWrittenIsFetchedOnce) {
+    network.PutPage("www.site.com/", "<a href=bad.html>");
+    network.PutPage("www.site.com/bad.html", "<a href=bad.html>");
+    system.files.refused = {"c:\\Websites\\site.com\\bad.html",
+                            "c:\\Websites\\site.com\\bad.html.tmp"};
+    CrawlUndisturbed();
+    EXPECT_EQ(network.requests().size(), 2U);
 }
 
 }  // namespace

@@ -105,6 +105,14 @@ TEST_F(HttpExchange, ShowsWhatComes) {
     EXPECT_EQ(window.rows[1].status, "Not Connected.") << "a slot beyond the count shows nothing";
 }
 
+TEST_F(HttpExchange, WhatComesForNoJobEndsItsConnection) {
+    Request("a.com/x.html");
+    crawl::Slots[1].Url = "  ";
+    Receive(1, "late");
+    EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
+    EXPECT_EQ(window.rows[1].status, "Not Connected.");
+}
+
 TEST_F(HttpExchange, AFinishedRowIsResetUnlessItsAddressIsAHostAlone) {
     Start("www.site.com");
     Respond(1, "");
@@ -126,22 +134,35 @@ TEST_F(HttpExchange, LetsEventsRunThreeTimesBetweenSavingAndScanning) {
 }
 
 TEST_F(HttpExchange, AHandlerLeavesASlotAloneThatHasAnotherJob) {
+    const std::string arrived = kHeader + "<a href=y.html>";
     for (int nth = 1; nth <= 10; ++nth) {
         SCOPED_TRACE(nth);
         bool restarted = false;
         loop.AtYield(nth, [&] {
             bas_Connections::StopNOW();
-            Start("www.other.com");
+            Start("www.other.com/");
+            window.Sock(1).PeerAccepts();
+            Receive(1, arrived);  // in the same yield, as from a fast server
             restarted = true;
         });
         Start("www.site.com/dir/page.html");
         Respond(1, "<a href=x.html>");
         ASSERT_TRUE(restarted);
-        EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting);
-        EXPECT_EQ(window.rows[1].status, "Connecting to www.other.com");
-        EXPECT_TRUE(crawl::Slots[1].Response.Empty());
+        EXPECT_EQ(window.Sock(1).State(), SocketState::Connected);
+        EXPECT_EQ(window.rows[1].status, "Downloading www.other.com/");
+        EXPECT_EQ(crawl::Slots[1].Response.View(), arrived);
+        EXPECT_EQ(crawl::Slots[1].BytesReceived, static_cast<std::int32_t>(arrived.size()));
         bas_Connections::StopNOW();
         BlankDisk();
+    }
+}
+
+TEST_F(HttpExchange, ResolvesLinksAgainstThePagesFolder) {
+    for (const std::string folder : {"www.site.com/x/", "www.site.com/x.php?q=/"}) {
+        bas_Connections::ConnectNext(folder + "y.html");
+        Respond(1, "<a href=\"b.html\">");
+        EXPECT_EQ(fakes::Items(crawl::List1), std::vector{folder + "b.html"});
+        crawl::List1.Clear();
     }
 }
 

@@ -115,7 +115,9 @@ TEST(InnerText, WhatIsNotShown) {
     ExpectTexts({
         {"<head><title>t</title>x</head>y", "xy"},
         {"a<script>x<p></scripts>y</SCRIPT ><style>y</style><noscript><p>z</noscript>b", "ab"},
-        {"a<!-- x -- > --><!--><!---><? y ><!z></3></>b<!-- c", "ab"},
+        {"a<!-- x -- > --><? y ><!z></3></>b<!-- c", "ab"},
+        {"a<!-->b<!--->c", "abc"},
+        {"a<b type=hidden>b</b>", "ab"},
         {"a<textarea>x<b></textarea><iframe>y</iframe><canvas>z</canvas><video>v</video>b", "ab"},
         {"a<div hidden>x<div></div>y</div>b<span hidden=false>x<span></span>y</span>c", "abc"},
         {"a<p style=\"color:red; DISPLAY : NONE !important\">x", "a"},
@@ -169,13 +171,30 @@ TEST(InnerText, Encodings) {
         {"<meta charset=unicode>caf\xc3\xa9", "café"},
         {"<meta charset=UTF8>caf\xe9 \xc3\xa9 \xe2\x82 x \xe0\x80 \xed\xa0 \xf0\x9f\x98\x80",
          "caf\uFFFD é \uFFFD x \uFFFD\uFFFD \uFFFD\uFFFD \U0001F600"},
-        {"caf\xe9 \x93q\x94 \x81", "café “q” \u0081"},
+        {"<meta charset=utf-8>\xc1\xbf \xc2\x80 \xdf\xc0 \xe0\x9f\xbf \xe0\xa0\x80 \xed\x9f\xbf",
+         "\uFFFD\uFFFD \u0080 \uFFFD\uFFFD \uFFFD\uFFFD\uFFFD \u0800 \uD7FF"},
+        {"<meta charset=utf-8>\xf0\x8f\xbf\xbf \xf0\x90\x80\x80 \xf4\x8f\xbf\xbf \xf4\x90\x80\x80 "
+         "\xf5",
+         "\uFFFD\uFFFD\uFFFD\uFFFD \U00010000 \U0010FFFF \uFFFD\uFFFD\uFFFD\uFFFD \uFFFD"},
+        {"caf\xe9 \x93q\x94 \x81\xa0x", "café “q” \u0081\u00A0x"},
+        {"<meta charset=windows-1258>a", "a"},  // might yet be joined with an accent
+        {"\xff\xfe\x7f\0\x80\0\xff\x07\0\x08\xff\xff\0\xd8\0\xdc\0\xd8x\0"sv,
+         "\x7f\u0080\u07FF\u0800\uFFFF\U00010000\uFFFDx"},
         {"\xef\xbb\xbf<meta charset=koi8-r>caf\xc3\xa9", "café"},
         {"\xff\xfe<\0p\0>\0\xe9\0=\xd8\0\xde"
          "b\0"sv,
          "é\U0001F600b"},
     });
     EXPECT_EQ(TextOf("<meta charset=gbk>" + Repeat("\xd6\xd0,", 50000)), Repeat("中,", 50000));
+}
+
+TEST(InnerText, ADeclarationReachesNoFurtherThanTheStartOfThePage) {
+    constexpr std::size_t kReach = 4096;
+    const std::string meta = "<meta charset=windows-1251>";
+    for (const bool reached : {true, false}) {
+        const std::string before = Repeat(" ", kReach - meta.size() + (reached ? 0 : 1));
+        EXPECT_EQ(TextOf(before + meta + "\xcf"), reached ? "П" : "Ï");
+    }
 }
 
 TEST(InnerText, LargePagesLetEventsRun) {

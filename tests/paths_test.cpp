@@ -43,6 +43,14 @@ TEST(TopLevel, LooksAfterTheFirstHostFolder) {
     }
 }
 
+TEST(GetTokenTest, SplitsAtTheSeparator) {
+    EXPECT_EQ(GetToken(" a b*c ", 1, "*"), "a b");
+    EXPECT_EQ(GetToken("a*b*", 2, "*"), "b");
+    EXPECT_EQ(GetToken("a*b*", 4, "*"), "");
+    EXPECT_EQ(GetToken("a*b", -1, "*"), "");
+    EXPECT_EQ(GetToken(std::string(32767, '*'), 32767, "*"), "");
+}
+
 class MakeLocalPathTest : public testing::Test {
   protected:
     std::string LocalPathOf(std::string path) {
@@ -158,6 +166,13 @@ TEST_F(MakeLocalPathTest, MakesAndNotesWhatMakingEachFolderInTurnDoes) {
             ASSERT_EQ(system.files.folders, plain.folders) << path;
         }
     }
+}
+
+TEST_F(MakeLocalPathTest, MakesFoldersAgainThatVanished) {
+    LocalPathOf("C:\\Web\\site.com\\a\\b.html");
+    system.files.folders = {"c:"};
+    LocalPathOf("C:\\Web\\site.com\\a\\b.html");
+    EXPECT_TRUE(system.files.FolderExists("c:\\Web\\site.com\\a"));
 }
 
 TEST_F(MakeLocalPathTest, LosesBlanksBeforeAFolderButNotInThePath) {

@@ -42,6 +42,12 @@ TEST_F(Records, SuppressesOnlyTheImmediateRepeat) {
     EXPECT_EQ(crawl::LastSearchPage, ":a.htm:");
 }
 
+TEST_F(Records, ASlotThatIsNoneWritesNothing) {
+    Record("a.html", 0);
+    EXPECT_TRUE(system.files.files.empty());
+    EXPECT_EQ(crawl::LastSearchPage, ":a.html:");
+}
+
 TEST_F(Records, SweepsFoldersMadeUpToAnEmptyFieldWithoutShortOnes) {
     const std::pair<std::string, bool> cases[] = {
         {" c:/wa\\* ", true},

@@ -72,6 +72,33 @@ TEST_F(Scheduler, StartsNothingWhenNoCrawlRuns) {
     EXPECT_TRUE(bas_Connections::AllSocketsClosed());
 }
 
+TEST_F(Scheduler, ReadsTheConnectionCountAnewEachTime) {
+    const std::pair<const char*, int> cases[] = {{"4", 4},     {"0", 0},  {"-3", -3}, {"2.5", 2},
+                                                 {"3.5", 4},   {"", 0},   {"abc", 0}, {"5 abc", 5},
+                                                 {"1e300", 0}, {"24", 24}};
+    for (const auto& [text, count] : cases) {
+        window.txt_max = text;
+        EXPECT_EQ(bas_Connections::ConnectionsCount(), count) << text;
+        EXPECT_EQ(bas_Connections::FindFreeSlot(), count >= 1 ? 1 : 0) << text;
+    }
+}
+
+TEST_F(Scheduler, ANewJobStartsFresh) {
+    crawl::ConnectionSlot& slot = crawl::Slots[1];
+    slot.Response.Assign("old");
+    slot.ContentLength = slot.BytesReceived = 9;
+    slot.Attempts = 3;
+    window.tmrOut(1).SetEnabled(false);
+    loop.Advance(5000);
+    bas_Connections::ConnectNext("a.com/x.html");
+    EXPECT_TRUE(slot.Response.Empty());
+    EXPECT_EQ(slot.ContentLength + slot.BytesReceived, 0);
+    loop.Advance(19999);
+    EXPECT_EQ(slot.Attempts, 1);
+    loop.Advance(1);
+    EXPECT_EQ(slot.Attempts, 2) << "the timeout runs from the start of the connection";
+}
+
 TEST_F(Scheduler, RefusesTypedCountsThatAreNoneOrTooHigh) {
     const std::pair<std::string, std::string> cases[] = {
         {"24", "4"},  {"23.5", "4"}, {"x", "4"},   {"", "4"},     {"5x", "4"},
@@ -85,6 +112,17 @@ TEST_F(Scheduler, RefusesTypedCountsThatAreNoneOrTooHigh) {
         EXPECT_EQ(window.txt_max, kept) << typed;
         EXPECT_EQ(system.boxes.asked, std::vector(typed == kept ? 0 : 1, refusal)) << typed;
     }
+}
+
+TEST_F(Scheduler, ChoosingFewerConnectionsResetsTheRowsBeyond) {
+    for (int i = 1; i <= 24; ++i)
+        window.SetRowStatus(i, "busy");
+    window.txt_max = "23";
+    bas_Connections::txtMax_Click();
+    EXPECT_EQ(window.rows[23].status, "busy");
+    EXPECT_EQ(window.rows[24].status, "Not Connected.");
+    EXPECT_EQ(window.rows[24].size, "0 KB");
+    EXPECT_EQ(window.rows[24].received, "-");
 }
 
 }  // namespace

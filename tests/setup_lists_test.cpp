@@ -27,6 +27,12 @@ Lines Filters() {
     return Lines(KeywordFilters.begin(), KeywordFilters.end());
 }
 
+TEST(ListFile, SplitsIntoNonBlankLines) {
+    EXPECT_EQ(SplitListFile(""), Lines());
+    EXPECT_EQ(SplitListFile(" a \r\n\r\n   \r\n\n.b"), (Lines{" a ", ".b"}));
+    EXPECT_EQ(SplitListFile("a\rb\r\r\n"), Lines{"a\rb\r"});
+}
+
 TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
     fakes::FakeSystem system;
     system.files.Have(kTypesFile, "\r\n  .GIF \r\n   \r\n.b");
@@ -45,7 +51,8 @@ TEST(FileTypes, AListIsMadeWhereNoneIsAndMayBeOfNoUse) {
     const std::pair<const char*, bool> cases[] = {{"", false},
                                                   {" \r\n.\r\nhtml\r\n", false},
                                                   {".tar.gz\n.a\1\n.\xE4", false},
-                                                  {"x\r\n .C++ ", true}};
+                                                  {"x\r\n .C++ ", true},
+                                                  {".c\r\n", true}};
     for (const auto& [bytes, known] : cases) {
         system.files.Have(kTypesFile, bytes);
         EXPECT_EQ(AnyFileTypeKnown(), known) << bytes;
@@ -81,6 +88,10 @@ TEST(Filters, StoresWhatTheNextStartLoads) {
     ClearKeywordFilters();
     LoadKeywordFilters();
     EXPECT_EQ(Filters(), stored);
+    StoreKeywordFilters({"last"});
+    Lines left(100);
+    left[0] = "last";
+    EXPECT_EQ(Filters(), left) << "what was removed filters no longer";
 }
 
 }  // namespace

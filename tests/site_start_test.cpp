@@ -33,7 +33,7 @@ TEST_F(SiteStart, CleansTheTypedAddress) {
 
 TEST_F(SiteStart, BeginsWithNothingLeftOfTheCrawlBefore) {
     Start("www.site.com/a.html");
-    crawl::List1.AddItem("www.site.com/left");
+    Queue({"www.site.com/left", "www.site.com/taken"});
     crawl::TotalBytes = 7;
     crawl::FilesDone = 3;
     crawl::MadeFolders = "c:\\old\\*";
@@ -46,6 +46,15 @@ TEST_F(SiteStart, BeginsWithNothingLeftOfTheCrawlBefore) {
     EXPECT_EQ(crawl::MadeFolders + crawl::LastSearchPage, "");
     EXPECT_EQ(window.Sock(9).State(), platform::SocketState::Closed);
     EXPECT_EQ(window.Sock(1).host(), "www.other.com");
+}
+
+TEST_F(SiteStart, OnlyEnterStarts) {
+    window.text1 = "site.com";
+    for (const int key : {0, 10, 27, 32, 65, 112})
+        bas_Connections::Text1_KeyDown(key);
+    EXPECT_TRUE(window.start_enabled);
+    bas_Connections::Text1_KeyDown(13);
+    EXPECT_FALSE(window.start_enabled);
 }
 
 }  // namespace

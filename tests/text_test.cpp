@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "text/character_map.h"
 #include "text/consumable_text.h"
 #include "text/numbers.h"
 #include "text/replacements.h"
@@ -17,6 +18,15 @@
 namespace {
 
 using namespace std::string_literals;
+
+TEST(TextTest, InStrCountsFromOneAndZeroMeansAbsent) {
+    EXPECT_EQ(text::InStr("abcabc", "abc", 0), 1u);
+    EXPECT_EQ(text::InStr("abcabc", "abc", 2), 4u);
+    EXPECT_EQ(text::InStr("abcabc", "c", 7), 0u);
+    EXPECT_EQ(text::InStr("abcabc", "ca", 99), 0u);
+    EXPECT_EQ(text::InStr("abc", "abcd", 1), 0u);
+    EXPECT_EQ(text::InStr("abc", "", 1), 0u);
+}
 
 TEST(TextTest, PiecesStayInsideAndBytesBeyondAsciiStay) {
     EXPECT_EQ(text::Mid("abcdef", 3), "cdef");
@@ -57,6 +67,37 @@ TEST(TextTest, ReplaceEqualsTheObviousLoopOnRandomText) {
     std::string tight(100000, '\n');
     text::ReplaceAllIn(tight, "\n", "\r\n");
     EXPECT_LT(tight.capacity(), 200100u) << "no more memory than needed";
+}
+
+TEST(CharacterMapTest, EqualsOneReplacementAfterTheOtherOnRandomText) {
+    std::mt19937 random(20261122);
+    const auto random_text = [&random](std::size_t size) {
+        std::string s(size, ' ');
+        for (char& c : s)
+            c = "abc\0"[random() % 4];
+        return s;
+    };
+    for (int round = 0; round < 4000; ++round) {
+        // Some maps keep every size, some lengthen nothing, and some do.
+        const std::size_t longest = random() % 3;
+        std::string subject = random_text(random() % 100);
+        std::string expected = subject;
+        text::CharacterMap map;
+        for (std::size_t i = random() % 4; i > 0; --i) {
+            const std::string pattern = random_text(1);
+            const std::string replacement =
+                random_text(longest == 0 ? 1 : random() % (longest + 1));
+            if (map.Add(pattern[0], replacement))
+                expected = text::ReplaceAll(expected, pattern, replacement);
+        }
+        ASSERT_EQ(map.AppliedTo(subject), expected) << "round " << round;
+        map.ApplyTo(subject);
+        ASSERT_EQ(subject, expected) << "round " << round;
+    }
+    text::CharacterMap map;
+    EXPECT_TRUE(map.Add('a', "bbbb"));
+    EXPECT_FALSE(map.Add('b', "cc")) << "'a' would become too long";
+    EXPECT_EQ(map.AppliedTo("ab"), "bbbbb");
 }
 
 TEST(ReplacementsTest, EqualOneAfterTheOtherOnRandomText) {

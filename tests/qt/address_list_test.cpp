@@ -151,4 +151,5 @@ TEST(ElidedText, KeepsBothEndsOfAnAddress) {
     EXPECT_LE(metrics.horizontalAdvance(shown), 300);
     EXPECT_TRUE(shown.startsWith("www.site.com"));
     EXPECT_TRUE(shown.endsWith("page.html"));
+    EXPECT_EQ(ui::ElideMiddle("a\tb\r\nc\x1f", metrics, 300), "a b  c ") << "on one line";
 }

@@ -37,6 +37,17 @@ TEST(CommandLine, RefusesWhatItCannotRead) {
     }
 }
 
+TEST(CommandLine, ReadsAnOrder) {
+    const cli::CommandLine plain = Read(kCrawl.trimmed());
+    ASSERT_EQ(plain.action, Action::Crawl);
+    EXPECT_EQ(plain.order.site, "www.site.com");
+    EXPECT_EQ(plain.order.connections, 4);
+    EXPECT_EQ(plain.order.timeout_milliseconds, 15000);
+    const cli::CommandLine full = Read(kCrawl + "--connections=24 --timeout=.5");
+    EXPECT_EQ(full.order.connections, 24);
+    EXPECT_EQ(full.order.timeout_milliseconds, 500);
+}
+
 TEST(CommandLine, HelpAndManualPageNameTheSame) {
     std::ifstream file(VANTORIN_MANUAL);
     std::string manual{std::istreambuf_iterator<char>(file), {}};

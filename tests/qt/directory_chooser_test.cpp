@@ -99,6 +99,14 @@ TEST_F(DirectoryChooserTest, AnotherDriveOpensAtItsRootAndOneThatIsNotReadyNotAt
     EXPECT_EQ(drives->currentText().left(2), "z:");
 }
 
+TEST_F(DirectoryChooserTest, OddNames) {
+    for (const char* name : {"b\xc3\xa4r", "no \xff text", ".hidden"})
+        system.files.Have(std::string("c:\\many\\") + name);
+    Open("C:\\many\\");
+    ASSERT_EQ(Names().size(), 4U);
+    DoubleClick("no \xef\xbf\xbd text");
+    EXPECT_EQ(Label1(), "C:\\many") << "shown, but the folder box could not hold it";
+}
 #endif
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 namespace {
 
+using platform::BoxAnswer;
 using platform::BoxStyle;
 using Keywords = std::vector<std::string>;
 
@@ -52,6 +53,17 @@ TEST_F(FilterDialogTest, RemovingSelectsWhatMovesUp) {
     Click(*dialog, "Command2");
     dialog->close();
     EXPECT_EQ(Stored(), "A\r\ncaf\xe9\r\n");  // bytes that no encoding knows stay as they were
+}
+
+TEST_F(FilterDialogTest, ClearsAllAfterAQuestion) {
+    Open({"A", "B"});
+    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    Click(*dialog, "Command3");
+    EXPECT_EQ(List1()->count(), 2);
+    Click(*dialog, "Command3");
+    EXPECT_EQ(List1()->count(), 0);
+    ExpectAsked("Are you sure you want to remove all the filters?", BoxStyle::StopYesNo,
+                "Clear Filters");
 }
 
 TEST_F(FilterDialogTest, KeepsTheListEvenWhenItsParentGoes) {

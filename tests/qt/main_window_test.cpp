@@ -1,5 +1,7 @@
 #include <QAccessible>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QProgressBar>
 #include <QTimer>
 #include <QWheelEvent>
@@ -8,6 +10,8 @@
 #include "tests/qt/window_bench.h"
 #include "ui/activity_light.h"
 #include "ui/address_list.h"
+#include "ui/connection_panel.h"
+#include "ui/rate_graph.h"
 #include "widgets/contrast.h"
 #include "widgets/elided_label.h"
 #include "widgets/link_button.h"
@@ -17,6 +21,72 @@ using Texts = std::vector<std::string>;
 
 using MainWindow = bench::WindowTest;
 using State = ui::ActivityLight::State;
+
+TEST_F(MainWindow, StandsThereAsDesigned) {
+    crawl::List1.AddItem("left over");
+    Open();
+    EXPECT_EQ(Window().windowTitle(), "Vantorin Website Downloader 1.9");
+    const std::pair<const char*, const char*> captions[] = {
+        {"Label3", "0 Files"}, {"Label4", "0 Bytes"}, {"l24", "Not Connected."}};
+    for (const auto& [name, caption] : captions)
+        EXPECT_EQ(The<QLabel>(name).text(), caption);
+    EXPECT_TRUE(Window().Command1Enabled());
+    EXPECT_FALSE(The<QPushButton>("Command2").isEnabled());
+    EXPECT_EQ(The<QComboBox>("txtMax").itemText(23), "24");
+    EXPECT_EQ(Window().TxtMax(), "4");
+
+    EXPECT_TRUE(system.files.FolderExists("c:\\program\\dldata"));
+    EXPECT_EQ(Window().tmrMove().Interval(), 20);
+    EXPECT_EQ(Window().tmrOut(24).Interval(), 20000);
+    EXPECT_TRUE(crawl::List1.Empty());
+}
+
+TEST_F(MainWindow, HasItsMenu) {
+    Open();
+    Texts entries;
+    for (const QAction* heading : Window().menuBar()->actions()) {
+        entries.push_back(heading->text().toStdString());
+        for (const QAction* entry : heading->menu()->actions())
+            entries.push_back(entry->isSeparator() ? "-" : entry->text().toStdString());
+    }
+    const Texts expected = {"&File",  "&New Site",       "-",     "&Exit Vantorin",
+                            "&Sites", "Pause Download",  "-",     "&Explore...",
+                            "-",      "&Preferences...", "&Help", "&About"};
+    EXPECT_EQ(entries, expected);
+    Choose("mnuabout");
+    EXPECT_EQ(system.boxes.asked.back().message, "Vantorin Website Downloader 1.9");
+}
+
+TEST_F(MainWindow, LaysItselfOutAtEverySize) {
+    Open();
+    const QWidget& client = The<QWidget>("Client");
+    const auto& panel = The<ui::ConnectionPanel>("Picture1");
+    const QWidget& queue = The<QWidget>("List1");
+    const QWidget& address = The<QWidget>("Text1");
+    const QWidget& light = The<QWidget>("Picture2");
+    const QWidget& connections = The<QWidget>("txtMax");
+    for (const QSize& size : {QSize(820, 760), QSize(1900, 1400), QSize(500, 400), QSize(120, 80),
+                              QSize(60, 400), QSize(700, 60), QSize(820, 760)}) {
+        const int last_queue_height = queue.height();
+        const int last_address_width = address.width();
+        Window().resize(size);
+        QCoreApplication::processEvents();
+        const int w = client.width();
+        const int h = client.height();
+        SCOPED_TRACE(testing::Message() << w << " by " << h << " pixels");
+        EXPECT_EQ(panel.width(), w - 32);
+        EXPECT_EQ(queue.width(), w - 24);
+        EXPECT_EQ(connections.x(), w - connections.width() - 24);
+        const int queue_height = h - 184 - panel.height();
+        EXPECT_EQ(queue.height(), queue_height >= 0 ? queue_height : last_queue_height);
+        const int address_width = w - light.width() - 96;
+        EXPECT_EQ(address.width(), address_width >= 0 ? address_width : last_address_width);
+        EXPECT_EQ(light.x(), address.geometry().right() + 1 + 8);
+        EXPECT_EQ(The<QLabel>("Label6").y(), queue.geometry().bottom() + 1 + 3);
+        EXPECT_EQ(panel.height() == panel.FullHeight(), h > 650);
+        EXPECT_EQ(panel.height() == panel.LeastHeight(), h < 400);
+    }
+}
 
 TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     Open();
@@ -101,11 +171,17 @@ TEST_F(MainWindow, SaysHowFarItIsAndWhatComesNext) {
 }
 
 TEST_F(MainWindow, SaysWhenNoFileCameAtAll) {
+    pages = {{"/", "a"}};
     Open();
+    StartByKeys("site.com");
+    ASSERT_TRUE(WaitFor([&] { return !system.boxes.asked.empty(); }));
+    EXPECT_EQ(The<QLabel>("Progress").text(), "1 files done");
+
+    pages.clear();
     StartByKeys("silent.com");
     for (int i = 1; i <= crawl::kSlotCount; ++i)
         Window().tmrOut(i).SetInterval(1);
-    ASSERT_TRUE(WaitFor([&] { return !system.boxes.asked.empty(); }));
+    ASSERT_TRUE(WaitFor([&] { return system.boxes.asked.size() == 2; }));
     EXPECT_EQ(The<QLabel>("Label6").text(), "Website Downloaded!");
     EXPECT_EQ(The<QLabel>("Progress").text(),
               "No file came: http://www.silent.com did not answer, or not to the end.");
@@ -208,6 +284,15 @@ TEST_F(MainWindow, TheWheelTurnsTheConnectionsOnlyWithTheFocus) {
     }
 }
 
+TEST_F(MainWindow, StartsNothingInAFolderThatCannotBeWritten) {
+    system.files.refused = {"c:\\Websites"};
+    Open();
+    StartByKeys("site.com");
+    ASSERT_EQ(system.boxes.asked.size(), 1U);
+    EXPECT_EQ(system.boxes.asked[0].title, "Eror");
+    EXPECT_TRUE(Window().Command1Enabled());
+}
+
 TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     Open();
     Choose("mnuexplore");
@@ -255,4 +340,13 @@ TEST_F(MainWindow, AsksBeforeItCloses) {
     EXPECT_EQ(system.boxes.asked.size(), 2U);
     Choose("mnunew");
     EXPECT_EQ(wizards, 1) << "a closed window does nothing";
+}
+
+TEST_F(MainWindow, DrawsTheRateOfTheLastMinute) {
+    Open();
+    auto& graph = The<ui::RateGraph>("Picture3");
+    for (const int total : {700, 1700, 2200, 2200, 300})
+        graph.Sample(total);
+    const std::vector<std::int32_t> last(graph.Rates().end() - 5, graph.Rates().end());
+    EXPECT_EQ(last, (std::vector<std::int32_t>{0, 1000, 500, 0, 300}));
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QThread>
 #include <QTimer>
 
 TEST(QtEventLoop, DoEventsRunsWhatIsPendingAndReturns) {
@@ -17,4 +18,24 @@ TEST(QtEventLoop, DoEventsRunsWhatIsPendingAndReturns) {
     loop.DoEvents();
     EXPECT_TRUE(posted);
     EXPECT_TRUE(idle);
+}
+
+TEST(QtEventLoop, DoEventsThrottledTakesATurnOnlyEveryFewMilliseconds) {
+    platform::QtEventLoop loop;
+    const auto takes_turn = [&loop] {
+        bool turned = false;
+        QMetaObject::invokeMethod(
+            qApp, [&] { turned = true; }, Qt::QueuedConnection);
+        loop.DoEventsThrottled();
+        const bool took = turned;
+        loop.DoEvents();  // the event goes before `turned` does
+        return took;
+    };
+    EXPECT_TRUE(takes_turn()) << "the first time";
+    bool passed_over = false;
+    for (int i = 0; i < 1000 && !passed_over; ++i)  // a busy machine may hold one up for too long
+        passed_over = !takes_turn();
+    EXPECT_TRUE(passed_over);
+    QThread::msleep(6);
+    EXPECT_TRUE(takes_turn()) << "after a while";
 }

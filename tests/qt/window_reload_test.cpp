@@ -10,6 +10,27 @@ using platform::BoxAnswer;
 /// The window's exchange by a stop, and the wizard that opens by itself.
 using WindowReload = bench::WindowTest;
 
+TEST_F(WindowReload, StopMakesAFreshWindowAndThenOpensTheWizard) {
+    Open();
+    StartByKeys("silent.com");
+    Window().setGeometry(30, 40, 700, 600);
+    const QRect place = Window().geometry();
+    const QPointer<ui::frmMain> old(&Window());
+    QString status_in_wizard;
+    in_wizard = [&] { status_in_wizard = The<QLabel>("Label6").text(); };
+
+    system.boxes.answers = {BoxAnswer::Yes};
+    Click("Command2");
+    ASSERT_NE(&Window(), old.data());
+    EXPECT_EQ(wizards, 1);
+
+    ASSERT_TRUE(WaitFor([&] { return wizards == 2 && old.isNull(); }));
+    EXPECT_EQ(status_in_wizard, "Operation Cancelled.");
+    EXPECT_FALSE(crawl::Stopping);
+    EXPECT_EQ(Window().geometry(), place);
+    EXPECT_TRUE(crawl::List1.on_change && crawl::List2.on_change) << "the new lists are told";
+}
+
 TEST_F(WindowReload, OneWizardOpensAtTheStartAndForANewSite) {
     in_wizard = [this] {
         holder.Activated();

@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "forms/frm_new.h"
+#include "forms/z_filter.h"
+#include "setup/file_types.h"
 #include "setup/settings.h"
 #include "tests/qt/form_test.h"
 #include "widgets/link_button.h"
@@ -51,6 +53,22 @@ class WizardTest : public FormTest {
     std::unique_ptr<ui::frmNew> wizard;
 };
 
+TEST_F(WizardTest, AFirstRunShowsTheDefaults) {
+    Open();
+    EXPECT_EQ(wizard->windowTitle(), "New Site Wizard");
+    EXPECT_EQ(TxtUrl()->text(), "http://");
+    EXPECT_EQ(TxtDir()->text(), "C:\\Websites\\");
+    EXPECT_EQ(Setting("LastURL"), "http://");
+    EXPECT_EQ(Setting("InDir"), "C:\\Websites\\");
+    EXPECT_EQ(Setting("Timeout"), "(none)");
+    EXPECT_EQ(List2()->currentText(), "15");
+
+    const std::string defaults = system.files.At(kTypesFile);
+    EXPECT_EQ(defaults.size(), 74U);
+    Click("Command2");
+    EXPECT_EQ(system.files.At(kTypesFile), defaults + defaults);
+}
+
 TEST_F(WizardTest, TheBoxesSelectTheirTextAndStoreEveryKey) {
     Open();
     EXPECT_EQ(TxtUrl()->selectedText(), "http://");
@@ -62,6 +80,17 @@ TEST_F(WizardTest, TheBoxesSelectTheirTextAndStoreEveryKey) {
             QTest::keyClicks(box, QString(stored).right(1));
             EXPECT_EQ(Setting(box == TxtDir() ? "InDir" : "LastURL"), stored);
         }
+    }
+}
+
+TEST_F(WizardTest, OptionsGrowAndShrinkAboutTheCentre) {
+    Open();
+    wizard->move(200, 100);
+    for (const bool expanded : {false, true, false}) {
+        EXPECT_EQ(wizard->width(), expanded ? 648 : 457);
+        EXPECT_EQ(wizard->x(), expanded ? 104 : 200);  // 1432.5 twips, rounded up
+        EXPECT_EQ(Find<QPushButton>(*wizard, "Command6")->text().right(2), expanded ? "<<" : ">>");
+        Click("Command6");
     }
 }
 
@@ -151,6 +180,18 @@ TEST_F(WizardTest, DeletesTheSelectedFileType) {
     EXPECT_EQ(Types(), (Items{".htm", ".css"}));
 }
 
+TEST_F(WizardTest, SetDefaultAsksAndSavesAtOnce) {
+    OpenWithTypes(".old\r\n");
+    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    Click("Command5");
+    EXPECT_EQ(Types(), (Items{".old"}));
+    ExpectAsked("Are you sure you want to set the file types list to default?",
+                BoxStyle::InformationYesNo, "Default");
+    Click("Command5");
+    EXPECT_EQ(Types(), bas_General::DefaultFileTypes());
+    EXPECT_EQ(system.files.At(kTypesFile).size(), 74U);
+}
+
 TEST_F(WizardTest, AListOfOneObeysItsKeys) {
     OpenWithTypes(".htm\r\n");
     auto* types = Find<QListWidget>(*wizard, "List1");
@@ -221,6 +262,15 @@ TEST_F(WizardTest, GrowsWithTheFontOfTheDesktop) {
     Open();
     EXPECT_EQ(wizard->width(), 914);
     QApplication::setFont(usual);
+}
+
+TEST_F(WizardTest, TheFiltersCloseWithIt) {
+    Open();
+    Click("Command8");
+    auto* filters = Find<ui::zFilter>(*wizard, "zFilter");
+    ASSERT_TRUE(filters->isVisible());
+    wizard->close();
+    EXPECT_FALSE(filters->isVisible());
 }
 
 #ifndef _WIN32
