@@ -11,7 +11,6 @@
 #include <sstream>
 
 #include "bench/fuzz_input.h"
-#include "bench/literal_scan.h"
 #include "crawl/crawl_state.h"
 #include "extractor/addresses.h"
 #include "extractor/admission.h"
@@ -35,7 +34,7 @@ constexpr std::string_view kWords[] = {
     "docs/"sv,       "link/"sv,        "mirror/"sv, "filters.txt"sv, "index.html"sv,
     "secret.html"sv, "\\"sv,           "//"sv,      "http://"sv,     "www."sv,
     " "sv,           "_SearchData/"sv, "c:"sv,      "z:"sv,          "|"sv,
-    "*"sv,
+    "*"sv,           "new/deep/"sv,    "new/./"sv,  "..\\"sv,
 };
 
 /// What the user has. The folder of site.com is the site's, but a ".tmp" of the user's stays.
@@ -64,6 +63,14 @@ void MakeUsersFiles(const fs::path& root) {
     fs::create_directory_symlink(root, root / "mirror/link");
 }
 
+/// Every `part` in `text` removed, from left to right.
+std::string Without(std::string text, std::string_view part) {
+    for (std::size_t at = 0; (at = text.find(part, at)) != text.npos;) {
+        text.erase(at, part.size());
+    }
+    return text;
+}
+
 std::string Contents(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -76,7 +83,7 @@ bool IsTheSites(const std::string& name, const std::string& contents) {
     if (!name.starts_with("mirror/")) return false;
     if (name == "mirror/log.txt" || name == "mirror/transdd.txt") return true;
     if (name.starts_with("mirror/_SearchData/")) return true;
-    if (name.ends_with(".tmp") && literal::Replace(contents, placeholder, "").empty()) return true;
+    if (name.ends_with(".tmp") && Without(contents, placeholder).empty()) return true;
     const bool in_folder = std::count(name.begin(), name.end(), '/') > 1;
     return in_folder && !name.starts_with("mirror/other.com/") &&
            !name.starts_with("mirror/docs/") && !name.starts_with("mirror/link/");
@@ -107,9 +114,9 @@ void Say(const std::string& line) {
     slot.Host = address.substr(0, address.find('/'));
     slot.Path = address.substr(slot.Host.size());
     // A host of that name would own its folder.
-    std::string folder = literal::Replace(slot.Host, "www.", "");
+    std::string folder = Without(slot.Host, "www.");
     std::erase_if(folder, [](char c) { return std::string_view("*{}|").find(c) < 4; });
-    folder = literal::Replace(folder, "www.", "");
+    folder = Without(folder, "www.");
     for (const char* const users : {"other.com", "docs", "link"}) {
         if (folder.find(users) != std::string::npos) return;
     }

@@ -21,6 +21,8 @@ LINK_SPELLINGS += [b" " + name + rest
 
 HOST_ENDINGS = [b".info", b".tk", b".uk", b".au", b".mil", b".gov", b".edu", b".org", b".net", b".com"]
 
+PLACEHOLDER = b".tmp"
+
 TEXT_MARKS = (b".htm", b".php", b".shtm", b".asp", b".txt")
 
 
@@ -82,34 +84,47 @@ def without_scheme(link):
     return trim(link)[7:] if trim(link).lower().startswith(b"http://") else link
 
 
+class Unanswered(Exception):
+    """Nobody answers what `address` asks for: it never ends well."""
+
+    def __init__(self, address):
+        super().__init__(address)
+        self.address = address
+
+
 class SiteModel:
     """Crawls with one connection. `receive(host, path)` gives what a server answers, header and all.
+    No address with one of the words `filters` in it is fetched but the first; `Unanswered` is raised
+    for one that gets no answer, which is None.
 
     Afterwards `files` holds path -> bytes relative to the target folder, with "/" between folders,
     `queued` the addresses in log.txt, `resolved` the pairs in transdd.txt, both in their order, and
     `original` path -> received bytes.
     """
 
-    def __init__(self, start, receive):
-        self.receive = receive
+    def __init__(self, start, receive, filters=()):
+        self.receive, self.filters = receive, filters
         self.host = re.split(rb"[#'>}? /\\]", start, maxsplit=1)[0]
         self.site_host = self.host.replace(b"www.", b"")
         self.files, self.original = {}, {}
         self.queued, self.resolved = [], []
-        self.placeholders, self.queue = set(), []
+        self.placeholders, self.unwritten, self.queue = set(), set(), []
+        self.folders = {b"."}
         self.fetch(start)
         while self.queue:
             self.fetch(self.queue.pop())
 
-    def fetch(self, address):
-        address = without_scheme(trim(address)).replace(b"\\", b"/").replace(b".jpeg", b".jpg")
+    def fetch(self, queued):
+        address = without_scheme(trim(queued)).replace(b"\\", b"/").replace(b".jpeg", b".jpg")
         host, slash, rest = address.partition(b"/")
         path = (slash + rest)[:999] or b"/"
         path = path if b"." in path else path + b"/"
         path = path.replace(b"/index.html", b"/")
         response = self.receive(host, path.replace(b"//", b"/"))
-        saved = self.save(response, host, path)
-        self.original[saved] = response
+        if response is None:
+            raise Unanswered(queued)
+        if trim(response).lower() != b"cancel":
+            self.original[self.save(response, host, path)] = response
         base = address[:address.rindex(b"/") + 1] if b"/" in address else address
         for link in links_of(response, base):
             self.admit(link)
@@ -120,9 +135,9 @@ class SiteModel:
             return
         link = trim(trim(link.replace(b"http:\\", b"http://")).replace(b"\\", b"/"))
         link += b"index.html" if link.endswith(b"/") else b""
-        local = clean_link_name(trim(without_scheme(link).replace(b"www.", b"")))
-        local = posixpath.normpath(local)
-        if local + b".html" in self.files or local in self.files or local in self.placeholders:
+        as_named = clean_link_name(trim(without_scheme(link).replace(b"www.", b""))).replace(b"www.", b"")
+        local = posixpath.normpath(as_named)
+        if any(self.is_known(local + end) for end in (b".html", b"", PLACEHOLDER)):
             return
         if not is_wanted(link):
             return
@@ -133,9 +148,13 @@ class SiteModel:
             found, link = link, resolve_dot_dot(link)
             self.resolved.append((found, link))
         link = link.replace(b"/./", b"/").replace(b"http://", b"http:/").replace(b"http:/", b"http://")
+        if any(word.lower() in link.lower() for word in self.filters):
+            return
         self.queue.append(link)
         self.queued.append(link)
-        self.placeholders.add(local)
+        self.make_folders(as_named)
+        if self.is_written(local + PLACEHOLDER):
+            self.placeholders.add(local + PLACEHOLDER)
 
     def save(self, response, host, path):
         address = clean_link_name(host + path)
@@ -150,16 +169,47 @@ class SiteModel:
         for mark in (b".php", b".asp"):
             local += b".html" if mark in local and b".html" not in local else b""
         local = local.replace(b"//", b"/")
-        self.files[posixpath.normpath(local)] = self.rewritten(text, host, local) + b"\r\n"
-        self.placeholders.discard(posixpath.normpath(before_rename))
-        return posixpath.normpath(local)
+        self.make_folders(local)
+        saved = posixpath.normpath(local)
+        own_folder = address.partition(b"/")[0].replace(b"www.", b"") + b"/"
+        if self.is_written(saved, own_folder):
+            self.files[saved] = self.rewritten(text, host, local) + b"\r\n"
+        self.placeholders.discard(posixpath.normpath(before_rename) + PLACEHOLDER)
+        return saved
+
+    def is_known(self, path):
+        return path in self.files or path in self.placeholders or path in self.unwritten
+
+    def make_folders(self, path):
+        """Each folder on the way to a file, also one that the way leaves again."""
+        for end in (at for at, letter in enumerate(path) if letter == ord("/")):
+            folder = posixpath.normpath(path[:end])
+            if self.can_write(folder) and folder not in self.files and folder not in self.placeholders:
+                self.folders.add(folder)
+
+    def is_written(self, path, own_folder=b""):
+        """Whether a write succeeds. A file that failed counts as known from then on."""
+        written = path.startswith(own_folder) and self.can_write(path)
+        if not written:
+            self.unwritten.add(path)
+        return written
+
+    def can_write(self, path):
+        folder, name = posixpath.split(path)
+        return path not in self.folders and len(name) <= 255 and (folder or b".") in self.folders
+
+    def left_placeholders(self):
+        """What lies in the target folder itself: the crawl did not make that, and clears only what it made."""
+        line = b"This file is queued to be downloaded, or did not download correctly.\r\n"
+        return {path: line for path in self.placeholders if b"/" not in path}
 
     def rewritten(self, text, host, local):
         for mark in (b".php", b".asp"):
             for end in (b"'", b'"', b">"):
                 text = text.replace(mark + end, mark + b".html" + end)
         text = text.replace(b".php?", b".php_").replace(b".PHP?", b".PHP_")
-        if b"/" not in local.partition(self.site_host + b"/")[2][1:]:
+        _, found, after = local.lower().partition(self.site_host.lower() + b"/")
+        if found and b"/" not in after[1:]:
             for blanks in (b"=", b" =", b" = ", b"= "):
                 text = text.replace(b"href" + blanks + b'"../', b"href" + blanks + b'"')
             for blanks, put in ((b"=", b"="), (b" =", b" ="), (b" = ", b" = "), (b"= ", b" =")):

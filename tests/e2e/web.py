@@ -105,6 +105,9 @@ class ScriptedServer(socketserver.ThreadingTCPServer):
     def handle_error(self, request, client_address):
         """A client that hangs up is no fault of the server."""
 
+    def answer_to(self, request):
+        return self.answers.get(path_of(request), NOT_FOUND)
+
     def paths(self):
         return [path_of(request) for request in self.requests]
 
@@ -115,7 +118,7 @@ class ScriptedHandler(socketserver.BaseRequestHandler):
         if not request:
             return
         self.server.requests.append(request)
-        answer = self.server.answers.get(path_of(request), NOT_FOUND)
+        answer = self.server.answer_to(request)
         if callable(answer):
             answer(self.request, self.server.ending)
         else:
