@@ -30,11 +30,12 @@ void* operator new(std::size_t size) {
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return std::malloc(size);  // or the sanitizer's own would meet the delete below
 }
-void operator delete(void* memory) noexcept {
+// Inlined, it would free what a call of new gave, and GCC 14 would warn of that.
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    operator delete(memory);
 }
 
 namespace {
