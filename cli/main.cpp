@@ -21,6 +21,9 @@
 #ifdef Q_OS_WIN
 #include "widgets/label_font.h"
 #endif
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -122,10 +125,21 @@ int RunCrawl(const cli::CrawlOrder& order, int argc, char** argv) {
     return cli::RunUnattended(order, holder, terminal);
 }
 
+/// Has large blocks given back to the system whenever they are freed. By itself the C library keeps
+/// more and more of them, and a second large response needs its memory on top of that.
+void GiveBackLargeBlocks() {
+#ifdef __GLIBC__
+    constexpr int kLargeBlock = 1 << 20;
+    mallopt(M_MMAP_THRESHOLD, kLargeBlock);
+    mallopt(M_TRIM_THRESHOLD, kLargeBlock);
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     cli::OpenClosedStreams();
+    GiveBackLargeBlocks();
 #ifndef _WIN32
     std::signal(SIGXFSZ, SIG_IGN);  // a file that grows past the user's limit is a failed write
 #endif
