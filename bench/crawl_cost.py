@@ -3,8 +3,8 @@
     VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.crawl_cost
 
 The site: 222 pages of 20 KB, each with 4 pictures of its own, from nginx on the loopback. Prints the
-processor time of the program and of wget, medians of runs that take turns, and the program's system
-calls, counted by strace in a run of its own.
+processor time of the program and of wget, medians of runs that take turns, and the program's
+instructions and system calls, counted by valgrind and strace in runs of their own.
 """
 
 import collections
@@ -89,6 +89,27 @@ def system_calls():
     return calls
 
 
+def instructions():
+    """How many instructions a whole crawl takes, and how many of them are the program's own."""
+    profile = private_network.scratch("valgrind") / "profile"
+    crawl(under=["valgrind", "--quiet", "--tool=callgrind", "--compress-strings=no", "--dump-line=no",
+                 f"--callgrind-out-file={profile}"])
+    own = every = 0
+    is_own = is_call = False
+    with profile.open() as lines:
+        for line in lines:
+            if line.startswith("ob="):
+                is_own = line.rstrip().endswith("/vantorin")
+            elif line.startswith("calls="):
+                is_call = True  # the next line has what the called function took, which counts there
+            elif line[0] in "0123456789+-*":
+                count = 0 if is_call else int(line.split()[1])
+                own += is_own * count
+                every += count
+                is_call = False
+    return every, own
+
+
 def main():
     site = private_network.scratch("site")
     make_site(site)
@@ -97,10 +118,13 @@ def main():
         for _ in range(RUNS):
             ours.append(crawl())
             theirs.append(wget())
+        every, own = instructions()
         calls = system_calls()
     ours, theirs = (statistics.median(seconds) / FILES * 1e3 for seconds in (ours, theirs))
     row(f"processor time per file, crawl of {FILES:,} files", f"{ours:.2f} ms",
         f"wget -m -k: {theirs:.2f} ms, ratio {ours / theirs:.1f}")
+    row("instructions per file of that crawl", f"{every / FILES / 1e6:.2f} million",
+        f"{own / FILES / 1e6:.2f} million in the program itself, the others in libraries")
     most = ", ".join(f"{name} {count / FILES:.1f}" for name, count in calls.most_common(8))
     row("system calls per file of that crawl", f"{sum(calls.values()) / FILES:.0f}", most)
 

@@ -54,14 +54,17 @@ bool IsFile(const std::string& path) {
 
 bool IsPlaceholder(const std::string& path) {
     const platform::Files& files = platform::System().files;
-    if (files.FileLength(path).value_or(kLongestPlaceholder + 1) > kLongestPlaceholder)
-        return false;
-    return files.ReadFile(path).value_or("").starts_with(kPlaceholderText);
+    return files.ReadShortFile(path, kLongestPlaceholder)
+        .value_or("")
+        .starts_with(kPlaceholderText);
 }
 
-bool IsUsersTemporaryFile(const std::string& path) {
-    return path.ends_with(kPlaceholderEnd) && platform::System().files.FileLength(path) &&
-           !IsPlaceholder(path);
+/// Appends to a file that is not the user's.
+bool Append(const std::string& path, std::initializer_list<std::string_view> parts) {
+    platform::Files& files = platform::System().files;
+    if (!path.ends_with(kPlaceholderEnd)) return files.AppendFile(path, parts);
+    return files.WriteNewFile(path, parts) ||
+           (IsPlaceholder(path) && files.AppendFile(path, parts));
 }
 
 }  // namespace
@@ -102,9 +105,8 @@ bool WriteMirrorPage(std::string_view path, std::string_view host,
 
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts) {
     const auto resolved = platform::ResolvePathText(path);
-    const bool written = resolved && CurrentConfines().Contains(*resolved) &&
-                         !IsUsersTemporaryFile(*resolved) &&
-                         platform::System().files.AppendFile(*resolved, parts);
+    const bool written =
+        resolved && CurrentConfines().Contains(*resolved) && Append(*resolved, parts);
     return Remembered(written, path);
 }
 

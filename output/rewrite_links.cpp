@@ -1,7 +1,9 @@
 #include "output/rewrite_links.h"
 
+#include <array>
 #include <cstddef>
 #include <iterator>
+#include <optional>
 #include <vector>
 
 #include "text/http_scheme.h"
@@ -53,16 +55,32 @@ void AddOwnLinkRules(const std::string& host, Rules& all) {
     all.push_back({site, ""});
 }
 
-}  // namespace
-
-text::Replacements RewritingRules(const RewritingOf& file) {
+Rules MakeRules(const RewritingOf& file) {
     Rules rules;
     if (file.has_lines) Add(kLineEndRules, rules);
     Add(kDynamicLinkRules, rules);
     if (file.is_top_level) Add(kClimbingLinkRules, rules);
     AddOwnLinkRules(file.from_host, rules);
     Add(kScriptRules, rules);
-    return text::Replacements(rules);
+    return rules;
+}
+
+}  // namespace
+
+const text::Replacements& RewritingRules(const RewritingOf& file) {
+    // Nearly all files of a crawl come from one host, and to make the rules takes longer than to
+    // run them on a picture. So the last ones of each kind are kept.
+    struct Kept {
+        std::string from_host;
+        std::optional<text::Replacements> rules;
+    };
+    static std::array<Kept, 4> kept;
+    auto& [from_host, rules] = kept[(file.has_lines ? 2 : 0) + (file.is_top_level ? 1 : 0)];
+    if (!rules || from_host != file.from_host) {
+        rules.emplace(MakeRules(file));
+        from_host = file.from_host;
+    }
+    return *rules;
 }
 
 }  // namespace bas_Output

@@ -16,7 +16,7 @@ struct RewritingOf {
                             ///< go; from an empty one every "http://" goes
 };
 
-/// The rules for one file, in their order.
-text::Replacements RewritingRules(const RewritingOf& file);
+/// The rules for one file, in their order. Valid until the next call.
+const text::Replacements& RewritingRules(const RewritingOf& file);
 
 }  // namespace bas_Output

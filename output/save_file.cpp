@@ -74,7 +74,7 @@ bool WritePage(std::string_view received, std::string& address, int slot) {
     text::ReplaceAllIn(crawl::SavePath, "\\\\", "\\");
     text::ReplaceAllIn(address, "\\\\", "\\");
 
-    const text::Replacements rules = RewritingRules(
+    const text::Replacements& rules = RewritingRules(
         {.has_lines = has_lines,
          .is_top_level = IsTopLevelFile(crawl::SavePath),
          .from_host = crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string()});

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "page_text/name_table.h"
+
 namespace page_text {
 
 /// How an element stands in the text around it.
@@ -128,14 +130,11 @@ inline constexpr std::size_t kElementCount = std::size(elements::kAll);
 inline constexpr ElementId kOtherElement = static_cast<ElementId>(kElementCount);
 static_assert(kElementCount < 256);
 
+inline constexpr NameTable<Element> kElementsByName(elements::kAll);
+
 constexpr ElementId FindElement(std::string_view lower_case_name) {
-    const auto by_name = [](const Element& element, std::string_view name) {
-        return element.name < name;
-    };
-    const Element* found = std::lower_bound(std::begin(elements::kAll), std::end(elements::kAll),
-                                            lower_case_name, by_name);
-    if (found == std::end(elements::kAll) || found->name != lower_case_name) return kOtherElement;
-    return static_cast<ElementId>(found - std::begin(elements::kAll));
+    const Element* const found = kElementsByName.Find(lower_case_name);
+    return found == nullptr ? kOtherElement : static_cast<ElementId>(found - elements::kAll);
 }
 
 /// The number of an element that the code names; a name that is not in the table does not compile.

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "page_text/character_references.h"
+#include "page_text/name_table.h"
 
 namespace page_text {
 
@@ -183,12 +184,12 @@ static_assert(std::all_of(std::begin(kNamedCharacters), std::end(kNamedCharacter
                               return row.name.size() <= kLongestCharacterName;
                           }));
 
+constexpr NameTable<NamedCharacter> kByName(kNamedCharacters);
+
 }  // namespace
 
 const NamedCharacter* FindNamedCharacter(std::string_view name) {
-    const auto* found = std::lower_bound(std::begin(kNamedCharacters), std::end(kNamedCharacters),
-                                         NamedCharacter{name, 0}, ByName);
-    return found != std::end(kNamedCharacters) && found->name == name ? found : nullptr;
+    return kByName.Find(name);
 }
 
 }  // namespace page_text

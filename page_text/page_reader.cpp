@@ -111,17 +111,22 @@ void PageReader::OnText(std::string_view text) {
     assembler_.BlockEdge(1);
 }
 
+/// A NUL is nothing.
 void PageReader::AppendText(std::string_view text) {
-    const auto stops = [](char c) { return c == '&' || c == '\0'; };  // A NUL is nothing.
+    for (std::size_t end; (end = text.find('\0')) != text.npos; text.remove_prefix(end + 1)) {
+        AppendReferences(text.substr(0, end));
+    }
+    AppendReferences(text);
+}
+
+/// Text with what its character references stand for.
+void PageReader::AppendReferences(std::string_view text) {
     std::string character;
-    while (!text.empty()) {
-        const auto stop =
-            static_cast<std::size_t>(std::find_if(text.begin(), text.end(), stops) - text.begin());
-        AppendPiece(text.substr(0, stop));
-        text.remove_prefix(stop);
-        if (text.empty()) return;
+    for (std::size_t end; (end = text.find('&')) != text.npos;) {
+        AppendPiece(text.substr(0, end));
+        text.remove_prefix(end);
         character.clear();
-        std::size_t length = text[0] == '&' ? ReadCharacterReference(text, character) : 1;
+        std::size_t length = ReadCharacterReference(text, character);
         if (length == 0) {
             character += '&';
             length = 1;
@@ -129,6 +134,7 @@ void PageReader::AppendText(std::string_view text) {
         AppendPiece(character);
         text.remove_prefix(length);
     }
+    AppendPiece(text);
 }
 
 void PageReader::AppendPiece(std::string_view piece) {

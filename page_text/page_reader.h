@@ -23,6 +23,7 @@ class PageReader {
     void OnStartTag(const Tag& tag);
     void OnText(std::string_view text);
     void AppendText(std::string_view text);
+    void AppendReferences(std::string_view text);
     void AppendPiece(std::string_view piece);
 
     Tokenizer tokenizer_;

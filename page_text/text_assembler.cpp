@@ -12,12 +12,13 @@ bool Collapses(char c) {
 
 /// The end of what stands at `begin` and comes out as it is: words with one blank between them.
 std::size_t EndOfPlainWords(std::string_view text, std::size_t begin) {
+    const auto is_letter = [](char c) { return static_cast<unsigned char>(c) > ' '; };
     std::size_t at = begin;
-    while (at < text.size()) {
+    for (; at < text.size(); ++at) {
+        if (is_letter(text[at]) || !Collapses(text[at])) continue;
         const bool is_single_blank =
             text[at] == ' ' && at > begin && at + 1 < text.size() && !Collapses(text[at + 1]);
-        if (Collapses(text[at]) && !is_single_blank) break;
-        ++at;
+        if (!is_single_blank) break;
     }
     return at;
 }
@@ -25,6 +26,7 @@ std::size_t EndOfPlainWords(std::string_view text, std::size_t begin) {
 }  // namespace
 
 void TextAssembler::AppendPendingBreaks() {
+    if (pending_breaks_ == 0) return;
     // Nothing stands above the first line.
     if (!text_.empty()) text_.append(static_cast<std::size_t>(pending_breaks_), '\n');
     pending_breaks_ = 0;

@@ -33,6 +33,13 @@ class Files {
     /// Nothing on a fault, also when the file is larger than the memory.
     virtual std::optional<std::string> ReadFile(std::string_view path) const = 0;
 
+    /// The same for a file of at most `longest` bytes; nothing when it is longer.
+    virtual std::optional<std::string> ReadShortFile(std::string_view path,
+                                                     std::uint64_t longest) const {
+        const auto length = FileLength(path);
+        return length && *length <= longest ? ReadFile(path) : std::nullopt;
+    }
+
     /// Makes the file consist of `parts`, one after the other, whatever was there before. It is
     /// whole or untouched: on a fault (a full disk, say) the old file stays, and no new one is
     /// left.
@@ -43,6 +50,12 @@ class Files {
     /// nothing.
     virtual bool AppendFile(std::string_view path,
                             std::initializer_list<std::string_view> parts) = 0;
+
+    /// The same where nothing is yet, not even a symbolic link. False also when something is.
+    virtual bool WriteNewFile(std::string_view path,
+                              std::initializer_list<std::string_view> parts) {
+        return !FileLength(path) && AppendFile(path, parts);
+    }
 
     virtual bool DeleteFile(std::string_view path) = 0;
 

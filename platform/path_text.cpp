@@ -8,12 +8,35 @@
 
 namespace platform {
 
+namespace {
+
+/// Whether resolving would change nothing, which is so for most paths: whoever checks one resolves
+/// it, and so does whoever opens it then. Names that begin with a dot count as something to do.
+bool IsResolved(std::string_view path) {
+    if (!HasDrive(path) || path[0] < 'a' || path.find('/') != path.npos || !IsOnDrive(path))
+        return false;
+    if (path.size() > 2 && path[2] != '\\') return false;
+    for (std::size_t at = path.find('\\'); at != path.npos; at = path.find('\\', at + 1)) {
+        if (at + 1 == path.size() || path[at + 1] == '\\' || path[at + 1] == '.') return false;
+    }
+    return true;
+}
+
+/// Up to the first separator. Most paths have one kind of them, so each is searched for by itself.
+std::size_t NameLength(std::string_view path) {
+    const std::string_view name = path.substr(0, path.find('\\'));
+    return std::min(name.find('/'), name.size());
+}
+
+}  // namespace
+
 bool HasDrive(std::string_view path) {
     return path.size() >= 2 && path[1] == ':' && text::IsLetter(path[0]);
 }
 
 std::optional<std::string> ResolvePathText(std::string_view path) {
     if (path.empty() || path.find('\0') != std::string_view::npos) return std::nullopt;
+    if (IsResolved(path)) return std::string(path);
     std::string resolved;
     if (HasDrive(path)) {
         resolved = {text::LowerLetter(path[0]), ':'};
@@ -25,8 +48,7 @@ std::optional<std::string> ResolvePathText(std::string_view path) {
 
     resolved.reserve(resolved.size() + path.size() + 1);
     while (!path.empty()) {
-        const auto end = std::find_if(path.begin(), path.end(), IsSeparator);
-        const auto name_length = static_cast<std::size_t>(end - path.begin());
+        const std::size_t name_length = NameLength(path);
         const std::string_view name = path.substr(0, name_length);
         path.remove_prefix(std::min(name_length + 1, path.size()));
 

@@ -35,7 +35,9 @@ std::optional<std::string> SystemPathOf(std::string_view path) {
     if (!resolved) return std::nullopt;
     std::string system_path = resolved->front() == 'c' ? HomeFolder() : std::string();
     system_path.append(*resolved, 2);
-    std::replace(system_path.begin(), system_path.end(), '\\', '/');
+    for (std::size_t at = 0; (at = system_path.find('\\', at)) != system_path.npos; ++at) {
+        system_path[at] = '/';
+    }
     if (system_path.empty()) system_path += '/';
     return system_path;
 }

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <system_error>
 
@@ -34,12 +35,18 @@ bool WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> part
 }
 
 /// Writes to a new file, as it came from `native::Open`, and leaves none on a fault.
-bool WriteNewFile(const Path& path, std::FILE* file,
-                  std::initializer_list<std::string_view> parts) {
+bool FillNewFile(const Path& path, std::FILE* file, std::initializer_list<std::string_view> parts) {
     if (file == nullptr) return false;
     if (WriteAndClose(file, parts)) return true;
     native::Unlink(path);
     return false;
+}
+
+/// Opens for adding at the end. Only of a file that is not read does the library first ask where
+/// that is.
+std::FILE* OpenToAppend(const Path& path) {
+    std::FILE* const file = native::Open(path, "a+b");
+    return file != nullptr ? file : native::Open(path, "ab");
 }
 
 /// A name for the file that is written in the target's place and takes its name when it is whole.
@@ -99,9 +106,14 @@ bool SystemFiles::FolderExists(std::string_view path) const {
 }
 
 std::optional<std::string> SystemFiles::ReadFile(std::string_view path) const {
+    return ReadShortFile(path, std::numeric_limits<std::uint64_t>::max());
+}
+
+std::optional<std::string> SystemFiles::ReadShortFile(std::string_view path,
+                                                      std::uint64_t longest) const {
     const auto native_path = native::PathOf(path);
     const auto status = native_path ? native::StatusOf(*native_path) : std::nullopt;
-    if (!status || !status->is_file) return std::nullopt;
+    if (!status || !status->is_file || status->length > longest) return std::nullopt;
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(native::Open(*native_path, "rb"),
                                                                std::fclose);
     if (file == nullptr) return std::nullopt;
@@ -128,7 +140,7 @@ bool SystemFiles::WriteFile(std::string_view path, std::initializer_list<std::st
         temporary = TemporaryBeside(*native_path, number++);
         file = native::Open(temporary, "wbx");
     } while (file == nullptr && errno == EEXIST);
-    if (!WriteNewFile(temporary, file, parts)) return false;
+    if (!FillNewFile(temporary, file, parts)) return false;
 
     std::error_code error;
     std::filesystem::rename(temporary, *native_path, error);
@@ -140,14 +152,20 @@ bool SystemFiles::AppendFile(std::string_view path, std::initializer_list<std::s
     const auto native_path = native::PathOf(path);
     if (!native_path) return false;
     const auto status = native::StatusOf(*native_path);
-    if (!status) return WriteNewFile(*native_path, native::Open(*native_path, "wbx"), parts);
-    std::FILE* const file = status->is_file ? native::Open(*native_path, "ab") : nullptr;
+    if (!status) return FillNewFile(*native_path, native::Open(*native_path, "wbx"), parts);
+    std::FILE* const file = status->is_file ? OpenToAppend(*native_path) : nullptr;
     if (file == nullptr) return false;
     if (WriteAndClose(file, parts)) return true;
     // Were this to fail too, nothing more could be done about the part that was written.
     std::error_code error;
     std::filesystem::resize_file(*native_path, status->length, error);
     return false;
+}
+
+bool SystemFiles::WriteNewFile(std::string_view path,
+                               std::initializer_list<std::string_view> parts) {
+    const auto native_path = native::PathOf(path);
+    return native_path && FillNewFile(*native_path, native::Open(*native_path, "wbx"), parts);
 }
 
 bool SystemFiles::DeleteFile(std::string_view path) {

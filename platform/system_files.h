@@ -17,8 +17,12 @@ class SystemFiles : public Files {
     std::optional<std::uint64_t> FileLength(std::string_view path) const override;
     bool FolderExists(std::string_view path) const override;
     std::optional<std::string> ReadFile(std::string_view path) const override;
+    std::optional<std::string> ReadShortFile(std::string_view path,
+                                             std::uint64_t longest) const override;
     bool WriteFile(std::string_view path, std::initializer_list<std::string_view> parts) override;
     bool AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) override;
+    bool WriteNewFile(std::string_view path,
+                      std::initializer_list<std::string_view> parts) override;
     bool DeleteFile(std::string_view path) override;
     void DeleteBySuffix(std::string_view folder, std::string_view suffix) override;
     std::vector<std::string> Subfolders(std::string_view folder) const override;

@@ -30,6 +30,7 @@ TEST_PACKAGES=(
 # What "bench/run" measures with and compares with, on top of the packages for the tests.
 BENCH_PACKAGES=(
     strace
+    valgrind
     wget
 )
 

@@ -101,6 +101,7 @@ TEST_F(SystemFilesTest, FollowsLinksToSeeWhatLiesInside) {
     }
     EXPECT_TRUE(files.IsInside(In("mirror\\new"), In("alias")));
     EXPECT_TRUE(files.IsLink(In("mirror\\dangling")));
+    EXPECT_FALSE(files.WriteNewFile(In("mirror\\dangling"), {"x"}));
     EXPECT_FALSE(files.IsLink(In("mirror\\real")));
     EXPECT_FALSE(files.AppendFile(In("mirror\\dangling"), {"x"}));
     EXPECT_EQ(files.Subfolders(In("mirror")), (std::vector<std::string>{"in", "out", "real"}))

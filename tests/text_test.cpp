@@ -128,6 +128,9 @@ TEST(ReplacementsTest, EqualOneAfterTheOtherOnRandomText) {
         replacements.ApplyTo(subject);
         ASSERT_EQ(subject, expected) << "round " << round;
     }
+    // So full of pieces of the pattern that the search for it is given up.
+    const text::Replacements at_end(std::vector<text::Replacements::Rule>{{"=====x", "y"}});
+    EXPECT_EQ(at_end.AppliedTo(std::string(5000, '=') + "x"), std::string(4995, '=') + "y");
     const std::vector<text::Replacements::Rule> absent = {{"absent", ""}};
     EXPECT_EQ(text::Replacements(absent).AppliedTo("text"), std::nullopt);
 }

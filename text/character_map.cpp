@@ -17,6 +17,40 @@ std::size_t IndexOf(char character) {
     return static_cast<unsigned char>(character);
 }
 
+/// Where characters to replace are this close together, the following stretch is not searched.
+constexpr std::size_t kNear = 8;
+constexpr std::size_t kStretch = 16;
+
+/// Finds the next of some characters in a text, going through the text once for each.
+class NextOf {
+  public:
+    NextOf(std::string_view subject, std::string_view characters)
+        : subject_(subject), characters_(characters) {
+        for (std::size_t i = 0; i < characters_.size(); ++i) {
+            places_[i] = Search(i, 0);
+        }
+    }
+
+    /// The first place from `at` on, which never goes back; the text's end when there is none.
+    std::size_t AtOrAfter(std::size_t at) {
+        std::size_t nearest = subject_.size();
+        for (std::size_t i = 0; i < characters_.size(); ++i) {
+            if (places_[i] < at) places_[i] = Search(i, at);
+            nearest = std::min(nearest, places_[i]);
+        }
+        return nearest;
+    }
+
+  private:
+    std::size_t Search(std::size_t i, std::size_t from) const {
+        return std::min(subject_.find(characters_[i], from), subject_.size());
+    }
+
+    std::string_view subject_;
+    std::string_view characters_;
+    std::array<std::size_t, 256> places_;
+};
+
 std::size_t CountIn(const char* block, char character) {
     unsigned char count = 0;
     for (std::size_t i = 0; i < kBlock; ++i) {
@@ -44,7 +78,6 @@ bool CharacterMap::Add(char character, std::string_view replacement) {
         text.copy(added.texts_[i].data(), kLongest);
         added.sizes_[i] = static_cast<std::uint8_t>(text.size());
         added.grows_ |= text.size() > 1;
-        added.keeps_size_ &= text.size() == 1;
         if (changed_.find(own) == std::string::npos) added.changed_ += own;
     }
     *this = std::move(added);
@@ -63,10 +96,6 @@ bool CharacterMap::Changes(std::string_view subject) const {
 void CharacterMap::ApplyTo(std::string& subject) const {
     if (grows_) {
         subject = AppliedTo(subject);
-    } else if (keeps_size_) {
-        for (char& character : subject) {
-            character = texts_[IndexOf(character)][0];
-        }
     } else {
         const char* const end = Write(subject, subject.data());
         subject.resize(static_cast<std::size_t>(end - subject.data()));
@@ -104,8 +133,24 @@ std::size_t CharacterMap::Growth(std::string_view subject) const {
 }
 
 /// Writes what `subject` becomes from `out` on and returns its end. `out` may be the beginning of
-/// `subject` itself where nothing becomes longer. No branch depends on the characters.
+/// `subject` itself where nothing becomes longer. Searches for the next character to replace, and
+/// after one that was near goes from character to character, since they may be dense.
 char* CharacterMap::Write(std::string_view subject, char* out) const {
+    NextOf next(subject, changed_);
+    for (std::size_t at = 0; at < subject.size();) {
+        const std::size_t found = next.AtOrAfter(at);
+        if (out != subject.data() + at) std::memmove(out, subject.data() + at, found - at);
+        out += found - at;
+        const std::size_t end =
+            std::min(found + (found - at < kNear ? kStretch : 1), subject.size());
+        out = WriteEach(subject.substr(found, end - found), out);
+        at = end;
+    }
+    return out;
+}
+
+/// The same from character to character. No branch depends on the characters.
+char* CharacterMap::WriteEach(std::string_view subject, char* out) const {
     if (!grows_) {
         for (const char character : subject) {
             *out = texts_[IndexOf(character)][0];

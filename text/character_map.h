@@ -9,7 +9,8 @@
 namespace text {
 
 /// Replacements of single characters, made in one pass: each character becomes a short text of its
-/// own wherever it stands. The time depends on the text's length alone, however dense they are.
+/// own wherever it stands. Where they are rare the time is that of searching for them; it never
+/// becomes much more than that of going from character to character, however dense they are.
 class CharacterMap {
   public:
     /// Every character stays.
@@ -37,12 +38,12 @@ class CharacterMap {
 
     std::size_t Growth(std::string_view subject) const;
     char* Write(std::string_view subject, char* out) const;
+    char* WriteEach(std::string_view subject, char* out) const;
 
     std::array<Short, 256> texts_{};
     std::array<std::uint8_t, 256> sizes_;
     std::string changed_;
-    bool grows_ = false;      // some character becomes longer
-    bool keeps_size_ = true;  // every character becomes one character
+    bool grows_ = false;  // some character becomes longer
 };
 
 }  // namespace text

@@ -1,85 +1,101 @@
 #include "text/pattern_scan.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
-#include <cstring>
 
 namespace text {
 
 namespace {
 
-constexpr std::size_t kStride = PatternScan::kShortest - 1;
-/// Characters whose pairs are looked at together; nearly all blocks have none that counts.
-constexpr std::size_t kBlock = 64;
-constexpr std::size_t kPairs = std::size_t{1} << 16;
-static_assert(PatternScan::kMost * kStride <= 255, "places are counted in one byte");
-/// One close look for so many characters costs no more than the pass itself.
+/// The characters that patterns are found by, roughly the rarer in pages the earlier.
+constexpr std::string_view kRareFirst = "=:.;?/'\"<>zqxjkvbywgpfmucdlhrsinoate ";
+
+/// One close look for so many characters costs no more than the search itself.
 constexpr std::size_t kCharactersPerLook = 8;
 constexpr std::size_t kLooksAtLeast = 1000;
 
-/// The two characters at `at`, as a number.
-std::uint16_t PairAt(std::string_view subject, std::size_t at) {
-    std::uint16_t pair;
-    std::memcpy(&pair, subject.data() + at, sizeof pair);
-    return pair;
+std::size_t AnchorOffset(const std::string& pattern) {
+    for (const char rare : kRareFirst) {
+        const std::size_t offset = pattern.find(rare);
+        if (offset != std::string::npos) return offset;
+    }
+    return 0;
+}
+
+std::size_t IndexOf(char character) {
+    return static_cast<unsigned char>(character);
+}
+
+/// Notes that `pattern` has `neighbour` on one side of its anchor, or has no more on that side.
+void AddNeighbour(std::string_view neighbour, std::size_t pattern,
+                  std::array<PatternScan::Patterns, 256>& by_neighbour) {
+    if (!neighbour.empty()) {
+        by_neighbour[IndexOf(neighbour[0])].set(pattern);
+        return;
+    }
+    for (PatternScan::Patterns& fitting : by_neighbour) {
+        fitting.set(pattern);
+    }
 }
 
 }  // namespace
 
-PatternScan::PatternScan(const std::vector<std::string>& patterns)
-    : patterns_(patterns), first_place_(kPairs) {
+PatternScan::PatternScan(const std::vector<std::string>& patterns) : patterns_(patterns) {
     assert(patterns_.size() <= kMost);
     for (std::size_t i = 0; i < patterns_.size(); ++i) {
+        offsets_.push_back(AnchorOffset(patterns_[i]));
         short_[i] = patterns_[i].size() < kShortest;
-        for (std::size_t offset = 0; offset < kStride && !short_[i]; ++offset) {
-            places_.push_back({PairAt(patterns_[i], offset), static_cast<std::uint8_t>(i),
-                               static_cast<std::uint8_t>(offset)});
+        if (!short_[i]) AddAnchor(i);
+    }
+}
+
+void PatternScan::AddAnchor(std::size_t pattern) {
+    const std::string_view text = patterns_[pattern];
+    const std::size_t offset = offsets_[pattern];
+    auto anchor = std::find_if(anchors_.begin(), anchors_.end(),
+                               [&](const Anchor& a) { return a.character == text[offset]; });
+    if (anchor == anchors_.end())
+        anchor = anchors_.insert(anchor, Anchor{text[offset], {}, {}, {}});
+    anchor->patterns.set(pattern);
+    AddNeighbour(text.substr(offset > 0 ? offset - 1 : 0, offset > 0), pattern,
+                 anchor->by_previous);
+    AddNeighbour(text.substr(offset + 1, 1), pattern, anchor->by_next);
+}
+
+/// Whether the anchor at `anchor_at` is that of `pattern` in an occurrence of it.
+bool PatternScan::IsAround(std::string_view subject, std::size_t anchor_at,
+                           std::size_t pattern) const {
+    if (anchor_at < offsets_[pattern]) return false;
+    return subject.substr(anchor_at - offsets_[pattern]).starts_with(patterns_[pattern]);
+}
+
+/// Adds to `occur` those of the anchor's patterns that may occur.
+void PatternScan::Search(std::string_view subject, const Anchor& anchor, Patterns& occur) const {
+    const std::size_t most_looks = subject.size() / kCharactersPerLook + kLooksAtLeast;
+    std::size_t looks = 0;
+    for (std::size_t at = 0; (anchor.patterns & ~occur).any(); ++at) {
+        at = subject.find(anchor.character, at);
+        if (at == std::string_view::npos) return;
+        Patterns around = anchor.patterns & ~occur;
+        if (at > 0) around &= anchor.by_previous[IndexOf(subject[at - 1])];
+        if (at + 1 < subject.size()) around &= anchor.by_next[IndexOf(subject[at + 1])];
+        for (auto bits = around.to_ullong(); bits != 0; bits &= bits - 1) {
+            const auto pattern = static_cast<std::size_t>(std::countr_zero(bits));
+            if (IsAround(subject, at, pattern)) occur.set(pattern);
+            ++looks;
+        }
+        if (++looks > most_looks) {
+            occur |= anchor.patterns;
+            return;
         }
     }
-    std::sort(places_.begin(), places_.end(),
-              [](const Place& a, const Place& b) { return a.pair < b.pair; });
-    for (std::size_t i = places_.size(); i > 0; --i) {
-        first_place_[places_[i - 1].pair] = static_cast<std::uint8_t>(i);
-    }
-}
-
-/// Whether the pair at `pair_at` is that of `place` in an occurrence of its pattern.
-bool PatternScan::IsAround(std::string_view subject, std::size_t pair_at,
-                           const Place& place) const {
-    const std::string& pattern = patterns_[place.pattern];
-    if (pair_at < place.offset) return false;
-    const std::string_view rest = subject.substr(pair_at - place.offset);
-    // The last character tells most of them.
-    return rest.size() >= pattern.size() && rest[pattern.size() - 1] == pattern.back() &&
-           std::memcmp(rest.data(), pattern.data(), pattern.size()) == 0;
-}
-
-/// Whether any of the pairs in the block at `at` is in a pattern.
-bool PatternScan::HasPairIn(std::string_view subject, std::size_t at) const {
-    unsigned any = 0;
-    for (std::size_t i = 0; i < kBlock; i += kStride) {
-        any |= first_place_[PairAt(subject, at + i)];
-    }
-    return any != 0;
 }
 
 PatternScan::Patterns PatternScan::MayOccur(std::string_view subject, Patterns not_asked) const {
     Patterns occur = short_ | not_asked;
-    if (places_.empty()) return occur;
-    std::size_t looks_left = subject.size() / kCharactersPerLook + kLooksAtLeast;
-    for (std::size_t block = 0; block < subject.size(); block += kBlock) {
-        const std::size_t end = std::min(block + kBlock, subject.size() - 1);
-        if (end == block + kBlock && !HasPairIn(subject, block)) continue;
-        for (std::size_t at = block; at < end; at += kStride) {
-            const std::uint16_t pair = PairAt(subject, at);
-            const std::size_t first = first_place_[pair];
-            if (first == 0) continue;
-            for (std::size_t i = first - 1; i < places_.size() && places_[i].pair == pair; ++i) {
-                if (occur[places_[i].pattern]) continue;
-                if (--looks_left == 0) return Patterns().set();
-                occur[places_[i].pattern] = IsAround(subject, at, places_[i]);
-            }
-        }
+    for (const Anchor& anchor : anchors_) {
+        Search(subject, anchor, occur);
     }
     return occur;
 }

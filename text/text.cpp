@@ -1,6 +1,7 @@
 #include "text/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "text/ascii.h"
@@ -11,16 +12,35 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// Whether any of `kBlock` neighbouring places has `head` there and `tail` at `distance` behind it.
-/// The plain loop of fixed length is what compilers turn into vector instructions.
+/// How many neighbouring places are looked at together.
 constexpr std::size_t kBlock = 64;
-bool AnyCandidate(const char* place, char head, std::size_t distance, char tail) {
-    unsigned char any = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) {
-        any |= static_cast<unsigned char>((place[i] == head) & (place[i + distance] == tail));
+
+/// Those of `kBlock` neighbouring places that have `head` there and `tail` at `distance` behind it.
+/// The plain loop of fixed length is what compilers turn into vector instructions.
+class Candidates {
+  public:
+    Candidates(const char* place, char head, std::size_t distance, char tail) {
+        unsigned char any = 0;
+        for (std::size_t i = 0; i < kBlock; ++i) {
+            marks_[i] =
+                static_cast<unsigned char>((place[i] == head) & (place[i + distance] == tail));
+            any |= marks_[i];
+        }
+        any_ = any != 0;
     }
-    return any != 0;
-}
+
+    /// The first one from `from` on; `kBlock` when there is none.
+    std::size_t Next(std::size_t from) const {
+        if (!any_ || from == kBlock) return kBlock;
+        const void* const found = std::memchr(marks_.data() + from, 1, kBlock - from);
+        if (found == nullptr) return kBlock;
+        return static_cast<std::size_t>(static_cast<const unsigned char*>(found) - marks_.data());
+    }
+
+  private:
+    std::array<unsigned char, kBlock> marks_;
+    bool any_;
+};
 
 /// Whether `pattern`, of two characters or more, stands at `place`, behind which there is room for
 /// it.
@@ -41,17 +61,15 @@ std::size_t Find(std::string_view subject, std::string_view pattern, std::size_t
     const std::size_t places = subject.size() - pattern.size() + 1;
     const std::size_t distance = pattern.size() - 1;
     const char* const begin = subject.data();
-    for (std::size_t at = from; at < places; at += kBlock) {
-        const std::size_t end = std::min(at + kBlock, places);
-        if (end - at == kBlock &&
-            !AnyCandidate(begin + at, pattern.front(), distance, pattern.back())) {
-            continue;
-        }
-        for (std::size_t place = at; place < end; ++place) {
-            if (IsAt(begin + place, pattern)) return place;
+    std::size_t at = from;
+    for (; at + kBlock <= places; at += kBlock) {
+        const Candidates candidates(begin + at, pattern.front(), distance, pattern.back());
+        for (std::size_t i = 0; (i = candidates.Next(i)) < kBlock; ++i) {
+            if (IsAt(begin + at + i, pattern)) return at + i;
         }
     }
-    return kNone;
+    // In so short a rest the library's way is not bad either, and there are many short texts.
+    return at < places ? subject.find(pattern, at) : kNone;
 }
 
 std::size_t Count(std::string_view subject, std::string_view pattern, std::size_t first) {
@@ -64,27 +82,22 @@ std::size_t Count(std::string_view subject, std::string_view pattern, std::size_
 
 /// Writes `subject`, with every `pattern` from offset `first` on replaced, from `out` on and
 /// returns the end of what it wrote. `out` may lie in the same buffer as `subject`, as long as it
-/// never overtakes what is still to be read. Occurrences may follow one another closely, so in a
-/// block that may have one it goes from character to character.
+/// never overtakes what is still to be read. Occurrences may follow one another closely, so after
+/// one that was near it goes from character to character for a while.
 char* WriteReplaced(std::string_view subject, std::string_view pattern,
                     std::string_view replacement, std::size_t first, char* out) {
+    constexpr std::size_t kNear = 16;
     const auto put = [&out](std::string_view piece) {
         if (piece.data() != out) std::memmove(out, piece.data(), piece.size());
         out += piece.size();
     };
     const std::size_t places = subject.size() - pattern.size() + 1;
-    const std::size_t distance = pattern.size() - 1;
-    put(subject.substr(0, first));
-    std::size_t at = first;
-    while (at < places) {
-        const std::size_t end = std::min(at + kBlock, places);
-        if (end - at == kBlock &&
-            !AnyCandidate(subject.data() + at, pattern.front(), distance, pattern.back())) {
-            put(subject.substr(at, kBlock));
-            at = end;
-            continue;
-        }
-        while (at < end) {
+    std::size_t at = 0;
+    for (std::size_t found = first; found != kNone; found = Find(subject, pattern, at)) {
+        const std::size_t length = found - at < kNear ? kBlock : 1;
+        put(subject.substr(at, found - at));
+        at = found;
+        for (const std::size_t end = std::min(found + length, places); at < end;) {
             if (!IsAt(subject.data() + at, pattern)) {
                 *out++ = subject[at++];
                 continue;

@@ -51,6 +51,11 @@ TEST_P(FilesContract, KeepsWhatWasWritten) {
     EXPECT_TRUE(files.AppendFile(In("new"), {"y", "z"}));
     EXPECT_EQ(Read("f"), bytes + "xyz");
     EXPECT_EQ(Read("new"), "yz");
+    EXPECT_EQ(files.ReadShortFile(In("f"), 7), bytes + "xyz");
+    EXPECT_EQ(files.ReadShortFile(In("f"), 6), std::nullopt);
+    EXPECT_FALSE(files.WriteNewFile(In("new"), {"x"}));
+    EXPECT_TRUE(files.WriteNewFile(In("newer"), {"y", "z"}));
+    EXPECT_EQ(Read("new") + Read("newer"), "yzyz");
     EXPECT_TRUE(files.DeleteFile(In("f")));
     EXPECT_EQ(files.FileLength(In("f")), std::nullopt);
 }

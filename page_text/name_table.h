@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace page_text {
+
+/// Finds the rows of a table by their `name`. The table is sorted by name.
+template <typename Row>
+class NameTable {
+  public:
+    template <std::size_t N>
+    constexpr explicit NameTable(const Row (&rows)[N]) : rows_(rows) {
+        std::size_t row = 0;
+        for (std::size_t first = 0; first < kCharacters; ++first) {
+            begins_[first] = static_cast<std::uint16_t>(row);
+            while (row < N && static_cast<unsigned char>(rows[row].name[0]) == first) {
+                ++row;
+            }
+        }
+        begins_[kCharacters] = static_cast<std::uint16_t>(row);
+    }
+
+    /// The row of exactly this name; null when there is none.
+    constexpr const Row* Find(std::string_view name) const {
+        const std::size_t first = name.empty() ? kCharacters : static_cast<unsigned char>(name[0]);
+        if (first >= kCharacters) return nullptr;
+        // Few names begin with the same character, and most of those differ in length.
+        for (std::size_t row = begins_[first]; row < begins_[first + 1]; ++row) {
+            if (rows_[row].name == name) return &rows_[row];
+        }
+        return nullptr;
+    }
+
+  private:
+    static constexpr std::size_t kCharacters = 128;
+
+    const Row* rows_;
+    std::array<std::uint16_t, kCharacters + 1> begins_{};  // by a name's first character
+};
+
+}  // namespace page_text
