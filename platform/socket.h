@@ -16,6 +16,18 @@ enum class SocketState : int {
     Error = 9,    ///< refused, reset, unresolvable or out of memory
 };
 
+/// Why a connection came to nothing.
+enum class SocketFailure {
+    None,
+    NameUnknown,  ///< there is no host of that name
+    NotLookedUp,  ///< no name server said whether there is one
+    Refused,
+    Unreachable,
+    Silent,  ///< nobody answered for so long that the system gave up
+    Reset,
+    OutOfMemory,
+};
+
 /// One asynchronous TCP client connection. All events come from the event loop, on its thread.
 ///
 /// The contract that every implementation is tested against:
@@ -28,7 +40,7 @@ enum class SocketState : int {
 ///    before).
 ///  - A peer that closes before any byte raises nothing.
 ///  - A refused, reset or unresolvable connection goes to Error and raises nothing; so does one
-///    for whose bytes there is no memory.
+///    for whose bytes there is no memory. `Failure` tells which it was, in that state alone.
 ///  - The socket may be closed, connected again or destroyed from inside its own handlers.
 ///  - What one `on_data` can read is bounded, so that a fast peer cannot keep other events waiting.
 class Socket {
@@ -47,6 +59,8 @@ class Socket {
 
     virtual void Close() = 0;
     virtual SocketState State() const = 0;
+    /// Why the state is Error; None in every other one.
+    virtual SocketFailure Failure() const = 0;
 
     /// Raised once when the connection stands.
     std::function<void()> on_connect;

@@ -21,13 +21,17 @@ Connector::Connector(HostResolver& resolver, const std::string& host, std::uint1
     : port_(port), connected_(std::move(connected)) {
     patience_.setSingleShot(true);
     patience_.setInterval(kPatience);
-    QObject::connect(&patience_, &QTimer::timeout, this, [this] { TryNext(); });
-    failure_.setInterval(kBetweenLooks);
-    QObject::connect(&failure_, &QTimer::timeout, this, [this] {
-        if (native::HasFailed(handle_)) TryNext();
+    QObject::connect(&patience_, &QTimer::timeout, this, [this] {
+        NoteFailure(SocketFailure::Silent);
+        TryNext();
     });
-    resolver.LookUp(host, *this, [this](const HostResolver::Addresses& found) {
+    look_for_failure_.setInterval(kBetweenLooks);
+    QObject::connect(&look_for_failure_, &QTimer::timeout, this, [this] {
+        if (native::HasFailed(handle_)) Decided();
+    });
+    resolver.LookUp(host, *this, [this](const HostResolver::Addresses& found, SocketFailure why) {
         addresses_.assign(found.rbegin(), found.rend());
+        if (found.empty()) tried_ = why;
         TryNext();
     });
 }
@@ -44,22 +48,28 @@ void Connector::TryNext() {
         if (Start(address)) return;
         Drop();
     }
-    failed_ = true;
+    failure_ = tried_;
 }
 
 bool Connector::Start(native::Address address) {
     address.SetPort(port_);
     handle_ = native::OpenStream(address);
-    if (handle_ == native::kNoHandle || !native::StartConnect(handle_, address)) return false;
+    if (handle_ == native::kNoHandle) return false;
+    if (!native::StartConnect(handle_, address)) {
+        NoteFailure(native::FailureOf(native::LastError()));
+        return false;
+    }
     decided_ =
         std::make_unique<SocketWatch>(handle_, QSocketNotifier::Write, [this] { Decided(); });
-    if (native::kFailureIsSilent) failure_.start();
+    if (native::kFailureIsSilent) look_for_failure_.start();
     if (!addresses_.empty()) patience_.start();
     return true;
 }
 
 void Connector::Decided() {
-    if (native::PendingError(handle_) != 0 || native::HasFailed(handle_)) {
+    const int error = native::PendingError(handle_);
+    if (error != 0 || native::HasFailed(handle_)) {
+        NoteFailure(native::FailureOf(error));
         TryNext();
         return;
     }
@@ -69,11 +79,16 @@ void Connector::Decided() {
     connected(handle);
 }
 
+/// Of several addresses, one that somebody answered for tells more than one that leads nowhere.
+void Connector::NoteFailure(SocketFailure why) {
+    if (tried_ == SocketFailure::Unreachable) tried_ = why;
+}
+
 /// Lets go of the address that is being tried.
 void Connector::Drop() {
     patience_.stop();
     decided_.reset();
-    failure_.stop();
+    look_for_failure_.stop();
     if (handle_ != native::kNoHandle) {
         native::CloseHandle(std::exchange(handle_, native::kNoHandle));
     }

@@ -25,23 +25,25 @@ class Connector : public QObject {
               Connected connected);
     ~Connector() override;
 
-    /// Whether no address is left to try. Nobody is called then.
-    bool Failed() const { return failed_; }
+    /// Why no address is left to try; None while one is. Nobody is called in the end, then.
+    SocketFailure Failure() const { return failure_; }
 
   private:
     void TryNext();
     bool Start(native::Address address);
     void Decided();
     void Drop();
+    void NoteFailure(SocketFailure why);
 
     std::uint16_t port_;
     Connected connected_;
     HostResolver::Addresses addresses_;  // those not tried yet, the next one last
     native::Handle handle_ = native::kNoHandle;
     std::unique_ptr<SocketWatch> decided_;
-    QTimer failure_;
+    QTimer look_for_failure_;
     QTimer patience_;
-    bool failed_ = false;
+    SocketFailure tried_ = SocketFailure::Unreachable;  // the best that is known of what was tried
+    SocketFailure failure_ = SocketFailure::None;
 };
 
 }  // namespace platform

@@ -50,14 +50,14 @@ HostResolver::~HostResolver() = default;
 void HostResolver::LookUp(const std::string& host, QObject& receiver, Answer answer) {
     const std::string name = Normalised(host);
     if (name.empty()) {
-        answer({});
+        answer({}, SocketFailure::NameUnknown);
     } else if (const auto numeric = native::NumericAddress(name)) {
-        answer({*numeric});
+        answer({*numeric}, SocketFailure::None);
     } else if (!CanBeName(name)) {
-        answer({});
+        answer({}, SocketFailure::NameUnknown);
     } else if (const auto known = known_.find(name);
                known != known_.end() && Now() < known->second.until) {
-        answer(known->second.addresses);
+        answer(known->second.addresses, SocketFailure::None);
     } else {
         Ask(name, {&receiver, std::move(answer)});
     }
@@ -68,13 +68,14 @@ void HostResolver::Ask(const std::string& name, Asker asker) {
     askers.push_back(std::move(asker));
     if (askers.size() > 1) return;
     new NameQuery(
-        name, servers_, [this, name](const Addresses& found) { Take(name, found); }, this);
+        name, servers_,
+        [this, name](const Addresses& found, SocketFailure why) { Take(name, found, why); }, this);
 }
 
-void HostResolver::Take(const std::string& name, const Addresses& addresses) {
+void HostResolver::Take(const std::string& name, const Addresses& addresses, SocketFailure why) {
     const auto askers = asked_.extract(name);
     for (const Asker& asker : askers.mapped())
-        if (asker.receiver) asker.answer(addresses);
+        if (asker.receiver) asker.answer(addresses, why);
     const auto now = Now();
     std::erase_if(known_, [now](const auto& known) { return known.second.until <= now; });
     if (!addresses.empty()) known_[name] = {addresses, now + kAnswerIsKept};

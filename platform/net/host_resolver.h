@@ -20,7 +20,7 @@ namespace platform {
 class HostResolver : public QObject {
   public:
     using Addresses = std::vector<native::Address>;
-    using Answer = std::function<void(const Addresses&)>;
+    using Answer = std::function<void(const Addresses&, SocketFailure)>;
 
     /// The one of this process. It is made when first needed and ends with the application.
     static HostResolver& Shared();
@@ -31,8 +31,8 @@ class HostResolver : public QObject {
     ~HostResolver() override;
 
     /// Looks up `host`, a name or an address. `answer` is called once with what was found, best
-    /// first and possibly nothing: at once where nobody has to be asked, else from the event loop,
-    /// and not at all when `receiver` is gone by then. It must not let events run.
+    /// first, or with nothing and why: at once where nobody has to be asked, else from the event
+    /// loop, and not at all when `receiver` is gone by then. It must not let events run.
     void LookUp(const std::string& host, QObject& receiver, Answer answer);
 
   protected:
@@ -51,7 +51,7 @@ class HostResolver : public QObject {
     };
 
     void Ask(const std::string& name, Asker asker);
-    void Take(const std::string& name, const Addresses& addresses);
+    void Take(const std::string& name, const Addresses& addresses, SocketFailure why);
 
     std::string servers_;
     std::map<std::string, std::vector<Asker>> asked_;

@@ -27,6 +27,21 @@ std::vector<native::Address> AddressesIn(const ares_addrinfo* found) {
     return addresses;
 }
 
+/// A name that a server says is none, or has no address of its own, is unknown; whatever else goes
+/// wrong leaves that open.
+SocketFailure FailureOf(int status) {
+    switch (status) {
+        case ARES_SUCCESS:
+            return SocketFailure::None;
+        case ARES_ENOTFOUND:
+        case ARES_ENODATA:
+        case ARES_EBADNAME:
+            return SocketFailure::NameUnknown;
+        default:
+            return SocketFailure::NotLookedUp;
+    }
+}
+
 }  // namespace
 
 NameQuery::NameQuery(const std::string& name, const std::string& servers, Answered answered,
@@ -35,15 +50,15 @@ NameQuery::NameQuery(const std::string& name, const std::string& servers, Answer
     again_.setSingleShot(true);
     QObject::connect(&again_, &QTimer::timeout, this, [this] { Process(ARES_SOCKET_BAD); });
     if (!Open(name.find('.') == std::string::npos)) {
-        Answer({});
+        Answer({}, SocketFailure::NotLookedUp);
         return;
     }
     if (!servers.empty()) ares_set_servers_ports_csv(channel_, servers.c_str());
     const ares_addrinfo_hints both_families{};
     ares_getaddrinfo(
         channel_, name.c_str(), nullptr, &both_families,
-        [](void* self, int, int, ares_addrinfo* found) {
-            static_cast<NameQuery*>(self)->Answer(AddressesIn(found));
+        [](void* self, int status, int, ares_addrinfo* found) {
+            static_cast<NameQuery*>(self)->Answer(AddressesIn(found), FailureOf(status));
             ares_freeaddrinfo(found);
         },
         this);
@@ -100,9 +115,9 @@ void NameQuery::WaitOn() {
     again_.start(static_cast<int>(left.tv_sec * 1000 + left.tv_usec / 1000 + 1));
 }
 
-void NameQuery::Answer(std::vector<native::Address> addresses) {
+void NameQuery::Answer(std::vector<native::Address> addresses, SocketFailure why) {
     if (!answered_) return;
-    answered_(std::move(addresses));
+    answered_(std::move(addresses), why);
     deleteLater();  // c-ares may still be at work with the channel
 }
 

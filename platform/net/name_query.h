@@ -20,9 +20,9 @@ namespace platform {
 /// servers are asked, on the event loop. Destroying it takes the question back.
 class NameQuery : public QObject {
   public:
-    /// Called once with the addresses, best first; with none when there are none. It must not
-    /// destroy the query, which does that itself afterwards.
-    using Answered = std::function<void(std::vector<native::Address>)>;
+    /// Called once with the addresses, best first, or with none and why. It must not destroy the
+    /// query, which does that itself afterwards.
+    using Answered = std::function<void(std::vector<native::Address>, SocketFailure)>;
 
     /// `servers` is a list such as "127.0.0.1:5353" to be asked instead of the system's; "" for
     /// those.
@@ -35,7 +35,7 @@ class NameQuery : public QObject {
     void Watch(ares_socket_t handle, QSocketNotifier::Type type, bool wanted);
     void Process(ares_socket_t ready);
     void WaitOn();
-    void Answer(std::vector<native::Address> addresses);
+    void Answer(std::vector<native::Address> addresses, SocketFailure why);
 
     Answered answered_;
     ares_channel channel_ = nullptr;

@@ -12,6 +12,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/socket.h"
+
 /// The system's own stream sockets, non-blocking. What differs between the systems is in the files
 /// above.
 namespace platform::native {
@@ -74,6 +76,15 @@ inline int PendingError(Handle handle) {
     const int result =
         getsockopt(handle, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
     return result == 0 ? error : LastError();
+}
+
+/// What an error of `connect`, `recv` or `send` means.
+inline SocketFailure FailureOf(int error) {
+    if (error == kRefused) return SocketFailure::Refused;
+    if (error == kTimedOut) return SocketFailure::Silent;
+    for (const int reset : kResets)
+        if (error == reset) return SocketFailure::Reset;
+    return SocketFailure::Unreachable;
 }
 
 }  // namespace platform::native

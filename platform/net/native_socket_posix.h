@@ -27,6 +27,9 @@ inline int LastError() {
 inline bool IsPending(int error) {
     return error == EAGAIN || error == EWOULDBLOCK || error == EINPROGRESS || error == EINTR;
 }
+inline constexpr int kRefused = ECONNREFUSED;
+inline constexpr int kTimedOut = ETIMEDOUT;
+inline constexpr int kResets[] = {ECONNRESET, ECONNABORTED, EPIPE};
 
 inline void CloseHandle(Handle handle) {
     close(handle);

@@ -27,6 +27,9 @@ inline int LastError() {
 inline bool IsPending(int error) {
     return error == WSAEWOULDBLOCK || error == WSAEINPROGRESS;
 }
+inline constexpr int kRefused = WSAECONNREFUSED;
+inline constexpr int kTimedOut = WSAETIMEDOUT;
+inline constexpr int kResets[] = {WSAECONNRESET, WSAECONNABORTED};
 
 inline void CloseHandle(Handle handle) {
     closesocket(handle);

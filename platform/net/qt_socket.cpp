@@ -37,7 +37,13 @@ void QtSocket::Close() {
 SocketState QtSocket::State() const {
     if (stream_) return stream_->State();
     if (!connector_) return SocketState::Closed;
-    return connector_->Failed() ? SocketState::Error : SocketState::Connecting;
+    return connector_->Failure() == SocketFailure::None ? SocketState::Connecting
+                                                        : SocketState::Error;
+}
+
+SocketFailure QtSocket::Failure() const {
+    if (stream_) return stream_->Failure();
+    return connector_ ? connector_->Failure() : SocketFailure::None;
 }
 
 }  // namespace platform

@@ -27,6 +27,7 @@ class QtSocket final : public Socket {
     std::string GetData() override;
     void Close() override;
     SocketState State() const override;
+    SocketFailure Failure() const override;
 
   private:
     HostResolver& resolver_;

@@ -72,9 +72,10 @@ bool Stream::ReadMore() {
     const std::ptrdiff_t count =
         native::Receive(handle_, buffer.data(), kMostPerEvent - waiting_.size());
     if (count > 0) return Keep({buffer.data(), static_cast<std::size_t>(count)});
-    if (count < 0 && native::IsPending(native::LastError())) return true;
+    const int error = count < 0 ? native::LastError() : 0;
+    if (count < 0 && native::IsPending(error)) return true;
     if (count < 0 || sending_failed_) {
-        Fail();
+        Fail(count < 0 ? native::FailureOf(error) : SocketFailure::Reset);
         return false;
     }
     readable_.reset();
@@ -88,16 +89,17 @@ bool Stream::Keep(std::string_view bytes) {
     try {
         waiting_ += bytes;
     } catch (const std::bad_alloc&) {
-        Fail();
+        Fail(SocketFailure::OutOfMemory);
         return false;
     }
     any_byte_came_ = true;
     return true;
 }
 
-void Stream::Fail() {
+void Stream::Fail(SocketFailure why) {
     CloseHandle();
     state_ = SocketState::Error;
+    failure_ = why;
 }
 
 /// Sends what the network takes now; the rest follows when it takes more.

@@ -29,19 +29,21 @@ class Stream : public QObject {
     /// Takes the bytes that wait.
     std::string Take();
     SocketState State() const { return state_; }
+    SocketFailure Failure() const { return failure_; }
 
   private:
     void Readable();
     void Check();
     bool ReadMore();
     bool Keep(std::string_view bytes);
-    void Fail();
+    void Fail(SocketFailure why);
     void Flush();
     void CloseHandle();
 
     const std::function<void()>& on_data_;
     native::Handle handle_;
     SocketState state_ = SocketState::Connected;
+    SocketFailure failure_ = SocketFailure::None;
     std::unique_ptr<SocketWatch> readable_;  // while the peer may still send
     std::unique_ptr<SocketWatch> writable_;  // while bytes wait to be sent
     std::string waiting_;

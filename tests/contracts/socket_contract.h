@@ -23,6 +23,7 @@
 ///   NewTimer()           a timer on the same loop, as a unique_ptr
 namespace contracts {
 
+using platform::SocketFailure;
 using platform::SocketState;
 
 template <typename Bench>
@@ -96,12 +97,16 @@ TYPED_TEST_P(SocketContract, AResponseEndsWithOneEventInClosing) {
 TYPED_TEST_P(SocketContract, NothingIsRaisedForAPeerThatSendsNothing) {
     auto& bench = this->bench_;
     bench.ConnectRefused();
+    EXPECT_EQ(bench.socket->Failure(), SocketFailure::None);
     EXPECT_TRUE(this->EndsIn(SocketState::Error));
+    EXPECT_EQ(bench.socket->Failure(), SocketFailure::Refused);
     EXPECT_EQ(this->connects, 0);
 
     this->ConnectAndAccept();
+    EXPECT_EQ(bench.socket->Failure(), SocketFailure::None) << "this connection did not fail";
     bench.PeerCloses();
     EXPECT_TRUE(this->EndsIn(SocketState::Closing));
+    EXPECT_EQ(bench.socket->Failure(), SocketFailure::None);
     EXPECT_TRUE(this->states.empty());
     EXPECT_TRUE(bench.socket->SendData("a half-closed connection still takes this"));
 }
@@ -112,8 +117,11 @@ TYPED_TEST_P(SocketContract, AResetIsNoClose) {
     EXPECT_TRUE(this->Receives("half an ans"));
     this->bench_.PeerResets();
     EXPECT_TRUE(this->EndsIn(SocketState::Error));
+    EXPECT_EQ(this->bench_.socket->Failure(), SocketFailure::Reset);
     EXPECT_EQ(this->EventsInClosing(), 0);
     EXPECT_FALSE(this->bench_.socket->SendData("nobody listens"));
+    this->bench_.socket->Close();
+    EXPECT_EQ(this->bench_.socket->Failure(), SocketFailure::None);
 }
 
 TYPED_TEST_P(SocketContract, WhatComesDuringAHandlerIsNoticedAfterIt) {

@@ -49,6 +49,9 @@ class FakeSocket : public platform::Socket {
     }
 
     platform::SocketState State() const override { return state_; }
+    platform::SocketFailure Failure() const override {
+        return state_ == platform::SocketState::Error ? failure_ : platform::SocketFailure::None;
+    }
 
     /// Where the last `Connect` went, and what was sent since.
     const std::string& host() const { return host_; }
@@ -62,8 +65,9 @@ class FakeSocket : public platform::Socket {
             Raise(on_connect);
         });
     }
-    void PeerRefuses() {
-        Post([this] { state_ = platform::SocketState::Error; });
+    void PeerRefuses() { ConnectionFails(platform::SocketFailure::Refused); }
+    void ConnectionFails(platform::SocketFailure why) {
+        Post([this, why] { Fail(why); });
     }
     void PeerSends(std::string_view bytes) {
         if (connection_) connection_->on_the_way += bytes;
@@ -105,6 +109,11 @@ class FakeSocket : public platform::Socket {
         });
     }
 
+    void Fail(platform::SocketFailure why) {
+        state_ = platform::SocketState::Error;
+        failure_ = why;
+    }
+
     void PostCheck() {
         Post([this] { Check(); });
     }
@@ -113,7 +122,7 @@ class FakeSocket : public platform::Socket {
         Connection& now = *connection_;
         if (state_ != platform::SocketState::Connected || now.in_handler) return;
         if (now.on_the_way.empty() && now.peer_reset) {
-            state_ = platform::SocketState::Error;
+            Fail(platform::SocketFailure::Reset);
             return;
         }
         if (now.on_the_way.empty() && now.peer_closed) {
@@ -143,6 +152,7 @@ class FakeSocket : public platform::Socket {
 
     FakeLoop& loop_;
     platform::SocketState state_ = platform::SocketState::Closed;
+    platform::SocketFailure failure_ = platform::SocketFailure::None;
     std::string host_;
     std::uint16_t port_ = 0;
     std::string sent_;

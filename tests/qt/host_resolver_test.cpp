@@ -23,9 +23,11 @@ class HostResolverTest : public testing::Test {
   protected:
     /// Looks a name up and notes the answer under `host`.
     void LookUp(const std::string& host) {
-        resolver->LookUp(host, *receiver, [this, host](const auto& found) {
-            EXPECT_TRUE(answers.emplace(host, found).second) << host << " is answered twice";
-        });
+        resolver->LookUp(
+            host, *receiver, [this, host](const auto& found, platform::SocketFailure why) {
+                EXPECT_EQ(found.empty(), why == platform::SocketFailure::NameUnknown) << host;
+                EXPECT_TRUE(answers.emplace(host, found).second) << host << " is answered twice";
+            });
     }
     /// The kinds of the addresses of `host`, as "4" and "6"; "-" for none.
     std::string Find(const std::string& host) {

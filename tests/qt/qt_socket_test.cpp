@@ -40,6 +40,7 @@ void operator delete(void* memory, std::size_t) noexcept {
 
 namespace {
 
+using platform::SocketFailure;
 using platform::SocketState;
 namespace native = platform::native;
 
@@ -136,6 +137,7 @@ TEST_F(QtSocketTest, FindsItsHostByName) {
     };
     connect("no.site.test");
     EXPECT_TRUE(Becomes(SocketState::Error));
+    EXPECT_EQ(bench_.socket->Failure(), SocketFailure::NameUnknown);
     connect("www.site.test");
     EXPECT_EQ(bench_.socket->State(), SocketState::Connecting);
     EXPECT_TRUE(Becomes(SocketState::Connected));
@@ -186,7 +188,16 @@ TEST_F(QtSocketTest, AResetThatSendingMeetsIsNoClose) {
     };
     bench_.PeerSends("half");
     EXPECT_TRUE(Becomes(SocketState::Error));
+    EXPECT_EQ(bench_.socket->Failure(), SocketFailure::Reset);
     EXPECT_EQ(EventsInClosing(), 0);
+}
+
+TEST_F(QtSocketTest, WithoutANameServerANameIsNotUnknown) {
+    platform::HostResolver resolver("127.0.0.1:1");
+    bench_.socket = std::make_unique<platform::QtSocket>(resolver);
+    bench_.socket->Connect("www.site.test", 80);
+    EXPECT_TRUE(Becomes(SocketState::Error));
+    EXPECT_EQ(bench_.socket->Failure(), SocketFailure::NotLookedUp);
 }
 
 TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaintAndTimersFire) {
@@ -262,6 +273,7 @@ TEST_F(QtSocketTest, WithoutMemoryForItsBytesAConnectionFails) {
     const bool failed = Becomes(SocketState::Error);
     g_refused_from = SIZE_MAX;
     EXPECT_TRUE(failed);
+    EXPECT_EQ(bench_.socket->Failure(), SocketFailure::OutOfMemory);
     bench_.Settle();
     EXPECT_EQ(Events(), 1) << "the connecting only";
 }

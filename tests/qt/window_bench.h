@@ -36,6 +36,7 @@ class LocalSocket : public platform::Socket {
     std::string GetData() override { return socket_.GetData(); }
     void Close() override { socket_.Close(); }
     platform::SocketState State() const override { return socket_.State(); }
+    platform::SocketFailure Failure() const override { return socket_.Failure(); }
 
   private:
     std::uint16_t port_;
