@@ -27,6 +27,7 @@ struct ConnectionSlot {
     unsigned Job = 1;           ///< raised when a job begins and when one is ended before its time
     unsigned JobAtWork = 0;     ///< the job whose response is being worked on right now; 0 for none
     std::size_t Row = kNoRow;   ///< the address in the report
+    std::size_t AnswerStart = 0;  ///< what of the response is left from earlier tries
 };
 
 /// A slot is free when its socket is closed; its fields keep the last job until it is reused.

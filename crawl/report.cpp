@@ -27,9 +27,9 @@ int RankOf(Outcome outcome) {
             return 3;
         case Outcome::NotWritten:
         case Outcome::TooLarge:
+        case Outcome::NotAsked:
             return 2;
         case Outcome::Unanswered:
-        case Outcome::NotAsked:
             return 1;
         case Outcome::Queued:
         case Outcome::UnderWay:
@@ -50,10 +50,6 @@ std::chrono::milliseconds SteadyTime() {
         std::chrono::steady_clock::now().time_since_epoch());
 }
 
-std::size_t HashOf(std::string_view path) {
-    return std::hash<std::string_view>()(path);
-}
-
 }  // namespace
 
 std::string_view NameOf(Outcome outcome) {
@@ -69,7 +65,7 @@ void AddressReport::Clear() {
     taken_.clear();
     shared_.clear();
     texts_.Clear();
-    known_files_ = {};
+    files_ = {};
     answered_row_ = kNoRow;
     already_there_ = 0;
     ++changes_;
@@ -113,6 +109,7 @@ void AddressReport::NoteFailedTry(std::size_t row, int attempt, std::string_view
 }
 
 void AddressReport::End(std::size_t row, Outcome outcome, int attempts, std::string_view detail) {
+    if (answered_row_ == row) answered_row_ = kNoRow;  // it was given up while it was saved
     EndAs(row, outcome, attempts, {.detail = detail});
 }
 
@@ -123,15 +120,11 @@ void AddressReport::NoteAnswer(std::size_t row, int attempts, const Answer& answ
     answer_.detail = Share(answer.detail);
 }
 
-void AddressReport::Written(std::size_t row) {
+void AddressReport::NoteWrite(std::size_t row, std::string_view why_not) {
     if (std::exchange(answered_row_, kNoRow) != row) return;
-    EndAs(row, OutcomeOf(answer_), answered_attempts_, answer_);
-}
-
-void AddressReport::NotWritten(std::size_t row, std::string_view why) {
-    if (std::exchange(answered_row_, kNoRow) != row) return;
-    answer_.detail = why;
-    EndAs(row, Outcome::NotWritten, answered_attempts_, answer_);
+    if (!why_not.empty()) answer_.detail = why_not;
+    EndAs(row, why_not.empty() ? OutcomeOf(answer_) : Outcome::NotWritten, answered_attempts_,
+          answer_);
 }
 
 void AddressReport::Stop() {
@@ -146,18 +139,14 @@ void AddressReport::Stop() {
     }
     std::ranges::sort(unfinished);
     for (const std::size_t row : unfinished) {
+        if (rows_[row].outcome == Outcome::UnderWay)
+            rows_[row].took = Elapsed() - rows_[row].started;
         SetOutcome(row, Outcome::Unfinished);
         Settle(row);
     }
 }
 
-void AddressReport::NoteOwnFile(std::string_view path) {
-    known_files_.insert(HashOf(path));
-}
-
-void AddressReport::NoteKnownFile(std::string_view path) {
-    if (!known_files_.insert(HashOf(path)).second) return;
-    if (known_files_.contains(HashOf(std::string(path).append(".html")))) return;
+void AddressReport::CountAlreadyThere() {
     ++already_there_;
     ++changes_;
     for (ReportObserver* const observer : observers_)

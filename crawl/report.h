@@ -108,19 +108,18 @@ class AddressReport {
     void NoteFailedTry(std::size_t row, int attempt, std::string_view why);
     /// The address was given up after so many tries, or not asked for at all.
     void End(std::size_t row, Outcome outcome, int attempts, std::string_view detail = {});
-    /// An answer has come whole; `Written` or `NotWritten` must follow before any event runs.
+    /// An answer has come whole; `NoteWrite` must follow before any event runs.
     void NoteAnswer(std::size_t row, int attempts, const Answer& answer);
-    /// The answer just noted was written, or was not; passed over when there is none.
-    void Written(std::size_t row);
-    void NotWritten(std::size_t row, std::string_view why);
+    /// The answer just noted was written, or why it was not; passed over when there is none.
+    void NoteWrite(std::size_t row, std::string_view why_not = {});
     /// The crawl has ended: what is queued or under way is unfinished, and all rows are settled.
     void Stop();
 
-    /// The crawl has, or is going to have, a file of this name.
-    void NoteOwnFile(std::string_view path);
-    /// A link was dropped, for there is a file at `path` or, with ".html" added, beside it. Counts
-    /// once for each path, and not for files of this crawl.
-    void NoteKnownFile(std::string_view path);
+    /// The crawl makes a file of this name, or has met it. False when it is noted already.
+    bool NoteFile(std::string_view name) { return files_.insert(HashOf(name)).second; }
+    bool HasFile(std::string_view name) const { return files_.contains(HashOf(name)); }
+    /// A link was dropped for a file of an earlier crawl, the first one for that file.
+    void CountAlreadyThere();
 
     // What there is to see.
 
@@ -144,6 +143,7 @@ class AddressReport {
     std::function<std::chrono::milliseconds()> clock;
 
   private:
+    static std::size_t HashOf(std::string_view name) { return std::hash<std::string_view>()(name); }
     ReportRow* Find(std::size_t row);
     std::string_view Share(std::string_view detail);
     void SetOutcome(std::size_t row, Outcome outcome);
@@ -158,8 +158,8 @@ class AddressReport {
     std::vector<std::size_t> taken_;     ///< not settled yet: hardly more than connections
     text::TextStore texts_;
     std::unordered_set<std::string_view> shared_;
-    std::unordered_set<std::size_t> known_files_;  ///< hashes of paths
-    std::size_t answered_row_ = kNoRow;            ///< whose answer is about to be written
+    std::unordered_set<std::size_t> files_;  ///< hashes of their names
+    std::size_t answered_row_ = kNoRow;      ///< whose answer is about to be written
     int answered_attempts_ = 0;
     Answer answer_;
     std::size_t already_there_ = 0;

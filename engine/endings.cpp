@@ -5,6 +5,7 @@
 #include "crawl/crawl_state.h"
 #include "crawl/job_watch.h"
 #include "engine/main_window.h"
+#include "engine/report_notes.h"
 #include "engine/scheduler.h"
 #include "extractor/addresses.h"
 #include "output/records.h"
@@ -49,6 +50,7 @@ void tmrOut_Timer(int index) {
 
     engine::MainWindow& window = engine::Window();
     crawl::ConnectionSlot& slot = crawl::Slots[index];
+    NoteFailedTry(index);
     window.Sock(index).Close();
     ResetSlotRow(index);
     if (slot.Attempts == 1 || slot.Attempts == 2) {
@@ -89,6 +91,7 @@ void StopNOW() {
     window.tmrMove().SetEnabled(false);
     bas_Output::RemoveTempFiles();
     crawl::List1.Clear();
+    crawl::Report.Stop();
     CloseAllSockets();
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         crawl::ConnectionSlot& slot = crawl::Slots[i];

@@ -8,6 +8,7 @@
 #include "crawl/job_watch.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
+#include "engine/report_notes.h"
 #include "engine/response_memory.h"
 #include "engine/scheduler.h"
 #include "extractor/link_scanner.h"
@@ -85,6 +86,7 @@ void FinishResponse(int index) {
     platform::EventLoop& events = platform::System().events;
     const crawl::JobWatch job(index);
     std::string address = "\\" + crawl::Slots[index].Host + crawl::Slots[index].Path;
+    NoteAnswer(index);
     bas_Output::SaveFile(crawl::Slots[index].Response.View(), address, index);
     events.DoEventsThrottled();
     if (job.Ended()) return;
@@ -129,15 +131,20 @@ void Sock_Connect(int index) {
         SetSlotStatus(index, kNotConnected);
         return;
     }
-    text::ReplaceAllIn(slot.Path, "/index.html", "/");
+    ShortenIndexPath(slot);
     const std::string request = RequestText(slot);
     if (text::Contains(request, "GET /..") || text::Contains(request, "GET \\..")) {
         // Nothing is asked above the site's root. The marker is a response that is never saved.
         slot.Response.Assign("CANCEL");
         window.Sock(index).Close();
+        crawl::Report.End(slot.Row, crawl::Outcome::NotAsked, 0);
         return;
     }
     window.Sock(index).SendData(request);
+}
+
+void ShortenIndexPath(crawl::ConnectionSlot& slot) {
+    text::ReplaceAllIn(slot.Path, "/index.html", "/");
 }
 
 void Sock_DataArrival(int index) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "crawl/crawl_state.h"
+
 /// The crawl engine. This file: one HTTP/1.0 GET per connection, from request to saved and scanned
 /// page.
 namespace bas_Connections {
@@ -11,6 +13,9 @@ namespace bas_Connections {
 /// The socket of slot `index` is connected: sends the request, or refuses a path that climbs above
 /// the root.
 void Sock_Connect(int index);
+
+/// The page of a folder is asked for, and saved, as the folder.
+void ShortenIndexPath(crawl::ConnectionSlot& slot);
 
 /// Data waits on the socket of slot `index`.
 void Sock_DataArrival(int index);

@@ -67,6 +67,7 @@ bool MakeRoom(std::size_t size, int index) {
 void GiveUp(int index) {
     crawl::ConnectionSlot& slot = crawl::Slots[index];
     slot.Response.Assign("CANCEL");
+    crawl::Report.End(slot.Row, crawl::Outcome::TooLarge, slot.Attempts);
     ++slot.Job;
     engine::Window().Sock(index).Close();
     SetSlotStatus(index, "Given up: too large for the memory");

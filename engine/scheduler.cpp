@@ -4,8 +4,11 @@
 
 #include "crawl/crawl_state.h"
 #include "engine/endings.h"
+#include "engine/http_exchange.h"
 #include "engine/main_window.h"
+#include "engine/report_notes.h"
 #include "extractor/addresses.h"
+#include "output/save_file.h"
 #include "platform/services.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -18,7 +21,11 @@ constexpr std::size_t kLongestPath = 999;
 constexpr std::uint16_t kHttpPort = 80;
 constexpr int kHighestTypedCount = 23;
 
-void SplitAddress(crawl::ConnectionSlot& slot) {
+/// Makes `address` the job of the slot.
+void TakeAddress(std::string address, crawl::ConnectionSlot& slot) {
+    bas_Extractor::StripHttp(address);
+    text::ReplaceAllIn(address, ".jpeg", ".jpg");
+    slot.Url = std::move(address);
     const std::size_t slash = text::InStr(slot.Url, "/");
     if (slash > 0) {
         slot.Path = text::Mid(slot.Url, slash, kLongestPath);
@@ -40,15 +47,13 @@ void RefuseTypedCount() {
 
 void tmrMove_Timer() {
     if (!crawl::List1.Empty()) ConnectNext(crawl::List1.Item(crawl::List1.Count() - 1));
+    NoteFailedConnections();
     UpdateStats();
 }
 
 void ConnectNext(std::string address) {
     engine::MainWindow& window = engine::Window();
     if (!engine::CrawlIsRunning()) return;
-    bas_Extractor::StripHttp(address);
-    text::ReplaceAllIn(address, ".jpeg", ".jpg");
-
     const int index = FindFreeSlot();
     if (index == 0) return;
     // The address came from the end of the queue, or the queue is empty.
@@ -56,8 +61,8 @@ void ConnectNext(std::string address) {
 
     crawl::ConnectionSlot& slot = crawl::Slots[index];
     ++slot.Job;
-    slot.Url = std::move(address);
-    SplitAddress(slot);
+    slot.Row = crawl::Report.TakeNewest(slot.Row);
+    TakeAddress(std::move(address), slot);
     slot.Response.Clear();
     slot.BytesReceived = 0;
     slot.ContentLength = 0;
@@ -69,9 +74,17 @@ void ConnectNext(std::string address) {
     OpenConnection(index);
 }
 
+std::string SavedFileOf(std::string address) {
+    crawl::ConnectionSlot job;
+    TakeAddress(std::move(address), job);
+    ShortenIndexPath(job);
+    return bas_Output::SavedFileOf("\\" + job.Host + job.Path);
+}
+
 void OpenConnection(int index) {
     const std::string& host = crawl::Slots[index].Host;
     SetSlotStatus(index, "Connecting to " + host);
+    crawl::Slots[index].AnswerStart = crawl::Slots[index].Response.Size();
     engine::Window().Sock(index).Connect(host, kHttpPort);
 }
 

@@ -13,6 +13,9 @@ void tmrMove_Timer();
 /// Does nothing when no crawl runs or no connection is free.
 void ConnectNext(std::string address);
 
+/// The local path of the file that a queued address is saved as.
+std::string SavedFileOf(std::string address);
+
 /// Connects the socket of slot `index` to its job's host, always at port 80, and shows that in its
 /// row.
 void OpenConnection(int index);

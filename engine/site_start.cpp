@@ -18,6 +18,9 @@ namespace {
 void ResetCrawl() {
     CloseAllSockets();
     crawl::List1.Clear();
+    crawl::Report.Clear();
+    for (crawl::ConnectionSlot& slot : crawl::Slots)
+        slot.Row = crawl::kNoRow;
     crawl::TotalBytes = 0;
     crawl::FilesDone = 0;
     crawl::MadeFolders.clear();
@@ -48,6 +51,7 @@ void ConnectNowNow() {
     crawl::LastSearchPage.clear();
 
     // The start page never passes through the queue, which is empty now.
+    crawl::Report.Add(address);
     ConnectNext(address);
 
     window.tmrMove().SetEnabled(true);

@@ -46,6 +46,17 @@ void Normalize(std::string& link) {
     if (LastChar(link) == "/") link += "index.html";
 }
 
+/// A link was dropped for a file that is there. Counts it when it is a file of an earlier crawl,
+/// once.
+void NoteKnown(const std::string& local_path) {
+    // Nearly always the same link was dropped before.
+    if (!crawl::Report.NoteFile(local_path)) return;
+    const std::string key = bas_Output::FileKey(local_path);
+    if (key != local_path && !crawl::Report.NoteFile(key)) return;
+    if (crawl::Report.HasFile(bas_Output::FileKey(local_path + ".html"))) return;
+    crawl::Report.CountAlreadyThere();
+}
+
 /// Where the mirror keeps the link's file.
 std::string LocalPath(const std::string& link) {
     return bas_Output::CleanLinkName(crawl::TargetFolder + UrlToPathPart(link));
@@ -73,10 +84,11 @@ void ResolveAndRecord(std::string& link) {
     Record(link + "\r\n", records);
 }
 
-void Enqueue(const std::string& link, const std::string& placeholder,
-             crawl::ListItems& queue_list) {
+void Enqueue(const std::string& link, const std::string& local_path, crawl::ListItems& queue_list) {
     queue_list.AddItem(link);
-    Record(std::string(bas_Output::kPlaceholderText), placeholder);
+    crawl::Report.Add(link);
+    crawl::Report.NoteFile(bas_Output::FileKey(local_path));
+    Record(std::string(bas_Output::kPlaceholderText), local_path + ".tmp");
     Record(link, crawl::TargetFolder + "log.txt");
     platform::System().events.DoEventsThrottled();
 }
@@ -98,7 +110,7 @@ void AdmitLink(std::string link, crawl::ListItems& queue_list) {
 
     // The placeholder keeps the name made here, although the link may change below.
     const std::string local_path = LocalPath(link);
-    if (IsKnown(local_path)) return;
+    if (IsKnown(local_path)) return NoteKnown(local_path);
     if (!IsQueryPage(link) && !EndsWithSlash(link) && !IsListedFileType(link)) {
         crawl::List2.AddItem(link);
         return;
@@ -111,7 +123,7 @@ void AdmitLink(std::string link, crawl::ListItems& queue_list) {
     // Together these two give a lone "http:/" its second slash.
     text::ReplaceAllIn(link, "http://", "http:/");
     text::ReplaceAllIn(link, "http:/", "http://");
-    if (!IsFiltered(link)) Enqueue(link, local_path + ".tmp", queue_list);
+    if (!IsFiltered(link)) Enqueue(link, local_path, queue_list);
 }
 
 bool IsFiltered(const std::string& link) {

@@ -36,9 +36,10 @@ std::string KeyOf(std::string_view path) {
     return platform::ResolvePathText(path).value_or(std::string(path));
 }
 
-bool Remembered(bool written, std::string_view path) {
-    if (!written) g_unwritten.insert(KeyOf(path));
-    return written;
+template <typename Result = platform::FileResult>
+Result Remembered(Result result, std::string_view path) {
+    if (!result) g_unwritten.insert(KeyOf(path));
+    return result;
 }
 
 /// Asked for every link, and in most crawls nothing ever failed.
@@ -62,7 +63,7 @@ bool IsPlaceholder(const std::string& path) {
 /// Appends to a file that is not the user's.
 bool Append(const std::string& path, std::initializer_list<std::string_view> parts) {
     platform::Files& files = platform::System().files;
-    if (!path.ends_with(kPlaceholderEnd)) return files.AppendFile(path, parts);
+    if (!path.ends_with(kPlaceholderEnd)) return bool(files.AppendFile(path, parts));
     return files.WriteNewFile(path, parts) ||
            (IsPlaceholder(path) && files.AppendFile(path, parts));
 }
@@ -95,12 +96,19 @@ bool HasMirrorFile(std::string_view path) {
     return has || WriteFailedBefore(path);
 }
 
-bool WriteMirrorPage(std::string_view path, std::string_view host,
-                     std::initializer_list<std::string_view> parts) {
+std::string FileKey(std::string_view path) {
+    const std::string key = KeyOf(text::ReplaceAll(std::string(path), "www.", ""));
+    return platform::kFoldsCase ? text::LowerCase(key) : key;
+}
+
+platform::FileResult WriteMirrorPage(std::string_view path, std::string_view host,
+                                     std::initializer_list<std::string_view> parts) {
     const auto resolved = platform::ResolvePathText(path);
-    const bool written = resolved && CurrentConfines().MayWritePage(*resolved, host) &&
-                         platform::System().files.WriteFile(*resolved, parts);
-    return Remembered(written, path);
+    if (!resolved) return Remembered({platform::kNoName}, path);
+    if (!CurrentConfines().MayWritePage(*resolved, host)) {
+        return Remembered({"outside the folder of its host"}, path);
+    }
+    return Remembered(platform::System().files.WriteFile(*resolved, parts), path);
 }
 
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts) {

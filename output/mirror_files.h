@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files.h"
+
 /// The local mirror. This file: every look of a crawl into its mirror and every write to it goes
 /// through here, and none leaves the confines.
 namespace bas_Output {
@@ -29,10 +31,13 @@ void RememberMadeFolder(std::string_view folder);
 /// which files a computer has.
 bool HasMirrorFile(std::string_view path);
 
-/// Replaces a page in the folder of the host whose folder is called `host`. False when the path
+/// The one text for all spellings of a path in the mirror.
+std::string FileKey(std::string_view path);
+
+/// Replaces a page in the folder of the host whose folder is called `host`. A fault when the path
 /// lies elsewhere or the system refuses; such a path is remembered.
-bool WriteMirrorPage(std::string_view path, std::string_view host,
-                     std::initializer_list<std::string_view> parts);
+platform::FileResult WriteMirrorPage(std::string_view path, std::string_view host,
+                                     std::initializer_list<std::string_view> parts);
 
 /// Appends to a file inside the target folder, but not to one that ends in ".tmp" and is no
 /// placeholder: that one is the user's. False, and remembered, as above.

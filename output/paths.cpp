@@ -18,12 +18,15 @@ namespace bas_Output {
 
 namespace {
 
-/// Creates one folder and notes it. False when it was not made, also because it is there.
-bool CreateAndNote(const std::string& folder) {
-    if (!platform::System().files.CreateFolder(folder)) return false;
+std::string g_why_no_folder;
+
+/// Creates one folder and notes it. A fault when it was not made, also because it is there.
+platform::FileResult CreateAndNote(const std::string& folder) {
+    platform::FileResult result = platform::System().files.CreateFolder(folder);
+    if (!result) return result;
     RememberMadeFolder(folder);
     crawl::MadeFolders += text::LowerCase(folder) + "*";
-    return true;
+    return result;
 }
 
 /// Makes the missing ones of the folders that end in `way` at `ends`, each a folder in the one
@@ -42,8 +45,13 @@ void MakeMissingFolders(const std::string& way, std::vector<std::size_t>& ends) 
     if (ends.empty() || exists(ends.back()) || CreateAndNote(folder(ends.back()))) return;
     // A folder whose parent is missing cannot be made.
     auto missing = std::partition_point(ends.begin(), ends.end(), exists);
-    while (missing != ends.end() && may_make(*missing) && CreateAndNote(folder(*missing))) {
-        ++missing;
+    for (; missing != ends.end() && may_make(*missing); ++missing) {
+        const platform::FileResult result = CreateAndNote(folder(*missing));
+        if (result) continue;
+        // What is in the way is told better by the write that meets it.
+        if (!platform::System().files.FileLength(folder(*missing)))
+            g_why_no_folder = result.why_not;
+        return;
     }
 }
 
@@ -69,16 +77,25 @@ void MakeFoldersOnTheWayTo(std::string_view path) {
 
 }  // namespace
 
-std::string MakeLocalPath(std::string& path) {
+std::string LocalPathOf(const std::string& path) {
     std::string local{text::Trim(path)};
     text::ReplaceAllIn(local, "www.", "");
     if (local.starts_with(text::kHttp)) local = text::Trim(text::WithoutHttp(local));
     text::ReplaceAllIn(local, "/", "\\");
     text::ReplaceAllIn(local, "\\\\", "\\");
-    crawl::SavePath = local;
-    path = std::move(local);
+    return local;
+}
+
+std::string MakeLocalPath(std::string& path) {
+    path = LocalPathOf(path);
+    crawl::SavePath = path;
+    g_why_no_folder.clear();
     MakeFoldersOnTheWayTo(path);
     return "";
+}
+
+const std::string& WhyNoFolder() {
+    return g_why_no_folder;
 }
 
 void MakeFolder(const std::string& folder) {

@@ -6,10 +6,17 @@
 /// The local mirror. This file: from addresses to local paths, and the folders on the way.
 namespace bas_Output {
 
+/// The local path that folder + address text stands for.
+std::string LocalPathOf(const std::string& path);
+
 /// Turns folder + address text into a local file path, creates the folders on the way and stores
 /// the path in `SavePath` and in `path`. The returned text is empty; a folder that cannot be made
 /// is passed over.
 std::string MakeLocalPath(std::string& path);
+
+/// Why the last `MakeLocalPath` could not make a folder, in the system's words; "" when all are
+/// there.
+const std::string& WhyNoFolder();
 
 /// Creates one folder; one that was really made is noted in `MadeFolders`. Reports nothing.
 void MakeFolder(const std::string& folder);

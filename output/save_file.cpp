@@ -30,13 +30,14 @@ std::string_view WithoutHeader(std::string_view received) {
     return text::Mid(received, text::InStr(received, "\r\n\r\n") + 4);
 }
 
-/// Makes `SavePath` the file of `address`, with its folders, under the name that links to it use.
-void ChooseSavePath(const std::string& address) {
-    std::string path = crawl::TargetFolder;
-    path.append(text::Trim(address));
-    MakeLocalPath(path);
-    if (crawl::SavePath.ends_with('\\')) crawl::SavePath += "index.html";
-    text::ReplaceAllIn(crawl::SavePath, "\\.html", "\\index.html");
+std::string PathBelowTarget(const std::string& address) {
+    return std::string(crawl::TargetFolder).append(text::Trim(address));
+}
+
+/// Makes a folder's path that of its page: the name that links to it use.
+void AddDefaultName(std::string& path) {
+    if (path.ends_with('\\')) path += "index.html";
+    text::ReplaceAllIn(path, "\\.html", "\\index.html");
 }
 
 /// Dynamic pages get a name that opens in a browser without a server.
@@ -44,6 +45,7 @@ void RenameDynamicPage(std::string& path) {
     for (const std::string_view type : {".php", ".asp"}) {
         if (text::Contains(path, type) && !text::Contains(path, ".html")) path += ".html";
     }
+    text::ReplaceAllIn(path, "\\\\", "\\");
 }
 
 bool HasTextLines(const std::string& path) {
@@ -62,16 +64,18 @@ std::string HostFolder(std::string_view address) {
 }
 
 /// Writes the file of `address` and leaves its name in `SavePath`, that of its placeholder without
-/// ".tmp" in `SavePathBeforeRename`. False when it could not be written. No event runs in here; the
-/// page's text is gone on return.
-bool WritePage(std::string_view received, std::string& address, int slot) {
+/// ".tmp" in `SavePathBeforeRename`. No event runs in here; the page's text is gone on return.
+platform::FileResult WritePage(std::string_view received, std::string& address, int slot) {
     address = CleanFileName(address);
-    ChooseSavePath(address);
+    std::string path = PathBelowTarget(address);
+    MakeLocalPath(path);
+    AddDefaultName(crawl::SavePath);
+    // On a full disk the write would only say that its folder is missing.
+    const std::string why_no_folder = WhyNoFolder();
 
     const bool has_lines = HasTextLines(crawl::SavePath);
     crawl::SavePathBeforeRename = crawl::SavePath;
     RenameDynamicPage(crawl::SavePath);
-    text::ReplaceAllIn(crawl::SavePath, "\\\\", "\\");
     text::ReplaceAllIn(address, "\\\\", "\\");
 
     const text::Replacements& rules = RewritingRules(
@@ -80,8 +84,15 @@ bool WritePage(std::string_view received, std::string& address, int slot) {
          .from_host = crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string()});
     const std::string_view body = WithoutHeader(received);
     const std::optional<std::string> rewritten = rules.AppliedTo(body);
-    return WriteMirrorPage(crawl::SavePath, HostFolder(address),
-                           {rewritten ? *rewritten : body, "\r\n"});
+    platform::FileResult result = WriteMirrorPage(crawl::SavePath, HostFolder(address),
+                                                  {rewritten ? *rewritten : body, "\r\n"});
+    if (!result && !why_no_folder.empty()) result.why_not = why_no_folder;
+    return result;
+}
+
+/// The row of the report that belongs to what connection `slot` received.
+std::size_t RowOf(int slot) {
+    return crawl::Slots.Has(slot) ? crawl::Slots[slot].Row : crawl::kNoRow;
 }
 
 /// Adds the page to the search extract, unless the slot's job was ended while the page was read:
@@ -104,14 +115,26 @@ bool HasSearchText(const std::string& path) {
 
 }  // namespace
 
+std::string SavedFileOf(const std::string& address) {
+    std::string path = LocalPathOf(PathBelowTarget(CleanFileName(address)));
+    AddDefaultName(path);
+    RenameDynamicPage(path);
+    return path;
+}
+
 void SaveFile(std::string_view received, std::string& address, int slot) {
-    if (IsRefused(received)) return;
-    const bool written = WritePage(received, address, slot);
+    if (IsRefused(received)) {
+        crawl::Report.NoteWrite(RowOf(slot), "the answer is the word \"cancel\"");
+        return;
+    }
+    const platform::FileResult written = WritePage(received, address, slot);
+    crawl::Report.NoteWrite(RowOf(slot), written.why_not);
+    crawl::Report.NoteFile(FileKey(crawl::SavePath));
 
     // Events run from here on, and another save in them makes the shared strings its own.
     const std::string save_path = crawl::SavePath;
     const std::string placeholder = crawl::SavePathBeforeRename + ".tmp";
-    if (HasSearchText(save_path)) RecordPage(save_path, written, slot);
+    if (HasSearchText(save_path)) RecordPage(save_path, bool(written), slot);
     platform::System().events.DoEvents();
     DeletePlaceholder(placeholder);
     text::AddWithinWidth(crawl::FilesDone, 1);

@@ -12,4 +12,7 @@ namespace bas_Output {
 /// path) is cleaned in place. `received` must stay valid only until the first event runs.
 void SaveFile(std::string_view received, std::string& address, int slot);
 
+/// The local path under which the file of `address` is saved.
+std::string SavedFileOf(const std::string& address);
+
 }  // namespace bas_Output

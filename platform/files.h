@@ -9,6 +9,16 @@
 
 namespace platform {
 
+/// How a change to the files went.
+struct FileResult {
+    std::string why_not;  ///< in the system's words where it has any; "" when all went well
+
+    explicit operator bool() const { return why_not.empty(); }
+};
+
+/// Why a path is refused that the system never gets to see.
+inline constexpr char kNoName[] = "not a name that this system allows";
+
 /// The system's files, named by the program's own path text: "\" separates, "c:" is the user's home
 /// folder where the system knows no drives, "z:" and a leading "\" are its root. "." and ".." are
 /// resolved in the text, clamped at the root, before the system sees the path. A path that holds a
@@ -22,8 +32,8 @@ class Files {
     /// The folder that the program keeps its own lists in, without a final "\".
     virtual std::string ProgramFolder() const = 0;
 
-    /// Creates exactly this folder. False when it cannot be made, also because it exists already.
-    virtual bool CreateFolder(std::string_view path) = 0;
+    /// Creates exactly this folder. A fault also when it exists already.
+    virtual FileResult CreateFolder(std::string_view path) = 0;
 
     /// The length of a file in bytes, 0 for a folder; nothing when neither is there.
     virtual std::optional<std::uint64_t> FileLength(std::string_view path) const = 0;
@@ -43,13 +53,13 @@ class Files {
     /// Makes the file consist of `parts`, one after the other, whatever was there before. It is
     /// whole or untouched: on a fault (a full disk, say) the old file stays, and no new one is
     /// left.
-    virtual bool WriteFile(std::string_view path,
-                           std::initializer_list<std::string_view> parts) = 0;
+    virtual FileResult WriteFile(std::string_view path,
+                                 std::initializer_list<std::string_view> parts) = 0;
 
     /// Adds `parts` at the file's end, one after the other, creating it when missing. A fault adds
     /// nothing.
-    virtual bool AppendFile(std::string_view path,
-                            std::initializer_list<std::string_view> parts) = 0;
+    virtual FileResult AppendFile(std::string_view path,
+                                  std::initializer_list<std::string_view> parts) = 0;
 
     /// The same where nothing is yet, not even a symbolic link. False also when something is.
     virtual bool WriteNewFile(std::string_view path,

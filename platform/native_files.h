@@ -43,11 +43,14 @@ bool IsLink(const Path& path);
 /// ENOENT or ENOTDIR when nothing is there. A root is given, and may be taken, without a separator.
 std::optional<Path> FinalPath(const Path& path);
 
-/// As std::fopen does, with `mode` "rb", "ab" or "wbx". The last makes a file that must not be
-/// there; `errno` is EEXIST when it is.
+/// As std::fopen does, with `mode` "rb", "ab", "wb" or "wbx". The last makes a file that must not
+/// be there; `errno` is EEXIST when it is.
 std::FILE* Open(const Path& path, const char* mode);
 
 bool MakeFolder(const Path& path);
+
+/// The system's words for why the last call of its own failed; never "".
+std::string WhyItFailed();
 
 /// Deletes a file, no folder.
 bool Unlink(const Path& path);

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <memory>
 #include <system_error>
@@ -47,6 +48,10 @@ std::FILE* Open(const Path& path, const char* mode) {
 
 bool MakeFolder(const Path& path) {
     return mkdir(path.c_str(), 0777) == 0;
+}
+
+std::string WhyItFailed() {
+    return std::generic_category().message(errno);
 }
 
 bool Unlink(const Path& path) {

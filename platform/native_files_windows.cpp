@@ -141,15 +141,28 @@ std::optional<Path> FinalPath(const Path& path) {
 
 std::FILE* Open(const Path& path, const char* mode) {
     // The system's C library has no "x".
-    const int flags = mode[0] == 'r'   ? _O_RDONLY
-                      : mode[0] == 'a' ? _O_WRONLY | _O_APPEND
-                                       : _O_WRONLY | _O_CREAT | _O_EXCL;
+    const int flags = mode[0] == 'r' ? _O_RDONLY
+                      : mode[0] == 'a'
+                          ? _O_WRONLY | _O_APPEND
+                          : _O_WRONLY | _O_CREAT | (mode[2] == 'x' ? _O_EXCL : _O_TRUNC);
     const int file = _wopen(path.c_str(), flags | _O_BINARY, _S_IREAD | _S_IWRITE);
     return file < 0 ? nullptr : _fdopen(file, std::string(mode, 2).c_str());
 }
 
 bool MakeFolder(const Path& path) {
     return CreateDirectoryW(path.c_str(), nullptr) != 0;
+}
+
+std::string WhyItFailed() {
+    // The C library's calls are made of the system's, which leave their number here, too.
+    const DWORD error = GetLastError();
+    std::array<char, 512> words{};
+    const DWORD length =
+        FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
+                       0, words.data(), static_cast<DWORD>(words.size()), nullptr);
+    std::string text(words.data(), length);
+    text.resize(text.find_last_not_of(".\r\n ") + 1);
+    return text.empty() ? "error " + std::to_string(error) : text;
 }
 
 bool Unlink(const Path& path) {

@@ -11,6 +11,13 @@
 /// home folder. On Windows the text is the path.
 namespace platform {
 
+/// Whether the system takes names that differ in case alone for one.
+#ifdef _WIN32
+inline constexpr bool kFoldsCase = true;
+#else
+inline constexpr bool kFoldsCase = false;
+#endif
+
 /// The one text for the place that `path` names, for example "c:\a\b": "." and ".." resolved and
 /// clamped at the root, no doubled or final "\". Nothing for an empty text, for one that holds a
 /// NUL, for a drive that the system does not have, and on Windows for a share of the network, which

@@ -21,9 +21,13 @@ namespace {
 using native::Path;
 constexpr auto kSeparator = std::filesystem::path::preferred_separator;
 
+FileResult Fault() {
+    return {native::WhyItFailed()};
+}
+
 /// Writes one part after the other, as they may be too large for a copy that holds them all, and
 /// closes the file: some systems tell only then that the disk was full.
-bool WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> parts) {
+FileResult WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> parts) {
     // A page goes to the system in one piece; with a buffer of its own the library would first ask
     // how large a one the disk likes.
     std::array<char, 64 * 1024> buffer;
@@ -31,15 +35,18 @@ bool WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> part
     const bool written = std::all_of(parts.begin(), parts.end(), [file](std::string_view part) {
         return std::fwrite(part.data(), 1, part.size(), file) == part.size();
     });
-    return std::fclose(file) == 0 && written;
+    FileResult result = written ? FileResult() : Fault();
+    if (std::fclose(file) != 0 && result) result = Fault();
+    return result;
 }
 
 /// Writes to a new file, as it came from `native::Open`, and leaves none on a fault.
-bool FillNewFile(const Path& path, std::FILE* file, std::initializer_list<std::string_view> parts) {
-    if (file == nullptr) return false;
-    if (WriteAndClose(file, parts)) return true;
-    native::Unlink(path);
-    return false;
+FileResult FillNewFile(const Path& path, std::FILE* file,
+                       std::initializer_list<std::string_view> parts) {
+    if (file == nullptr) return Fault();
+    FileResult result = WriteAndClose(file, parts);
+    if (!result) native::Unlink(path);
+    return result;
 }
 
 /// Opens for adding at the end. Only of a file that is not read does the library first ask where
@@ -86,9 +93,10 @@ SystemFiles::SystemFiles(const std::string& program_folder)
     }
 }
 
-bool SystemFiles::CreateFolder(std::string_view path) {
+FileResult SystemFiles::CreateFolder(std::string_view path) {
     const auto native_path = native::PathOf(path);
-    return native_path && native::MakeFolder(*native_path);
+    if (!native_path) return {kNoName};
+    return native::MakeFolder(*native_path) ? FileResult() : Fault();
 }
 
 std::optional<std::uint64_t> SystemFiles::FileLength(std::string_view path) const {
@@ -130,9 +138,10 @@ std::optional<std::string> SystemFiles::ReadShortFile(std::string_view path,
     return bytes;
 }
 
-bool SystemFiles::WriteFile(std::string_view path, std::initializer_list<std::string_view> parts) {
+FileResult SystemFiles::WriteFile(std::string_view path,
+                                  std::initializer_list<std::string_view> parts) {
     const auto native_path = native::PathOf(path);
-    if (!native_path) return false;
+    if (!native_path) return {kNoName};
     Path temporary;
     std::FILE* file = nullptr;
     int number = 0;
@@ -140,26 +149,30 @@ bool SystemFiles::WriteFile(std::string_view path, std::initializer_list<std::st
         temporary = TemporaryBeside(*native_path, number++);
         file = native::Open(temporary, "wbx");
     } while (file == nullptr && errno == EEXIST);
-    if (!FillNewFile(temporary, file, parts)) return false;
+    if (FileResult result = FillNewFile(temporary, file, parts); !result) return result;
 
     std::error_code error;
     std::filesystem::rename(temporary, *native_path, error);
-    if (error) native::Unlink(temporary);
-    return !error;
+    if (!error) return {};
+    native::Unlink(temporary);
+    return {error.message()};
 }
 
-bool SystemFiles::AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) {
+FileResult SystemFiles::AppendFile(std::string_view path,
+                                   std::initializer_list<std::string_view> parts) {
     const auto native_path = native::PathOf(path);
-    if (!native_path) return false;
+    if (!native_path) return {kNoName};
     const auto status = native::StatusOf(*native_path);
     if (!status) return FillNewFile(*native_path, native::Open(*native_path, "wbx"), parts);
-    std::FILE* const file = status->is_file ? OpenToAppend(*native_path) : nullptr;
-    if (file == nullptr) return false;
-    if (WriteAndClose(file, parts)) return true;
+    if (!status->is_file) return {"no file"};
+    std::FILE* const file = OpenToAppend(*native_path);
+    if (file == nullptr) return Fault();
+    FileResult result = WriteAndClose(file, parts);
+    if (result) return result;
     // Were this to fail too, nothing more could be done about the part that was written.
     std::error_code error;
     std::filesystem::resize_file(*native_path, status->length, error);
-    return false;
+    return result;
 }
 
 bool SystemFiles::WriteNewFile(std::string_view path,

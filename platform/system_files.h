@@ -13,14 +13,16 @@ class SystemFiles : public Files {
     explicit SystemFiles(const std::string& program_folder);
 
     std::string ProgramFolder() const override { return program_folder_; }
-    bool CreateFolder(std::string_view path) override;
+    FileResult CreateFolder(std::string_view path) override;
     std::optional<std::uint64_t> FileLength(std::string_view path) const override;
     bool FolderExists(std::string_view path) const override;
     std::optional<std::string> ReadFile(std::string_view path) const override;
     std::optional<std::string> ReadShortFile(std::string_view path,
                                              std::uint64_t longest) const override;
-    bool WriteFile(std::string_view path, std::initializer_list<std::string_view> parts) override;
-    bool AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) override;
+    FileResult WriteFile(std::string_view path,
+                         std::initializer_list<std::string_view> parts) override;
+    FileResult AppendFile(std::string_view path,
+                          std::initializer_list<std::string_view> parts) override;
     bool WriteNewFile(std::string_view path,
                       std::initializer_list<std::string_view> parts) override;
     bool DeleteFile(std::string_view path) override;

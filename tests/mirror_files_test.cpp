@@ -134,7 +134,7 @@ TEST_F(Confinement, APageLiesInTheFolderOfItsHost) {
         system.files.Have(crawl::TargetFolder + folder);
     }
     for (const auto& c : cases) {
-        EXPECT_EQ(WriteMirrorPage(crawl::TargetFolder + c.path, c.host, {"x"}), c.written)
+        EXPECT_EQ(bool(WriteMirrorPage(crawl::TargetFolder + c.path, c.host, {"x"})), c.written)
             << c.path;
     }
     crawl::TargetFolder = "C:\\";

@@ -33,7 +33,7 @@ class ReportTest : public testing::Test {
     }
     void Answered(std::size_t row, const Answer& answer, int attempts = 1) {
         report.NoteAnswer(row, attempts, answer);
-        report.Written(row);
+        report.NoteWrite(row);
     }
     Outcome OutcomeOf(std::size_t row) const { return report.Row(row).outcome; }
 
@@ -82,7 +82,7 @@ TEST_F(ReportTest, ABetterOutcomeReplacesAWorseOneUntilOneIsGood) {
     report.NoteFailedTry(row, 1, "refused");
     EXPECT_EQ(report.Row(row).detail, "silent");
     report.NoteAnswer(row, 1, whole);
-    report.NotWritten(row, "No space left on device");
+    report.NoteWrite(row, "No space left on device");
     EXPECT_EQ(OutcomeOf(row), Outcome::NotWritten);
     EXPECT_EQ(report.Row(row).bytes, 3U);
     report.End(row, Outcome::Unanswered, 3, "silent");
@@ -102,13 +102,17 @@ TEST_F(ReportTest, ABetterOutcomeReplacesAWorseOneUntilOneIsGood) {
 TEST_F(ReportTest, OnlyAnAnswerCanBeWritten) {
     const std::size_t first = Take("a");
     const std::size_t second = Take("b");
-    report.Written(first);
-    report.NotWritten(second, "why");
+    report.NoteWrite(first);
+    report.NoteWrite(second, "why");
     EXPECT_EQ(report.CountOf(Outcome::UnderWay), 2U);
     report.NoteAnswer(first, 1, {.status = 200});
-    report.Written(second);
-    report.Written(first);
+    report.NoteWrite(second);
+    report.NoteWrite(first);
     EXPECT_EQ(report.CountOf(Outcome::UnderWay), 2U) << "an answer is written at once or never";
+    report.NoteAnswer(first, 1, {.status = 200});
+    report.End(first, Outcome::TooLarge, 1);
+    report.NoteWrite(first);
+    EXPECT_EQ(OutcomeOf(first), Outcome::TooLarge);
 }
 
 TEST_F(ReportTest, TakesTheNewestFirst) {
@@ -176,18 +180,11 @@ TEST_F(ReportTest, ARowSettlesOnceWhenItIsGoodOrItsConnectionHasAnotherJob) {
     EXPECT_EQ(listener.told.size(), 1U);
 }
 
-TEST_F(ReportTest, CountsFilesOfAnEarlierCrawlOnceEach) {
-    report.NoteOwnFile("own.html");
-    report.NoteOwnFile("own.php.html");
-    for (const char* path : {"own.html", "own.php", "old", "old.html", "old", "old.html"})
-        report.NoteKnownFile(path);
-    EXPECT_EQ(report.AlreadyThere(), 2U);
-}
-
 TEST_F(ReportTest, AClearForgetsEverything) {
     Take("a");
     Answered(Take("b"), {.status = 404, .detail = "Not Found"});
-    report.NoteKnownFile("old");
+    report.NoteFile("old");
+    report.CountAlreadyThere();
     report.Stop();
     report.AddObserver(listener);
     const std::uint64_t changes = report.Changes();
@@ -196,6 +193,7 @@ TEST_F(ReportTest, AClearForgetsEverything) {
     EXPECT_EQ(listener.told, std::vector<std::string>{"cleared"});
     EXPECT_EQ(report.Count(), 0U);
     EXPECT_EQ(report.AlreadyThere(), 0U);
+    EXPECT_FALSE(report.HasFile("old"));
     for (std::size_t i = 0; i < kOutcomeCount; ++i)
         EXPECT_EQ(report.CountOf(static_cast<Outcome>(i)), 0U);
 
@@ -211,7 +209,7 @@ TEST_F(ReportTest, KeepsTextsOfAnyBytesWhereTheyAre) {
     const std::string odd("a\0,\"\r\n\xff", 7);
     const std::size_t first = Take(odd);
     report.NoteAnswer(first, 1, {.status = 301, .detail = "first"});
-    report.Written(first);
+    report.NoteWrite(first);
     const std::string_view address = report.Row(first).address;
     for (int i = 0; i < 3000; ++i) {
         const std::string text = std::to_string(i) + std::string(100, 'x');

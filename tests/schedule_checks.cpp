@@ -1,6 +1,7 @@
 #include "tests/schedule_checks.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "engine/endings.h"
@@ -37,6 +38,8 @@ void Checks::Started(const std::string& address) {
     resumed_late_ = false;
     peers_ = {};
     next_address_ = address;
+    taken_on_ = {address};
+    outcomes_.clear();
 }
 
 void Checks::StopConfirmed() {
@@ -64,6 +67,7 @@ void Checks::QueueChanged() {
     const std::size_t count = crawl::List1.Count();
     if (count == queue_.size() + 1) {
         queue_.push_back(crawl::List1.Item(count - 1));
+        taken_on_.push_back(queue_.back());
     } else if (count + 1 == queue_.size()) {
         next_address_ = std::exchange(queue_, {queue_.begin(), queue_.end() - 1}).back();
     } else if (count == 0) {
@@ -192,6 +196,45 @@ void Checks::LookAtFiles() {
     }
 }
 
+/// Every address has one row, which tells what can be seen of it.
+void Checks::LookAtReport() {
+    using crawl::Outcome;
+    if (!Expect(crawl::Report.Count() == taken_on_.size(), "not one row for each address")) return;
+    outcomes_.resize(taken_on_.size());
+    std::map<Outcome, std::size_t> counts;
+    std::size_t under_way = 0;
+    for (std::size_t i = 0; i < taken_on_.size(); ++i) {
+        const crawl::ReportRow& row = crawl::Report.Row(i);
+        const Outcome before = std::exchange(outcomes_[i], row.outcome);
+        ++counts[row.outcome];
+        if (row.outcome == Outcome::UnderWay) ++under_way;
+        Expect(row.address == taken_on_[i], "a row has another address");
+        const auto is_good = [](Outcome outcome) {
+            return outcome >= Outcome::Saved && outcome <= Outcome::Error;
+        };
+        Expect(!is_good(before) || row.outcome == before, "a good outcome does not stay");
+        Expect(row.settled || (runs_ && !is_good(row.outcome)), "a row has not settled");
+        if (!runs_) Expect(crawl::HasEnded(row.outcome), "a row has no outcome after the end");
+        if (is_good(row.outcome) || row.outcome == Outcome::Short) {
+            const std::string file = bas_Connections::SavedFileOf(std::string(row.address));
+            Expect(files_.FileLength(file).has_value(), "what was saved is not there: " + file);
+        }
+        if (row.outcome == Outcome::Unanswered) {
+            Expect(row.attempts == 3 && !row.detail.empty(), "a file was given up early");
+        }
+    }
+    for (std::size_t i = 0; i < crawl::kOutcomeCount; ++i) {
+        const auto outcome = static_cast<Outcome>(i);
+        Expect(crawl::Report.CountOf(outcome) == counts[outcome], "outcomes are miscounted");
+    }
+    Expect(counts[Outcome::Queued] == crawl::List1.Count(), "a queued address is not queued");
+    for (int i = 1; i <= crawl::kSlotCount; ++i) {
+        const std::size_t row = crawl::Slots[i].Row;
+        if (row < outcomes_.size() && outcomes_[row] == Outcome::UnderWay) --under_way;
+    }
+    Expect(!runs_ || under_way == 0, "no connection has a row that is under way");
+}
+
 void Checks::Look() {
     std::size_t held = 0;
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
@@ -208,6 +251,7 @@ void Checks::Look() {
     // What the engine refuses to ask for ends by its timeout.
     if (runs_) Expect(!done || refused_, "a crawl that is done goes on");
     LookAtFiles();
+    if (report_is_there) LookAtReport();
     memory_short_ = false;
 }
 

@@ -42,6 +42,8 @@ class Checks {
     Checks(const Checks&) = delete;
     Checks& operator=(const Checks&) = delete;
 
+    bool report_is_there = true;
+
     /// What went wrong first, or "".
     const std::string& Fault() const { return fault_; }
 
@@ -74,6 +76,7 @@ class Checks {
     void LoseConnection(int slot);
     void LookAtSlot(int slot);
     void LookAtFiles();
+    void LookAtReport();
 
     const Sites& sites_;
     const fakes::FakeLoop& loop_;
@@ -84,6 +87,8 @@ class Checks {
     text::OneBased<Peer*, crawl::kSlotCount> peers_;
     text::OneBased<unsigned, crawl::kSlotCount> firing_;  ///< the job of a timeout's handler
     std::vector<std::string> queue_;
+    std::vector<std::string> taken_on_;     ///< addresses of this crawl, in order
+    std::vector<crawl::Outcome> outcomes_;  ///< what the report said of them last
     std::string next_address_;              ///< taken off the queue, or the start page
     std::set<std::string> seen_responses_;  ///< all that may stand in the mirror's files
     std::vector<Expected> expected_;        ///< what must stand there now

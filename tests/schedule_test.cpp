@@ -9,3 +9,12 @@ TEST(Schedules, RandomSchedulesKeepTheInvariants) {
         ASSERT_EQ(schedules::Fault(seed, schedules::RandomEvents(seed)), "") << "seed " << seed;
     }
 }
+
+TEST(Schedules, NobodyDecidesAnythingByTheReport) {
+    for (unsigned seed = 1; seed <= 200; ++seed) {
+        const std::vector<schedules::Event> events = schedules::RandomEvents(seed);
+        const std::string trace = schedules::Trace(seed, events, false);
+        ASSERT_FALSE(trace.empty());
+        ASSERT_TRUE(schedules::Trace(seed, events, true) == trace) << "seed " << seed;
+    }
+}

@@ -45,6 +45,16 @@ class World : private fakes::FakeNetwork {
         bas_Connections::MostResponseBytes = std::numeric_limits<std::int32_t>::max();
     }
 
+    /// Empties the report after every event from now on.
+    void TakeReportAway() { checks_.report_is_there = false; }
+
+    /// All that could be seen so far.
+    std::string Trace() {
+        for (const auto& [path, contents] : system_.files.files)
+            trace_ += path + "\n" + contents + "\n";
+        return std::move(trace_);
+    }
+
     /// Does these events, then lets the servers do what they do by themselves until the crawl is
     /// over. What went wrong first, or "".
     std::string Run(const std::vector<Event>& events) {
@@ -63,7 +73,11 @@ class World : private fakes::FakeNetwork {
   private:
     void Attach(fakes::FakeSocket& socket) override {
         const int slot = static_cast<int>(attached_++ % crawl::kSlotCount) + 1;
-        socket.peer_on_connect = [this, slot](fakes::FakeSocket&) { checks_.Connected(slot); };
+        socket.peer_on_connect = [this, slot](fakes::FakeSocket&) {
+            checks_.Connected(slot);
+            const crawl::ConnectionSlot& now = crawl::Slots[slot];
+            trace_ += std::to_string(loop_.Now()) + " " + now.Host + now.Path + "\n";
+        };
         fakes::FakeTimer& timer = window_.tmrOut(slot);
         timer.on_timer = [this, slot, handler = timer.on_timer] {
             checks_.TimerFired(slot, handler);
@@ -83,7 +97,15 @@ class World : private fakes::FakeNetwork {
         return true;
     }
 
+    void Note() {
+        for (const auto& row : window_.rows)
+            trace_ += row.status + "|" + row.size + "|" + row.received + "\n";
+        trace_ += window_.label3 + "|" + window_.label4 + "|" + window_.label5 + "\n";
+        if (!checks_.report_is_there) crawl::Report.Clear();
+    }
+
     void Do(const Event& event) {
+        Note();
         if (user_gone_) return;
         if (event.kind == Kind::Wait) {
             loop_.Advance(event.amount);
@@ -206,6 +228,7 @@ class World : private fakes::FakeNetwork {
             checks_.Look();
             loop_.Advance(timeout_ / 2);
             checks_.Look();
+            Note();
         }
         checks_.MustBeOver();
         loop_.Advance(5 * timeout_);
@@ -222,9 +245,17 @@ class World : private fakes::FakeNetwork {
     int boxes_open_ = 0;
     bool stop_answer_ = false, leaving_ = false, paused_ = false, user_gone_ = false;
     unsigned attached_ = 0;
+    std::string trace_;
 };
 
 }  // namespace
+
+std::string Trace(unsigned seed, const std::vector<Event>& events, bool report_taken_away) {
+    World world(seed);
+    if (report_taken_away) world.TakeReportAway();
+    world.Run(events);
+    return world.Trace();
+}
 
 std::string Fault(unsigned seed, const std::vector<Event>& events) {
     return World(seed).Run(events);

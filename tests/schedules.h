@@ -31,6 +31,10 @@ struct Event {
 
 std::vector<Event> RandomEvents(unsigned seed);
 
+/// All that can be seen of the engine while these events happen: requests, files, rows and labels.
+/// When the report is taken away it is emptied again and again.
+std::string Trace(unsigned seed, const std::vector<Event>& events, bool report_taken_away);
+
 /// What goes wrong first when these events happen, or "". The seed gives the sites and the limits.
 std::string Fault(unsigned seed, const std::vector<Event>& events);
 

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "platform/files.h"
@@ -70,6 +72,8 @@ TEST_P(FilesContract, FoldersAreNoFiles) {
         EXPECT_FALSE(files.WriteFile(In(path), {"x"})) << path;
         EXPECT_FALSE(files.AppendFile(In(path), {"x"})) << path;
     }
+    EXPECT_EQ(files.WriteFile(In("nowhere\\f"), {"x"}).why_not,
+              std::generic_category().message(ENOENT));
     EXPECT_EQ(Read("a\\kept"), "kept");
 }
 

@@ -18,7 +18,10 @@ namespace fakes {
 /// servers.
 class CrawlTest : public testing::Test {
   protected:
-    CrawlTest() { BlankDisk(); }
+    CrawlTest() {
+        BlankDisk();
+        crawl::Report.clock = [this] { return std::chrono::milliseconds(loop.Now()); };
+    }
 
     /// Types an address and starts its crawl.
     void Start(const std::string& address) {

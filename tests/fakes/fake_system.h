@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <string>
@@ -126,6 +127,8 @@ struct FakeSystem {
         crawl::TotalBytes = crawl::FilesDone = 0;
         crawl::Stopping = false;
         crawl::List1 = crawl::List2 = {};
+        crawl::Report.clock = [] { return std::chrono::milliseconds(0); };
+        crawl::Report.Clear();
         bas_Output::BeginMirror();
         bas_General::ClearKeywordFilters();
     }

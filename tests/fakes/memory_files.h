@@ -41,9 +41,11 @@ class MemoryFiles : public platform::Files {
 
     std::string ProgramFolder() const override { return "c:\\program"; }
 
-    bool CreateFolder(std::string_view path) override {
+    platform::FileResult CreateFolder(std::string_view path) override {
         Look(path);
-        return !files.contains(Key(path)) && MayWrite(path) && folders.insert(Key(path)).second;
+        if (platform::FileResult refusal = MayWrite(path); !refusal) return refusal;
+        const bool made = !files.contains(Key(path)) && folders.insert(Key(path)).second;
+        return {made ? "" : "File exists"};
     }
     std::optional<std::uint64_t> FileLength(std::string_view path) const override {
         Look(path);
@@ -61,10 +63,12 @@ class MemoryFiles : public platform::Files {
         const auto file = files.find(Key(path));
         return file == files.end() ? std::nullopt : std::optional(file->second);
     }
-    bool WriteFile(std::string_view path, std::initializer_list<std::string_view> parts) override {
+    platform::FileResult WriteFile(std::string_view path,
+                                   std::initializer_list<std::string_view> parts) override {
         return Write(path, parts, /*append=*/false);
     }
-    bool AppendFile(std::string_view path, std::initializer_list<std::string_view> parts) override {
+    platform::FileResult AppendFile(std::string_view path,
+                                    std::initializer_list<std::string_view> parts) override {
         return Write(path, parts, /*append=*/true);
     }
     bool DeleteFile(std::string_view path) override {
@@ -103,20 +107,25 @@ class MemoryFiles : public platform::Files {
     void Look(std::string_view path) const {
         if (on_look) on_look(Key(path));
     }
-    bool MayWrite(std::string_view path) const {
+    platform::FileResult MayWrite(std::string_view path) const {
         const std::string key = Key(path);
         const std::string folder = Parent(key);
-        return !disk_full && folders.contains(folder) && !refused.contains(key) &&
-               !read_only.contains(folder) && key.size() - folder.size() <= 256;
+        if (key.empty()) return {platform::kNoName};
+        if (disk_full) return {"No space left on device"};
+        if (!folders.contains(folder)) return {"No such file or directory"};
+        if (refused.contains(key) || read_only.contains(folder)) return {"Permission denied"};
+        return {key.size() - folder.size() <= 256 ? "" : "File name too long"};
     }
-    bool Write(std::string_view path, std::initializer_list<std::string_view> parts, bool append) {
+    platform::FileResult Write(std::string_view path, std::initializer_list<std::string_view> parts,
+                               bool append) {
         if (on_write) on_write(Key(path));
-        if (!MayWrite(path) || FolderExists(path)) return false;
+        if (platform::FileResult refusal = MayWrite(path); !refusal) return refusal;
+        if (FolderExists(path)) return {"Is a directory"};
         std::string& contents = files[Key(path)];
         if (!append) contents.clear();
         for (const std::string_view part : parts)
             contents += part;
-        return true;
+        return {};
     }
 };
 
