@@ -14,7 +14,7 @@ import sys
 import time
 from pathlib import Path
 
-from bench.watched_crawl import HOST, ONE_MB, SITE, WatchedCrawl
+from bench.watched_crawl import COMPLETE, HOST, ONE_MB, SITE, WatchedCrawl
 from tests.e2e import private_network
 from tests.e2e.program import copy_program, environment, tree
 from tests.e2e.web import ScriptedServer, links_to, page
@@ -87,7 +87,7 @@ def large_file(megabytes, timeout, busy_seconds):
     size = path.stat().st_size / 1e6 if path.exists() else 0
     whole = is_whole(path, megabytes) and crawl.saved("busy.html") == b"busy " * busy_seconds + b"\r\n"
     path.unlink(missing_ok=True)
-    return status == 0 and whole, (f"{'whole' if whole else 'NOT WHOLE'}, {size:.0f} MB on disk, "
+    return status in COMPLETE and whole, (f"{'whole' if whole else 'NOT WHOLE'}, {size:.0f} MB on disk, "
                                    f"asked for {server.paths().count(b'/large.zip')} times; {crawl.figures()}")
 
 
@@ -104,7 +104,7 @@ def endless_answers():
         status = crawl.wait(300)
     found = count_good(crawl, 200)
     left = [i for i in range(4) if crawl.saved(f"endless{i}.zip") is not None]
-    well = status == 0 and found == 200 and not left and crawl.peak < 3.3e9
+    well = status in COMPLETE and found == 200 and not left and crawl.peak < 3.3e9
     return well, f"{found} of 200 pages, {len(left)} cut files; {crawl.figures()}"
 
 
@@ -116,7 +116,7 @@ def refused_memory():
         status = crawl.wait(120)
     found = count_good(crawl, 50)
     large = crawl.saved("large.zip")
-    well = status == 0 and found == 50 and (large is None or len(large) == 300 * ONE_MB + 2)
+    well = status in COMPLETE and found == 50 and (large is None or len(large) == 300 * ONE_MB + 2)
     return well, f"{found} of 50 pages, the large file {'saved' if large else 'given up'}; {crawl.figures()}"
 
 
@@ -129,7 +129,7 @@ def many_links():
         crawl = WatchedCrawl("--connections", 24, "--timeout", 3)
         status = crawl.wait(900)
     found = sum(crawl.saved(name.decode()) is not None for name in pages)
-    well = status == 0 and found == 300 and len(server.requests) <= 331
+    well = status in COMPLETE and found == 300 and len(server.requests) <= 331
     return well, f"{found} of 300 files, {len(server.requests)} requests; {crawl.figures()}"
 
 
@@ -146,7 +146,7 @@ def growing_addresses(length):
     subprocess.run(["rm", "-r", crawl.mirror], check=True)  # too deep for Python's own
     tenth = max(1, len(times) // 10)
     first, last = (part[-1] - part[0] for part in (times[:tenth + 1], times[-tenth - 1:]))
-    return status == 0, (f"{len(times)} pages, the first tenth in {first:.1f} s, the last in {last:.1f} s; "
+    return status in COMPLETE, (f"{len(times)} pages, the first tenth in {first:.1f} s, the last in {last:.1f} s; "
                          f"{crawl.figures()}")
 
 
@@ -168,7 +168,7 @@ def users_files():
         status = crawl.wait(120)
     left = tree(crawl.mirror)
     harmed = [path for path in mine if left.get(path) != mine[path]]
-    return status == 0 and not harmed, (f"{len(harmed)} of {len(mine)} replaced, deleted or added to; "
+    return status in COMPLETE and not harmed, (f"{len(harmed)} of {len(mine)} replaced, deleted or added to; "
                                         f"{crawl.figures()}")
 
 
@@ -184,7 +184,7 @@ def looks_outside():
         status = crawl.wait(120)
     there, missing = (sorted(path.removesuffix(name) for path in server.paths() if path.endswith(name))
                       for name in (b"there.html", b"missing.html"))
-    return status == 0 and there == missing, (f"{len(missing)} missing ones asked for, "
+    return status in COMPLETE and there == missing, (f"{len(missing)} missing ones asked for, "
                                               f"{len(there)} that are there; {crawl.figures()}")
 
 
@@ -197,7 +197,7 @@ def file_named_like_a_folder():
         status = crawl.wait(60)
     wanted = ["index.html", "index.php/article/5.html", "next.html", "index.php.html", "behind.html"]
     found = [name for name in wanted if crawl.saved(name) is not None]
-    return status == 0 and found == wanted, f"{len(found)} of 5 files; {crawl.figures()}"
+    return status in COMPLETE and found == wanted, f"{len(found)} of 5 files; {crawl.figures()}"
 
 
 # --- The shell ------------------------------------------------------------------------------------
@@ -252,7 +252,7 @@ def damaged_list():
 def no_display():
     scratch = place("display")
     both, status, said = run(scratch, "--folder", scratch / "mirror", QT_QPA_PLATFORM="xcb")
-    return both and status == 0, said
+    return both and status in COMPLETE, said
 
 
 def altered_folder_name():
@@ -264,7 +264,7 @@ def altered_folder_name():
 def tiny_timeout():
     scratch = place("tiny")
     both, status, said = run(scratch, "--folder", scratch / "mirror", "--timeout", "0.0001", other=silent)
-    return status == 2 or (both and status == 0), said
+    return status == 2 or (both and status in COMPLETE), said
 
 
 def crawl_into_pipe(writer):
@@ -308,7 +308,7 @@ def unread_pipe():
         status = ended_within(process, 30)
     os.close(reader)
     asked, pages = len(server.requests), len(LATE_PAGES)
-    return status == 0 and asked == pages, f"exit {status}, {asked} of {pages} pages asked for"
+    return status in COMPLETE and asked == pages, f"exit {status}, {asked} of {pages} pages asked for"
 
 
 def ended_within(process, seconds):

@@ -8,6 +8,7 @@ from tests.e2e.program import Crawl, copy_program
 SITE = "www.example.test"
 HOST = "example.test"  # the folder of the site's files
 ONE_MB = 1 << 20
+COMPLETE = (0, 3)  # exit statuses of a crawl that came to its end; with 3, not every file could be had
 
 
 class WatchedCrawl(Crawl):

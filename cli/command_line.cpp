@@ -40,6 +40,8 @@ struct Options {
     QCommandLineOption folder{"folder", "", "FOLDER"};
     QCommandLineOption connections{"connections", "", "N"};
     QCommandLineOption timeout{"timeout", "", "SECONDS"};
+    QCommandLineOption report{"report", "", "FILE"};
+    QCommandLineOption quiet{"quiet"};
     QCommandLineOption help{{"h", "help"}};
     QCommandLineOption version{{"v", "version"}};
 };
@@ -50,9 +52,9 @@ constexpr char kHelp[] =
        vantorin --site ADDRESS --folder FOLDER [OPTION]...
 
 Downloads a web site into a folder, for browsing without a network. The first
-form opens the program's window. The second one needs no display: it says how
-far it is, and answers every question with No. Ctrl+C stops it, a second Ctrl+C
-at once.
+form opens the program's window. The second one needs no display: it says on a
+terminal how far it is, then what became of the addresses, and answers every
+question with No. Ctrl+C stops it, a second Ctrl+C at once.
 
 Options:
   --site ADDRESS      the page to start from
@@ -60,14 +62,18 @@ Options:
   --connections N     how many files to download at a time, 1 to 24 (default: 4)
   --timeout SECONDS   how long a server may be silent before its file is tried
                       again, three times in all; 0 waits for ever (default: 15)
+  --report FILE       write a line about each address, as comma-separated values
+  --quiet             print only what became of the addresses, and faults
   -h, --help          show this help
   -v, --version       show the program's version
 
 Exit status:
-  0    the site is complete
-  1    the folder cannot be used, or no type of files to download is known;
-       without options: there is no display
+  0    the site is complete: every address was answered and its file written
+  1    the folder or the report cannot be used, or no type of files to download is
+       known; without options: there is no display
   2    the options make no sense
+  3    complete, but some addresses were unanswered, short, not written or too large
+  4    complete, but not one file was saved
   129, 130, 143
        stopped by a signal: SIGHUP, SIGINT (Ctrl+C), SIGTERM
   141  stopped because whatever read the output has gone
@@ -108,6 +114,12 @@ CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) 
             return Refuse("--timeout takes a number of seconds, 0 or from 0.001 on.");
         line.order.timeout_milliseconds = *milliseconds;
     }
+    if (parser.isSet(options.report)) {
+        const QString report = parser.value(options.report);
+        if (report.trimmed().isEmpty()) return Refuse("No file is given (--report FILE).");
+        line.order.report = platform::PathTextOf(platform::ToBytes(report));
+    }
+    line.order.quiet = parser.isSet(options.quiet);
     return line;
 }
 
@@ -117,7 +129,7 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     const Options options;
     parser.addOptions({options.site, options.folder, options.connections, options.timeout,
-                       options.help, options.version});
+                       options.report, options.quiet, options.help, options.version});
     if (!parser.parse(arguments)) return Refuse(parser.errorText());
     if (parser.isSet(options.help)) return {CommandLine::Action::Print, {}, kHelp, 0};
     if (parser.isSet(options.version)) {

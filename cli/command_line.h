@@ -12,6 +12,8 @@ struct CrawlOrder {
     std::string folder;  ///< path text
     int connections = 4;
     std::int64_t timeout_milliseconds = 15000;  ///< 0 waits for ever
+    std::string report;                         ///< path text; "" for none
+    bool quiet = false;                         ///< says only how it ended
 };
 
 /// What the command line asks for.

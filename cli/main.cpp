@@ -117,7 +117,7 @@ int RunCrawl(const cli::CrawlOrder& order, int argc, char** argv) {
     qunsetenv("QT_QPA_PLATFORMTHEME");
     const QApplication application = platform::MakeApplication(argc, argv);
     platform::MemorySettingsStore settings;
-    cli::Terminal terminal;
+    cli::Terminal terminal(order.quiet);
     cli::TerminalBoxes boxes(terminal);
     cli::SystemServices system(settings, boxes);
     ui::WindowHolder holder(system.Events(), {nullptr, MakeSocket});

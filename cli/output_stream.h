@@ -29,8 +29,8 @@ class OutputStream {
     /// full disk for example, the text counts as taken.
     std::size_t Write(std::string_view text);
 
-    /// Whether a write found that the reader has closed the pipe.
-    bool ReaderGone() const { return reader_gone_; }
+    /// Whether the reader has closed the pipe, as far as the system tells before a write does.
+    bool ReaderGone() const;
 
   private:
     int descriptor_;

@@ -17,6 +17,11 @@ bool OutputStream::Ready(int milliseconds) const {
     return poll(&stream, 1, milliseconds) > 0;
 }
 
+bool OutputStream::ReaderGone() const {
+    pollfd stream{descriptor_, 0, 0};
+    return reader_gone_ || (poll(&stream, 1, 0) > 0 && (stream.revents & POLLERR) != 0);
+}
+
 std::size_t OutputStream::Write(std::string_view text) {
     // A pipe that is ready has room for this much. To make it non-blocking instead would do the
     // same to the shell that shares it.

@@ -66,6 +66,10 @@ bool OutputStream::Ready(int milliseconds) const {
     return true;
 }
 
+bool OutputStream::ReaderGone() const {
+    return reader_gone_;
+}
+
 std::size_t OutputStream::Write(std::string_view text) {
     const HANDLE handle = HandleOf(descriptor_);
     if (IsConsole(handle)) {

@@ -10,17 +10,21 @@ namespace {
 constexpr int kLastWaitMilliseconds = 500;
 }
 
-Terminal::Terminal() : in_place_(output_.IsTerminal()) {}
+Terminal::Terminal(bool quiet) : quiet_(quiet), shows_progress_(!quiet && output_.IsTerminal()) {}
 
 void Terminal::ShowProgress(const std::string& line) {
-    if (line == progress_ || !pending_.empty() || !output_.Ready()) return;
+    if (!shows_progress_ || line == progress_ || !pending_.empty() || !output_.Ready()) return;
     // Blanks cover what a longer line left there.
     const std::size_t old_length = line_open_ ? progress_.size() : 0;
     const std::size_t blanks = old_length > line.size() ? old_length - line.size() : 0;
     progress_ = line;
-    line_open_ = in_place_;
-    pending_ = in_place_ ? "\r" + line + std::string(blanks, ' ') : line + kLineEnd;
+    line_open_ = true;
+    pending_ = "\r" + line + std::string(blanks, ' ');
     Flush();
+}
+
+void Terminal::Say(const std::string& lines) {
+    if (!quiet_) Print(lines);
 }
 
 void Terminal::Print(const std::string& lines) {
@@ -49,7 +53,12 @@ platform::BoxAnswer TerminalBoxes::MsgBox(const std::string& message, platform::
         style == platform::BoxStyle::InformationYesNo || style == platform::BoxStyle::StopYesNo;
     std::string lines = text::ReplaceAll(message, "\r\n\r\n", " ");
     text::ReplaceAllIn(lines, "\r\n", " ");
-    terminal_.Print(title + " " + lines + (asks ? " No." : ""));
+    lines = title + " " + lines + (asks ? " No." : "");
+    if (style == platform::BoxStyle::Stop || style == platform::BoxStyle::StopYesNo) {
+        terminal_.Print(lines);
+    } else {
+        terminal_.Say(lines);
+    }
     return asks ? platform::BoxAnswer::No : platform::BoxAnswer::Ok;
 }
 

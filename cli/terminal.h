@@ -7,15 +7,19 @@
 
 namespace cli {
 
-/// What an unattended run shows: a line of progress that stays in place on a terminal and is
-/// repeated elsewhere, and lines that stay. Nothing here waits for a reader but `Finish`.
+/// What an unattended run shows: on a terminal, a line of progress that stays in place; and lines
+/// that stay. Nothing here waits for a reader but `Finish`.
 class Terminal {
   public:
-    Terminal();
+    /// A quiet one prints nothing but what it must.
+    explicit Terminal(bool quiet = false);
 
-    /// Shows how far the crawl is; nothing when the line says the same as the last one, or while
-    /// the output takes no more.
+    /// Shows on a terminal how far the crawl is; nothing when the line says the same as the last
+    /// one, or while the output takes no more.
     void ShowProgress(const std::string& line);
+
+    /// Prints lines that a quiet terminal leaves out.
+    void Say(const std::string& lines);
 
     /// Prints lines to keep, at the latest when `Flush` finds that the output takes them.
     void Print(const std::string& lines);
@@ -31,7 +35,8 @@ class Terminal {
 
   private:
     OutputStream output_{OutputStream::Which::Output};
-    bool in_place_;
+    bool quiet_;
+    bool shows_progress_;
     std::string progress_;  ///< the progress shown last
     bool line_open_ = false;
     std::string pending_;  ///< not written yet

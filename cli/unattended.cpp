@@ -7,7 +7,9 @@
 #include <cstdlib>
 #include <optional>
 
+#include "cli/report_file.h"
 #include "crawl/crawl_state.h"
+#include "crawl/report_text.h"
 #include "engine/endings.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
@@ -112,7 +114,8 @@ void Start(const CrawlOrder& order, ui::frmMain& window) {
 /// to.
 class Watch {
   public:
-    Watch(ui::WindowHolder& holder, Terminal& terminal) : holder_(holder), terminal_(terminal) {
+    Watch(ui::WindowHolder& holder, Terminal& terminal, ReportFile& report)
+        : holder_(holder), terminal_(terminal), report_(report) {
         QObject::connect(&timer_, &QTimer::timeout, [this] { Check(); });
         timer_.start(kCheckMilliseconds);
         since_progress_.start();
@@ -121,6 +124,7 @@ class Watch {
   private:
     void Check() {
         terminal_.Flush();
+        report_.Flush();
         if (engine::CrawlIsRunning()) StopIfAsked();
         if (!holder_.StackIsIdle()) return;
         if (!engine::CrawlIsRunning()) {
@@ -139,18 +143,46 @@ class Watch {
 
     ui::WindowHolder& holder_;
     Terminal& terminal_;
+    ReportFile& report_;
     QTimer timer_;
     QElapsedTimer since_progress_;
     int exit_code_ = kExitComplete;
 };
 
-int RunCrawl(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& terminal) {
+bool PrepareReport(const std::string& path, ReportFile& report, Terminal& terminal) {
+    const std::string why_not = path.empty() ? "" : report.Open(path);
+    if (why_not.empty()) return true;
+    terminal.Print("The report cannot be written to " +
+                   platform::SystemPathOf(path).value_or(path) + ": " + why_not);
+    return false;
+}
+
+/// The exit code of a crawl that was not stopped.
+int ExitCodeOf(const crawl::AddressReport& report) {
+    using crawl::Outcome;
+    if (report.CountOf(Outcome::Saved) == 0) return kExitNothing;
+    for (const Outcome fault :
+         {Outcome::Unanswered, Outcome::Short, Outcome::NotWritten, Outcome::TooLarge}) {
+        if (report.CountOf(fault) > 0) return kExitIncomplete;
+    }
+    return kExitComplete;
+}
+
+int RunCrawl(const CrawlOrder& order, ui::WindowHolder& holder, ReportFile& report,
+             Terminal& terminal) {
     Start(order, holder.Current());
-    const Watch watch(holder, terminal);
-    const int exit_code = QCoreApplication::exec();
-    terminal.Print(bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
-                   bas_Connections::FormatCount(crawl::TotalBytes) +
-                   (exit_code == kExitComplete ? " bytes." : " bytes when it was stopped."));
+    const Watch watch(holder, terminal, report);
+    int exit_code = QCoreApplication::exec();
+    const bool stopped = exit_code != kExitComplete;
+    if (!stopped) exit_code = ExitCodeOf(crawl::Report);
+    if (const std::string why_not = report.Finish(); !why_not.empty()) {
+        terminal.Print("The report is not complete: " + why_not);
+        if (!stopped) exit_code = kExitUnusable;
+    }
+    terminal.Print(crawl::SummaryOf(crawl::Report));
+    terminal.Say(bas_Connections::FormatCount(crawl::FilesDone) + " files, " +
+                 bas_Connections::FormatCount(crawl::TotalBytes) +
+                 (stopped ? " bytes when it was stopped." : " bytes."));
     return exit_code;
 }
 
@@ -160,8 +192,10 @@ int RunUnattended(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& t
     HandleSignals();
     WarnOf(order.site);
     int exit_code = kExitUnusable;
-    if (PrepareFolder(order.folder, terminal) && PrepareFileTypes(terminal)) {
-        exit_code = RunCrawl(order, holder, terminal);
+    ReportFile report;
+    if (PrepareFolder(order.folder, terminal) && PrepareFileTypes(terminal) &&
+        PrepareReport(order.report, report, terminal)) {
+        exit_code = RunCrawl(order, holder, report, terminal);
     }
     terminal.Finish();
     return exit_code;

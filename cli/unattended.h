@@ -10,6 +10,8 @@ namespace cli {
 /// programs do; so does one whose output nobody reads any more, with the number of SIGPIPE.
 inline constexpr int kExitComplete = 0;
 inline constexpr int kExitUnusable = 1;
+inline constexpr int kExitIncomplete = 3;  ///< not every address was answered and written
+inline constexpr int kExitNothing = 4;     ///< no file was saved
 inline constexpr int kExitReaderGone = 141;
 
 /// Runs the crawl as if the wizard had been filled in and its download button pressed, and returns

@@ -6,12 +6,15 @@ with it. Where the machine forbids that, the test counts as skipped.
 """
 
 import atexit
+import contextlib
 import itertools
 import os
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
+import threading
 import uuid
 from pathlib import Path
 
@@ -77,6 +80,28 @@ def prepare(folder):
         if Path(path).exists():
             subprocess.run(["mount", "--bind", ours, os.path.realpath(path)], check=True)
     subprocess.run(["ip", "link", "set", "lo", "up"], check=True)
+
+
+@contextlib.contextmanager
+def name_server_without_names():
+    """A name server that says of every name that there is none."""
+    end = b"end"
+
+    def serve():
+        question, client = server.recvfrom(512)
+        while question != end:
+            server.sendto(question[:2] + b"\x81\x83" + question[4:], client)
+            question, client = server.recvfrom(512)
+
+    with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as server:
+        server.bind(("127.0.0.1", 53))
+        serving = threading.Thread(target=serve)
+        serving.start()
+        try:
+            yield
+        finally:
+            server.sendto(end, server.getsockname())
+            serving.join()
 
 
 def scratch(name, numbers=itertools.count(1)):

@@ -137,7 +137,7 @@ class Behaviours(unittest.TestCase):
             for crawl in crawls:
                 crawl.start()
             for crawl in crawls:
-                self.assertEqual(crawl.running.wait(), 0, crawl.running.output())
+                self.assertEqual(crawl.running.wait(), 3, crawl.running.output())
         for request, path in zip(server.requests, server.paths()):
             self.assertEqual(request, b"GET " + path + REST_OF_REQUEST)
         self.assertEqual(set(server.extra), {b""}, "a connection is for one file")

@@ -77,11 +77,9 @@ TEST(Terminal, WaitsForNoReaderAndLosesNoLine) {
     OutputTo output(reading, writing);
     cli::Terminal terminal;
     terminal.ShowProgress("1 file");
-    terminal.ShowProgress("2 files");
-    EXPECT_EQ(output.Read(), "1 file\n2 files\n") << "each has a line of its own";
+    EXPECT_EQ(output.Read(), "") << "progress is for a terminal";
     const std::string much(200'000, 'x');  // more than a pipe holds
     terminal.Print(much);
-    terminal.ShowProgress("3 files");
     terminal.Print("last");
     terminal.Finish();
     std::string all = output.Read();
@@ -93,6 +91,7 @@ TEST(Terminal, WaitsForNoReaderAndLosesNoLine) {
 
     const auto usual = std::signal(SIGPIPE, SIG_IGN);
     output.CloseReader();
+    EXPECT_TRUE(terminal.ReaderGone()) << "before anything is printed";
     terminal.Print("to nobody");
     EXPECT_TRUE(terminal.ReaderGone());
     terminal.Finish();  // has nothing to wait for
@@ -111,4 +110,17 @@ TEST(TerminalBoxes, PrintWhatTheySayAndNeverAgree) {
     EXPECT_EQ(boxes.MsgBox("Sure?", BoxStyle::StopYesNo, "Stop"), BoxAnswer::No);
     EXPECT_EQ(boxes.MsgBox("Bad folder.", BoxStyle::Stop, "Eror"), BoxAnswer::Ok);
     EXPECT_EQ(output.Read(), "Done. One. Two. More? No.\nStop Sure? No.\nEror Bad folder.\n");
+}
+
+TEST(Terminal, AQuietOneKeepsToTheResultAndFaults) {
+    const auto [reading, writing] = Pipe();
+    OutputTo output(reading, writing);
+    cli::Terminal terminal(/*quiet=*/true);
+    cli::TerminalBoxes boxes(terminal);
+    boxes.MsgBox("Complete.", platform::BoxStyle::InformationYesNo, "Done.");
+    terminal.Say("1 files, 2 bytes.");
+    EXPECT_EQ(output.Read(), "");
+    boxes.MsgBox("Bad folder.", platform::BoxStyle::Stop, "Eror");
+    terminal.Print("1 saved");
+    EXPECT_EQ(output.Read(), "Eror Bad folder.\n1 saved\n");
 }
