@@ -92,7 +92,8 @@ Files:
   FOLDER/.../*.tmp    files that wait to be downloaded
        They go when the download ends or is stopped. After a crash, a kill or a
        second Ctrl+C they stay, and the next download takes each for a file that
-       is there already: delete them first, or use a fresh folder.
+       is there already. The wizard of the window offers to remove them; a fresh
+       folder does as well.
 )";
 
 CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) {

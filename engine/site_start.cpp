@@ -35,6 +35,11 @@ std::string CleanTypedAddress(const std::string& typed) {
     return address;
 }
 
+std::string SiteHostOf(const std::string& address) {
+    const std::string host = bas_Extractor::CutHostAtDelimiter(address);
+    return std::string(text::Trim(text::ReplaceAll(host, "www.", "")));
+}
+
 void ConnectNowNow() {
     ResetCrawl();
     engine::MainWindow& window = engine::Window();
@@ -42,8 +47,7 @@ void ConnectNowNow() {
     window.SetText1(address);
     window.SetPauseEnabled(true);
 
-    const std::string host = bas_Extractor::CutHostAtDelimiter(address);
-    crawl::SiteHost = text::Trim(text::ReplaceAll(host, "www.", ""));
+    crawl::SiteHost = SiteHostOf(address);
     crawl::FileTypeSet = bas_General::LoadFileTypes();
 
     window.SetCommand1Enabled(false);

@@ -9,6 +9,9 @@ namespace bas_Connections {
 /// somewhere: the address that a crawl begins with.
 std::string CleanTypedAddress(const std::string& typed);
 
+/// The host of such an address without "www.".
+std::string SiteHostOf(const std::string& address);
+
 /// Starts the crawl of the site in the address box into `TargetFolder`: resets the engine, cleans
 /// the address, fetches it on a free connection and turns the scheduler on. Does not judge the
 /// address.

@@ -12,6 +12,7 @@
 #include "engine/site_start.h"
 #include "forms/address_line.h"
 #include "forms/byte_list.h"
+#include "forms/copy_notes.h"
 #include "forms/z_dir.h"
 #include "forms/z_filter.h"
 #include "platform/path_text.h"
@@ -59,6 +60,8 @@ void frmNew::done(int result) {
 void frmNew::ConnectHandlers() {
     connect(txt_url_, &QLineEdit::textChanged, this, &frmNew::txtURL_Change);
     connect(txt_dir_, &QLineEdit::textChanged, this, &frmNew::txtDir_Change);
+    connect(copy_notes_, &CopyNotes::Removing, command1_, &QPushButton::setDisabled);
+    connect(copy_notes_, &CopyNotes::UnfinishedShown, this, &frmNew::MakeRoomForNote);
     connect(command1_, &QPushButton::clicked, this, &frmNew::Command1_Click);
     connect(command2_, &QPushButton::clicked, this, &frmNew::Command2_Click);
     connect(command3_, &QPushButton::clicked, this, &frmNew::Command3_Click);
@@ -106,11 +109,13 @@ void frmNew::ApplyTimeout(const std::string& seconds) {
 
 void frmNew::txtURL_Change() {
     bas_General::PutSetting("LastURL", platform::ToBytes(txt_url_->text()));
+    LookForCopy();
 }
 
 void frmNew::txtDir_Change() {
     bas_General::PutSetting("InDir", TxtDir());
     ShowSystemFolder();
+    LookForCopy();
 }
 
 std::string frmNew::TxtDir() const {
@@ -139,6 +144,11 @@ void frmNew::ShowSystemFolder() {
     }
 }
 
+void frmNew::LookForCopy() {
+    copy_notes_->LookFor(platform::ToBytes(txt_url_->text()),
+                         bas_General::NormalizeFolder(TxtDir()));
+}
+
 bool frmNew::SetToInDIR() {
     SetTxtDir(bas_General::NormalizeFolder(TxtDir()));
     return bas_General::PrepareTargetFolder(TxtDir());
@@ -147,6 +157,7 @@ bool frmNew::SetToInDIR() {
 void frmNew::Command1_Click() {
     if (!SetToInDIR()) return;
     SaveFileTypes();
+    copy_notes_->Stop();
     engine::Window().SetText1(platform::ToBytes(txt_url_->text()));
     bas_Connections::ConnectNowNow();
     accept();

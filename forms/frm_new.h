@@ -13,6 +13,7 @@ namespace ui {
 class AddressLine;
 class ByteList;
 class ChoiceBox;
+class CopyNotes;
 class ElidedLabel;
 
 /// The New Site Wizard: which site to download into which folder, the timeout and the file types.
@@ -33,6 +34,8 @@ class frmNew : public QDialog {
     void MakeAddressBoxes();
     void MakeButtons();
     void MakeOptionsArea();
+    void MakeCopyNotes();
+    void MakeRoomForNote(bool shown);
     void ConnectHandlers();
 
     void Form_Load();
@@ -49,6 +52,7 @@ class frmNew : public QDialog {
     /// written into.
     bool SetToInDIR();
     void ShowSystemFolder();
+    void LookForCopy();
     std::string TxtDir() const;
     void SetTxtDir(const std::string& folder);
     void ApplyTimeout(const std::string& seconds);
@@ -67,6 +71,7 @@ class frmNew : public QDialog {
     QLineEdit* txt_dir_;
     AddressLine* address_line_;   ///< what the address will make the crawl ask for
     ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
+    CopyNotes* copy_notes_;       ///< what an earlier download has left there
     QPushButton* command1_;
     QPushButton* command2_;
     QPushButton* command6_;

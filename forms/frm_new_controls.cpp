@@ -4,6 +4,7 @@
 
 #include "forms/address_line.h"
 #include "forms/byte_list.h"
+#include "forms/copy_notes.h"
 #include "forms/decoration.h"
 #include "forms/frm_new.h"
 #include "forms/wrapping_button.h"
@@ -13,6 +14,7 @@
 #include "widgets/elided_label.h"
 #include "widgets/icons.h"
 #include "widgets/label_font.h"
+#include "widgets/note_line.h"
 #include "widgets/twips.h"
 
 namespace ui {
@@ -20,6 +22,7 @@ namespace ui {
 namespace {
 
 constexpr int kFormHeight = 4800;
+constexpr int kNoteHeight = 255;
 
 /// From the web into a folder: what the program is for.
 void AddPictures(QWidget* form) {
@@ -34,12 +37,13 @@ void frmNew::MakeControls() {
     setObjectName("frmNew");
     setWindowTitle("New Site Wizard");
     setFont(LabelFont());
-    setFixedHeight(Twips(kFormHeight));
+    MakeRoomForNote(false);
     AddPictures(this);
     MakeMainArea();
     MakeOptionsArea();
-    SetTabOrder({txt_url_, address_line_->Link(), txt_dir_, command7_, command1_, command6_, list1_,
-                 command3_, command4_, command5_, list2_, command8_, command2_});
+    SetTabOrder({txt_url_, address_line_->Link(), txt_dir_, command7_,
+                 copy_notes_->Unfinished()->Link(), command1_, command6_, list1_, command3_,
+                 command4_, command5_, list2_, command8_, command2_});
     txt_url_->setFocus();
 }
 
@@ -52,7 +56,19 @@ void frmNew::MakeMainArea() {
                                    "downloaded correctly.",
                                    this);
     label8->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
-    PlaceTwips(label8, 600, 3240, 4050, 1335);
+    PlaceTwips(label8, 600, 3570, 4050, 1005);
+    MakeCopyNotes();
+}
+
+void frmNew::MakeCopyNotes() {
+    copy_notes_ = new CopyNotes(this);
+    copy_notes_->Copy()->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    PlaceTwips(copy_notes_->Copy(), 600, 3105, 5775, 450);
+    PlaceTwips(copy_notes_->Unfinished(), 240, kFormHeight - 90, 6375, kNoteHeight);
+}
+
+void frmNew::MakeRoomForNote(bool shown) {
+    setFixedHeight(Twips(kFormHeight + (shown ? kNoteHeight : 0)));
 }
 
 void frmNew::MakeAddressBoxes() {

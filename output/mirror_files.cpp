@@ -16,7 +16,6 @@ namespace bas_Output {
 
 namespace {
 
-constexpr std::string_view kPlaceholderEnd = ".tmp";
 /// Nothing longer is read to see whether it is a placeholder.
 constexpr std::uint64_t kLongestPlaceholder = 4096;
 
@@ -53,13 +52,6 @@ bool IsFile(const std::string& path) {
     return length && (*length > 0 || !files.FolderExists(path));
 }
 
-bool IsPlaceholder(const std::string& path) {
-    const platform::Files& files = platform::System().files;
-    return files.ReadShortFile(path, kLongestPlaceholder)
-        .value_or("")
-        .starts_with(kPlaceholderText);
-}
-
 /// Appends to a file that is not the user's.
 bool Append(const std::string& path, std::initializer_list<std::string_view> parts) {
     platform::Files& files = platform::System().files;
@@ -69,6 +61,13 @@ bool Append(const std::string& path, std::initializer_list<std::string_view> par
 }
 
 }  // namespace
+
+bool IsPlaceholder(const std::string& path) {
+    const platform::Files& files = platform::System().files;
+    return files.ReadShortFile(path, kLongestPlaceholder)
+        .value_or("")
+        .starts_with(kPlaceholderText);
+}
 
 void BeginMirror() {
     g_confines = Confines(crawl::TargetFolder);

@@ -15,6 +15,13 @@ namespace bas_Output {
 inline constexpr std::string_view kPlaceholderText =
     "This file is queued to be downloaded, or did not download correctly.";
 
+/// What its name ends in.
+inline constexpr std::string_view kPlaceholderEnd = ".tmp";
+
+/// Whether the file at `path`, whose name ends so, is a placeholder: its text tells. Reads no large
+/// file.
+bool IsPlaceholder(const std::string& path);
+
 /// Forgets which writes failed and which folders were made. For the start of a crawl.
 void BeginMirror();
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,21 @@ struct FileResult {
 
 /// Why a path is refused that the system never gets to see.
 inline constexpr char kNoName[] = "not a name that this system allows";
+
+/// Reads what is in a folder one after the other: a large folder holds up nobody.
+class FolderReader {
+  public:
+    enum class Kind { File, Folder, Link };  ///< a link is one, whatever it leads to
+    struct Entry {
+        std::string name;
+        Kind kind;
+    };
+    virtual ~FolderReader() = default;
+
+    /// The next one, in any order; nothing at the end and on a fault. Whether it gives what comes
+    /// or goes meanwhile is left open; it never gives one thing twice.
+    virtual std::optional<Entry> Next() = 0;
+};
 
 /// The system's files, named by the program's own path text: "\" separates, "c:" is the user's home
 /// folder where the system knows no drives, "z:" and a leading "\" are its root. "." and ".." are
@@ -75,6 +91,10 @@ class Files {
 
     /// The names of the folders directly in `folder`, sorted; none that path text cannot hold.
     virtual std::vector<std::string> Subfolders(std::string_view folder) const = 0;
+
+    /// Reads what is in `folder`, but for names that path text cannot hold; null when it cannot be
+    /// opened.
+    virtual std::unique_ptr<FolderReader> OpenFolder(std::string_view folder) const = 0;
 
     /// Whether `path`, with "." and ".." resolved and symbolic links followed, lies in `folder` or
     /// is it. The parts of both that do not exist yet count as they are written.

@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// What system_files.cpp needs of the system and every system does in a way of its own. Faults are
 /// returned values, and no name is converted through a locale.
@@ -58,9 +58,25 @@ bool Unlink(const Path& path);
 struct Entry {
     Path name;
     bool is_folder;  ///< also for a link that leads to one
+    bool is_link;
 };
 
-/// What is in a folder, itself and its parent aside.
-std::vector<Entry> EntriesOf(const Path& folder);
+/// What is in a folder, itself and its parent aside, one after the other.
+class FolderEntries {
+  public:
+    explicit FolderEntries(const Path& folder);
+    ~FolderEntries();
+    FolderEntries(const FolderEntries&) = delete;
+    FolderEntries& operator=(const FolderEntries&) = delete;
+
+    bool IsOpen() const { return state_ != nullptr; }
+
+    /// Nothing at the end, and on a fault.
+    std::optional<Entry> Next();
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
 
 }  // namespace platform::native

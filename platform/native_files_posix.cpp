@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 #include "platform/native_files.h"
 #include "platform/path_text.h"
@@ -58,14 +59,26 @@ bool Unlink(const Path& path) {
     return unlink(path.c_str()) == 0;
 }
 
-std::vector<Entry> EntriesOf(const Path& folder) {
-    std::vector<Entry> entries;
+struct FolderEntries::State {
+    std::filesystem::directory_iterator entry;
+};
+
+FolderEntries::FolderEntries(const Path& folder) {
     std::error_code error;
-    std::filesystem::directory_iterator entry(folder, error);
-    for (; entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        entries.push_back({entry->path().filename(), entry->is_directory(error)});
-    }
-    return entries;
+    std::filesystem::directory_iterator first(folder, error);
+    if (!error) state_ = std::make_unique<State>(State{std::move(first)});
+}
+
+FolderEntries::~FolderEntries() = default;
+
+std::optional<Entry> FolderEntries::Next() {
+    if (state_ == nullptr || state_->entry == std::filesystem::directory_iterator())
+        return std::nullopt;
+    std::error_code error;
+    const std::filesystem::directory_entry& entry = *state_->entry;
+    Entry found{entry.path().filename(), entry.is_directory(error), entry.is_symlink(error)};
+    state_->entry.increment(error);
+    return found;
 }
 
 }  // namespace platform::native

@@ -169,20 +169,35 @@ bool Unlink(const Path& path) {
     return DeleteFileW(path.c_str()) != 0;
 }
 
-std::vector<Entry> EntriesOf(const Path& folder) {
-    std::vector<Entry> entries;
+struct FolderEntries::State {
+    HANDLE search;
     WIN32_FIND_DATAW entry;
+    bool any;  ///< `entry` is one that was not given yet
+};
+
+FolderEntries::FolderEntries(const Path& folder) {
+    State state{};
     const Path all = folder + (folder.ends_with(L'\\') ? L"*" : L"\\*");
-    const HANDLE search = FindFirstFileW(all.c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return entries;
-    do {
-        const PathView name = entry.cFileName;
+    state.search = FindFirstFileW(all.c_str(), &state.entry);
+    state.any = true;
+    if (state.search != INVALID_HANDLE_VALUE) state_ = std::make_unique<State>(state);
+}
+
+FolderEntries::~FolderEntries() {
+    if (state_ != nullptr) FindClose(state_->search);
+}
+
+std::optional<Entry> FolderEntries::Next() {
+    while (state_ != nullptr && state_->any) {
+        const Path name = state_->entry.cFileName;
+        const DWORD attributes = state_->entry.dwFileAttributes;
+        state_->any = FindNextFileW(state_->search, &state_->entry) != 0;
         if (name != L"." && name != L"..") {
-            entries.push_back({Path(name), IsFolder(entry.dwFileAttributes)});
+            return Entry{name, IsFolder(attributes),
+                         (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0};
         }
-    } while (FindNextFileW(search, &entry));
-    FindClose(search);
-    return entries;
+    }
+    return std::nullopt;
 }
 
 }  // namespace platform::native

@@ -79,6 +79,27 @@ std::optional<Path> FollowLinks(std::string_view path_text) {
     return std::nullopt;
 }
 
+class SystemFolderReader : public FolderReader {
+  public:
+    explicit SystemFolderReader(const Path& folder) : entries_(folder) {}
+
+    bool IsOpen() const { return entries_.IsOpen(); }
+
+    std::optional<Entry> Next() override {
+        while (const auto entry = entries_.Next()) {
+            if (const auto name = native::TextOf(entry->name)) {
+                return Entry{*name, entry->is_link     ? Kind::Link
+                                    : entry->is_folder ? Kind::Folder
+                                                       : Kind::File};
+            }
+        }
+        return std::nullopt;
+    }
+
+  private:
+    native::FolderEntries entries_;
+};
+
 std::optional<native::Status> StatusOf(std::string_view path_text) {
     const auto path = native::PathOf(path_text);
     return path ? native::StatusOf(*path) : std::nullopt;
@@ -190,8 +211,10 @@ void SystemFiles::DeleteBySuffix(std::string_view folder, std::string_view suffi
     const auto native_folder = native::PathOf(folder);
     if (!native_folder) return;
     const Path ending(suffix.begin(), suffix.end());
-    for (const auto& [name, is_folder] : native::EntriesOf(*native_folder)) {
-        if (!is_folder && name.size() >= ending.size() &&
+    native::FolderEntries entries(*native_folder);
+    while (const auto entry = entries.Next()) {
+        const Path& name = entry->name;
+        if (!entry->is_folder && name.size() >= ending.size() &&
             native::IsSameName(name.substr(name.size() - ending.size()), ending)) {
             native::Unlink(*native_folder + kSeparator + name);
         }
@@ -202,12 +225,20 @@ std::vector<std::string> SystemFiles::Subfolders(std::string_view folder) const 
     const auto native_folder = native::PathOf(folder);
     if (!native_folder) return {};
     std::vector<std::string> names;
-    for (const auto& [name, is_folder] : native::EntriesOf(*native_folder)) {
-        if (!is_folder) continue;
-        if (const auto text = native::TextOf(name)) names.push_back(*text);
+    native::FolderEntries entries(*native_folder);
+    while (const auto entry = entries.Next()) {
+        if (!entry->is_folder) continue;
+        if (const auto text = native::TextOf(entry->name)) names.push_back(*text);
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::unique_ptr<FolderReader> SystemFiles::OpenFolder(std::string_view folder) const {
+    const auto native_folder = native::PathOf(folder);
+    if (!native_folder) return nullptr;
+    auto reader = std::make_unique<SystemFolderReader>(*native_folder);
+    return reader->IsOpen() ? std::move(reader) : nullptr;
 }
 
 bool SystemFiles::IsInside(std::string_view path, std::string_view folder) const {

@@ -28,6 +28,7 @@ class SystemFiles : public Files {
     bool DeleteFile(std::string_view path) override;
     void DeleteBySuffix(std::string_view folder, std::string_view suffix) override;
     std::vector<std::string> Subfolders(std::string_view folder) const override;
+    std::unique_ptr<FolderReader> OpenFolder(std::string_view folder) const override;
     bool IsInside(std::string_view path, std::string_view folder) const override;
     bool IsLink(std::string_view path) const override;
 

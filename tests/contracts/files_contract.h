@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -109,6 +110,30 @@ TEST_P(FilesContract, DeletesBySuffixInOneFolderAndListsSubfoldersSorted) {
     EXPECT_EQ(Read("2.tmp.html"), "x");
     EXPECT_EQ(Read("a\\3.tmp"), "x");
     EXPECT_EQ(files.Subfolders(subject.folder), (std::vector<std::string>{"C", "a", "b.tmp"}));
+}
+
+TEST_P(FilesContract, ReadsAFolderOneByOne) {
+    using Kind = platform::FolderReader::Kind;
+    ASSERT_TRUE(files.CreateFolder(In("a")));
+    std::map<std::string, Kind> expected{{"b", Kind::Folder}};
+    for (const auto& [name, kind] : expected)
+        ASSERT_TRUE(files.CreateFolder(In("a\\" + name)));
+    for (int i = 0; i < 300; ++i) {
+        const std::string name = "file" + std::to_string(i);
+        expected[name] = Kind::File;
+        ASSERT_TRUE(files.WriteFile(In("a\\" + name), {"x"}));
+    }
+    std::map<std::string, Kind> found;
+    const auto reader = files.OpenFolder(In("a\\"));
+    ASSERT_NE(reader, nullptr);
+    while (const auto entry = reader->Next()) {
+        EXPECT_TRUE(found.emplace(entry->name, entry->kind).second) << entry->name;
+        if (entry->kind == Kind::File) files.DeleteFile(In("a\\" + entry->name));
+    }
+    EXPECT_EQ(found, expected);
+    EXPECT_EQ(reader->Next(), std::nullopt);
+    for (const char* none : {"nowhere", "a\\b\\c"})
+        EXPECT_EQ(files.OpenFolder(In(none)), nullptr);
 }
 
 TEST_P(FilesContract, KnowsWhatLiesInside) {

@@ -121,6 +121,39 @@ class WizardTest(unittest.TestCase):
         desktop.run("xdotool", "search", "--all", "--pid", str(first.pid), "--name", MAIN, "windowactivate")
         desktop.await_window("Done.")
 
+    def test_a_download_after_one_that_was_killed(self):
+        def crawl():
+            running = self.start()
+            self.desktop.type(SITE)
+            self.desktop.press("Tab")
+            self.desktop.type(str(self.mirror))
+            return running
+
+        running = crawl()
+        self.desktop.press("Return")
+        self.await_first_file()
+        running.kill()
+        running.wait()
+        outside = self.folder / "outside/theirs.html.tmp"
+        outside.parent.mkdir()
+        left = list(self.mirror.rglob("*.html.tmp"))
+        self.assertTrue(left)
+        shutil.copy(left[0], outside)
+        (self.mirror / "example.test/link").symlink_to(outside.parent)
+
+        running = crawl()
+        time.sleep(2)  # the wizard looks when nobody has typed for a while
+        self.desktop.press("alt+r")
+        self.desktop.await_window("Unfinished Files")
+        self.desktop.press("alt+y")
+        self.desktop.await_window(WIZARD)
+        wait_until(lambda: not any(path.exists() for path in left), what="the end of the unfinished files")
+        self.assertTrue(outside.exists())
+        time.sleep(1)
+        self.desktop.press("Return")
+        self.desktop.await_window("Done.")
+        self.assertEqual(self.saved(), WANTED - {"sound.ogg"} | {"ads/banner.html"})
+
     def await_first_file(self):
         self.desktop.await_window(MAIN)
         wait_until(self.saved, what="the first file")

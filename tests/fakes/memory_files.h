@@ -1,7 +1,9 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -88,6 +90,19 @@ class MemoryFiles : public platform::Files {
         }
         return names;
     }
+    std::unique_ptr<platform::FolderReader> OpenFolder(std::string_view folder) const override {
+        Look(folder);
+        if (!folders.contains(Key(folder))) return nullptr;
+        using Kind = platform::FolderReader::Kind;
+        auto reader = std::make_unique<Reader>();
+        for (const std::string& name : Subfolders(folder))
+            reader->entries.push_back({name, Kind::Folder});
+        for (const auto& [path, contents] : files) {
+            if (Parent(path) == Key(folder))
+                reader->entries.push_back({path.substr(Key(folder).size() + 1), Kind::File});
+        }
+        return reader;
+    }
     bool IsInside(std::string_view path, std::string_view folder) const override {
         return !Key(folder).empty() && (Key(path) + "\\").starts_with(Key(folder) + "\\");
     }
@@ -97,6 +112,16 @@ class MemoryFiles : public platform::Files {
     }
 
   private:
+    struct Reader : platform::FolderReader {
+        std::deque<Entry> entries;
+        std::optional<Entry> Next() override {
+            if (entries.empty()) return std::nullopt;
+            Entry entry = entries.front();
+            entries.pop_front();
+            return entry;
+        }
+    };
+
     /// "" for what is no path, which is never there.
     static std::string Key(std::string_view path) {
         return platform::ResolvePathText(path).value_or("");

@@ -6,6 +6,7 @@
 
 #include "forms/frm_new.h"
 #include "forms/z_filter.h"
+#include "output/mirror_files.h"
 #include "setup/file_types.h"
 #include "setup/settings.h"
 #include "tests/qt/form_test.h"
@@ -252,6 +253,69 @@ TEST_F(WizardTest, WarnsOfAnAddressAndMendsItByMouseAndKey) {
         EXPECT_TRUE(AddressLink()->isHidden());
         EXPECT_TRUE(wizard->isVisible());
     }
+}
+
+TEST_F(WizardTest, TellsOfACopyAndRemovesItsUnfinishedFiles) {
+    const std::string placeholder(bas_Output::kPlaceholderText);
+    const std::string site = "c:\\Websites\\second.test\\";
+    for (int i = 0; i < 1337; ++i)
+        system.files.Have(site + std::to_string(i), "x");
+    for (int i = 0; i < 56; ++i)
+        system.files.Have(site + "deep\\" + std::to_string(i) + ".tmp", placeholder);
+    system.files.Have("c:\\Websites\\other.test\\x.tmp", placeholder);
+    Open();
+    const auto* copy = Find<QLabel>(*wizard, "CopyNote");
+    const auto* unfinished = Find<QLabel>(*wizard, "UnfinishedNote");
+    auto* remove = Find<ui::LinkButton>(*wizard, "UnfinishedNoteLink");
+    const auto says = [](const QLabel* label, const char* text) {
+        return QTest::qWaitFor([&] { return label->isVisible() && label->text() == text; });
+    };
+    Retype(TxtUrl(), "http://www.second.test/a/b");
+    EXPECT_TRUE(says(copy,
+                     "There is a copy of second.test already (1,337 files): its files will not be "
+                     "fetched again"));
+    EXPECT_TRUE(
+        says(unfinished, "56 unfinished files of an interrupted download would be left out"));
+    EXPECT_TRUE(
+        wizard->rect().contains(remove->geometry().translated(remove->parentWidget()->pos())));
+
+    system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    QTest::mouseClick(remove, Qt::LeftButton);
+    EXPECT_EQ(system.boxes.asked.back().title, "Unfinished Files");
+    EXPECT_EQ(unfinished->text(),
+              "56 unfinished files of an interrupted download would be left out");
+    QTest::keyClick(TxtDir(), Qt::Key_R, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !unfinished->isVisible(); }));
+    EXPECT_TRUE(says(copy,
+                     "There is a copy of second.test already (1,337 files): its files will not be "
+                     "fetched again"));
+    EXPECT_EQ(system.files.At("c:\\Websites\\other.test\\x.tmp"), placeholder);
+
+    Retype(TxtUrl(), "other.test");
+    EXPECT_TRUE(says(unfinished, "1 unfinished file of an interrupted download would be left out"));
+    EXPECT_EQ(copy->text(), "");
+    Retype(TxtDir(), "C:\\elsewhere");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !unfinished->isVisible(); }));
+}
+
+TEST_F(WizardTest, NoDownloadStartsWhileUnfinishedFilesAreRemoved) {
+    const std::string placeholder(bas_Output::kPlaceholderText);
+    for (int i = 0; i < 2000; ++i)
+        system.files.Have("c:\\Websites\\second.test\\" + std::to_string(i) + ".tmp", placeholder);
+    Open();
+    Retype(TxtUrl(), "second.test");
+    auto* remove = Find<ui::LinkButton>(*wizard, "UnfinishedNoteLink");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return remove->isVisible(); }));
+    system.boxes.answers = {BoxAnswer::Yes};
+    QTest::mouseClick(remove, Qt::LeftButton);
+    Click("Command1");
+    QTest::keyClick(TxtUrl(), Qt::Key_Return);
+    EXPECT_EQ(window.text1, "");
+    auto* start = Find<QPushButton>(*wizard, "Command1");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return start->isEnabled(); }));
+    EXPECT_EQ(system.files.files.count("c:\\Websites\\second.test\\1999.tmp"), 0U);
+    Click("Command1");
+    EXPECT_EQ(window.text1, "www.second.test");
 }
 
 TEST_F(WizardTest, GrowsWithTheFontOfTheDesktop) {

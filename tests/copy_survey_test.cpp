@@ -1,0 +1,86 @@
+#include "output/copy_survey.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+
+#include "output/mirror_files.h"
+#include "tests/fakes/fake_loop.h"
+#include "tests/fakes/fake_system.h"
+
+using bas_Output::CopySurvey;
+using Placeholders = CopySurvey::Placeholders;
+
+namespace {
+
+const std::string kPlaceholder = std::string(bas_Output::kPlaceholderText) + "\r\n";
+
+class CopySurveyTest : public testing::Test {
+  protected:
+    /// Files, placeholders that stay, placeholders that were removed.
+    static std::tuple<std::int64_t, std::int64_t, std::int64_t> Walk(const std::string& folder,
+                                                                     Placeholders placeholders) {
+        CopySurvey survey(folder, placeholders);
+        while (survey.Step()) {
+        }
+        return {survey.Files(), survey.Unfinished(), survey.Removed()};
+    }
+
+    fakes::FakeSystem system;
+    fakes::MemoryFiles& files = system.files;
+};
+
+TEST_F(CopySurveyTest, KnowsTheFolderOfAHost) {
+    const struct {
+        const char *target, *host;
+        std::optional<std::string> folder;
+    } cases[] = {{"c:\\mirror\\", "site.com", "c:\\mirror\\site.com"},
+                 {"c:\\www.mirror\\", "si?te.com", "c:\\mirror\\si_te.com"},
+                 {"\\", "site.com", "z:\\site.com"},
+                 {"c:\\mirror\\", "", std::nullopt},
+                 {"c:\\mirror\\", ".", std::nullopt},
+                 {"c:\\mirror\\", "..", std::nullopt},
+                 {"c:\\mirror\\", "a\\b", std::nullopt},
+                 {"q:\\mirror\\", "site.com", std::nullopt}};
+    for (const auto& c : cases)
+        EXPECT_EQ(bas_Output::HostFolder(c.target, c.host), c.folder) << c.target << c.host;
+}
+
+TEST_F(CopySurveyTest, CountsFilesAndRemovesPlaceholdersByTheirTextOfThatHostAlone) {
+    files.Have("c:\\m\\site.com\\index.html", "x");
+    files.Have("c:\\m\\site.com\\a\\b\\c.html", "x");
+    files.Have("c:\\m\\site.com\\a\\empty", "");
+    files.Have("c:\\m\\site.com\\a\\mine.tmp", "notes of the user's");
+    files.Have("c:\\m\\site.com\\a\\odd.html", kPlaceholder);
+    files.Have("c:\\m\\site.com\\d.html.tmp", kPlaceholder + kPlaceholder);
+    files.Have("c:\\m\\site.com\\a\\b\\e.html.tmp", kPlaceholder);
+    files.Have("c:\\m\\site.com\\kept\\f.html.tmp", kPlaceholder);
+    files.Have("c:\\m\\site.com\\g.tmp\\h.html", "x");
+    files.Have("c:\\m\\other.com\\i.html.tmp", kPlaceholder);
+    files.Have("c:\\m\\j.html.tmp", kPlaceholder);
+    files.read_only = {"c:\\m\\site.com\\kept"};
+    const auto before = files.files;
+    EXPECT_EQ(Walk("c:\\m\\site.com", Placeholders::Count), std::tuple(6, 3, 0));
+    EXPECT_EQ(files.files, before);
+    EXPECT_EQ(Walk("c:\\m\\site.com", Placeholders::Remove), std::tuple(6, 1, 2));
+    EXPECT_EQ(files.files.size(), before.size() - 2);
+    EXPECT_EQ(Walk("c:\\m\\site.com", Placeholders::Count), std::tuple(6, 1, 0));
+    EXPECT_EQ(Walk("c:\\m\\nowhere.com", Placeholders::Remove), std::tuple(0, 0, 0));
+}
+
+TEST_F(CopySurveyTest, LooksAtOneThingInAStep) {
+    for (int i = 0; i < 200; ++i)
+        files.Have("c:\\m\\site.com\\" + std::to_string(i) + ".html.tmp", kPlaceholder);
+    int looks = 0;
+    files.on_look = [&](const std::string&) { ++looks; };
+    CopySurvey survey("c:\\m\\site.com", Placeholders::Count);
+    for (bool more = true; more;) {
+        looks = 0;
+        more = survey.Step();
+        EXPECT_LE(looks, 2);
+    }
+    EXPECT_EQ(survey.Unfinished(), 200);
+}
+
+}  // namespace
