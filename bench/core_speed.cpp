@@ -49,6 +49,7 @@ class NoBoxes : public platform::MessageBoxes {
                                const std::string&) override {
         return platform::BoxAnswer::No;
     }
+    void AwaitAttention() override {}
     std::string InputBox(const std::string&, const std::string&) override { return ""; }
 };
 

@@ -49,6 +49,7 @@ class TerminalBoxes : public platform::MessageBoxes {
 
     platform::BoxAnswer MsgBox(const std::string& message, platform::BoxStyle style,
                                const std::string& title) override;
+    void AwaitAttention() override {}
     std::string InputBox(const std::string& prompt, const std::string& title) override;
 
   private:

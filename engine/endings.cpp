@@ -80,6 +80,7 @@ void SiteComplete() {
     platform::System().events.DoEvents();
     UpdateStats();
     if (Confirmed("The website has been downloaded.\r\n\r\n"
+    platform::System().boxes.AwaitAttention();
                   "Would you like to browse the download directory?",
                   "Done.")) {
         platform::System().processes.ExploreFolder(crawl::TargetFolder);

@@ -19,6 +19,11 @@ class MessageBoxes {
     virtual BoxAnswer MsgBox(const std::string& message, BoxStyle style,
                              const std::string& title) = 0;
 
+    /// To be called before a box that nobody has just asked for: waits until the program is in
+    /// front, and asks for attention meanwhile. The box would take the keyboard from another
+    /// program, and the next key typed there would answer it.
+    virtual void AwaitAttention() = 0;
+
     /// Asks for a line of text; "" when cancelled.
     virtual std::string InputBox(const std::string& prompt, const std::string& title) = 0;
 };

@@ -22,6 +22,7 @@ TEST_PACKAGES=(
     python-flask-doc
     python3
     python3-selenium
+    wmctrl
     xapian-doc
     xdotool
     xvfb

@@ -1,3 +1,5 @@
+#include <QDialog>
+
 #include "engine/endings.h"
 #include "ui/frm_main.h"
 
@@ -24,6 +26,10 @@ void frmMain::CrawlBegins() {
 
 void frmMain::CrawlEnds() {
     progress_timer_.stop();
+    if (pause_dialog_) {
+        pause_dialog_->reject();        // nothing is left to pause
+        move_timer_.SetEnabled(false);  // which closing the dialog has turned on
+    }
     ShowProgress();
 }
 

@@ -18,30 +18,41 @@ QString LinesOf(const std::string& message) {
     return FromBytes(message).replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
-/// What a box stands over: the dialog that is open, else the active window, else the main window.
-/// While another program has the keyboard no window of ours is active, and a box of nobody's would
-/// come up in front of that program.
+/// Whether `window` is `other` or a dialog over it.
+bool StandsOver(const QWidget* window, const QWidget* other) {
+    while (window != nullptr && window != other)
+        window = window->parentWidget();
+    return window != nullptr;
+}
+
+/// What a box stands over: the active window, unless a modal dialog keeps that from being used,
+/// else that dialog, else the main window. While another program has the keyboard no window of ours
+/// is active, and a box of nobody's would come up in front of that program.
 QWidget* Owner() {
-    if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
-    if (QWidget* window = QApplication::activeWindow()) return window;
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && !active->isVisible()) active = nullptr;  // just being closed
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal != nullptr) return StandsOver(active, modal) ? active : modal;
+    if (active != nullptr) return active;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
     }
     return nullptr;
 }
 
-/// Waits until the program is in front, asking for attention meanwhile: a box would take the
-/// keyboard from another program, and the next key typed there would answer it.
-void AwaitFront() {
+bool IsInFront() {
+    return QGuiApplication::applicationState() == Qt::ApplicationActive;
+}
+
+/// Brings up what the next box stands over. A window may be asked to close while it is minimized or
+/// behind another program, and a question that this raises must be seen.
+void ComeToFront() {
     QWidget* const owner = Owner();
-    if (owner == nullptr || QGuiApplication::applicationState() == Qt::ApplicationActive) return;
-    QApplication::alert(owner);
-    QEventLoop in_front;
-    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &in_front,
-                     [&in_front](Qt::ApplicationState state) {
-                         if (state == Qt::ApplicationActive) in_front.quit();
-                     });
-    in_front.exec();
+    if (owner == nullptr || IsInFront()) return;
+    QWidget* const window = owner->window();
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->raise();
+    window->activateWindow();
 }
 
 }  // namespace
@@ -51,7 +62,7 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
     const bool asks = style == BoxStyle::InformationYesNo || style == BoxStyle::StopYesNo;
     const bool stops = style == BoxStyle::Stop || style == BoxStyle::StopYesNo;
 
-    AwaitFront();
+    ComeToFront();
     // On the heap and watched, since the window above it may be unloaded while it is open.
     const QPointer<QMessageBox> box(new QMessageBox(Owner()));
     box->setIcon(stops ? QMessageBox::Critical : QMessageBox::Information);
@@ -68,6 +79,18 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
     delete box.data();
     if (!asks) return BoxAnswer::Ok;
     return button == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
+}
+
+void QtMessageBoxes::AwaitAttention() {
+    QWidget* const owner = Owner();
+    if (owner == nullptr || IsInFront()) return;
+    QApplication::alert(owner);
+    QEventLoop in_front;
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &in_front,
+                     [&in_front](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive) in_front.quit();
+                     });
+    in_front.exec();
 }
 
 std::string QtMessageBoxes::InputBox(const std::string& prompt, const std::string& title) {

@@ -118,8 +118,20 @@ class WizardTest(unittest.TestCase):
         time.sleep(1)
         self.assertEqual(desktop.run("xdotool", "getwindowfocus", "getwindowname"), WIZARD)
         desktop.press("Escape")
-        desktop.run("xdotool", "search", "--all", "--pid", str(first.pid), "--name", MAIN, "windowactivate")
+        desktop.await_window(MAIN)
+        second = desktop.run("xdotool", "getwindowfocus")
+        main = desktop.run("xdotool", "search", "--all", "--pid", str(first.pid), "--name", MAIN)
+        desktop.run("xdotool", "windowactivate", main)
         desktop.await_window("Done.")
+        desktop.press("alt+n")
+        desktop.await_window(MAIN)
+        for hide in ("windowminimize", "windowlower"):
+            desktop.run("xdotool", hide, main, "windowactivate", second)
+            wait_until(lambda: desktop.run("xdotool", "getwindowfocus") == second, what="the other program")
+            desktop.run("wmctrl", "-i", "-c", main)  # as a task bar does
+            desktop.await_window("Exit Vantorin")
+            desktop.press("alt+n")
+            desktop.await_window(MAIN)
 
     def test_a_download_after_one_that_was_killed(self):
         def crawl():

@@ -31,6 +31,7 @@ class ScriptedBoxes : public platform::MessageBoxes {
     std::vector<std::pair<std::string, std::string>> inputs_asked;  ///< prompt and title
     std::deque<std::string> inputs;                                 ///< without one: ""
     std::function<void()> while_open;  ///< what happens behind an open box
+    int waits = 0;                     ///< how many boxes came by themselves
 
     platform::BoxAnswer MsgBox(const std::string& message, platform::BoxStyle style,
                                const std::string& title) override {
@@ -40,6 +41,7 @@ class ScriptedBoxes : public platform::MessageBoxes {
             style == platform::BoxStyle::Information || style == platform::BoxStyle::Stop;
         return Take(answers, ok_only ? platform::BoxAnswer::Ok : platform::BoxAnswer::No);
     }
+    void AwaitAttention() override { ++waits; }
     std::string InputBox(const std::string& prompt, const std::string& title) override {
         inputs_asked.emplace_back(prompt, title);
         if (while_open) while_open();

@@ -75,7 +75,7 @@ TEST_F(QtMessageBoxesTest, OutliveTheirWindow) {
     }
 }
 
-TEST_F(QtMessageBoxesTest, BelongToTheDialogOrTheMainWindow) {
+TEST_F(QtMessageBoxesTest, BelongToTheWindowThatIsWorkedIn) {
     QMainWindow main_window;
     main_window.show();
     TakeKeyboardAway();
@@ -95,4 +95,8 @@ TEST_F(QtMessageBoxesTest, BelongToTheDialogOrTheMainWindow) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     TakeKeyboardAway();
     EXPECT_EQ(owner_of_box(), &dialog);
+    QDialog over(&dialog);  // stands over the modal one and can be used as well
+    over.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&over));
+    EXPECT_EQ(owner_of_box(), &over);
 }
