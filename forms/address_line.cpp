@@ -37,11 +37,11 @@ AddressLine::AddressLine(const char* name, QLineEdit* box, QWidget* parent)
 
 void AddressLine::Judge() {
     const bas_Connections::AddressFault fault = FaultOf(*box_);
-    if (fault.what.empty()) {
-        Remark(WhatWillBeAskedFor(*box_));
-    } else {
-        Warn(platform::FromBytes(fault.what), LinkTo(fault.offered));
-    }
+    const bool harmless = fault.what.empty();
+    const QString text = harmless ? WhatWillBeAskedFor(*box_) : platform::FromBytes(fault.what);
+    harmless ? Remark(text) : Warn(text, LinkTo(fault.offered));
+    // The keyboard never comes to the line itself.
+    box_->setAccessibleDescription(text);
 }
 
 QString AddressLine::Warning() const {

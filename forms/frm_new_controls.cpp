@@ -119,8 +119,7 @@ void frmNew::MakeOptionsArea() {
     command3_ = MakeFormButton("Command3", "Add", frame1_);
     command4_ = MakeFormButton("Command4", "Delete", frame1_);
     command5_ = MakeFormButton("Command5", "Set Default", frame1_);
-    list2_ = new ChoiceBox("List2", frame1_);
-    list2_->setAccessibleName("Timeout in seconds");
+    list2_ = new ChoiceBox("List2", "Timeout in seconds", frame1_);
     list2_->LetType();
     QLabel* label3 = MakeLabel("Label3", "Get These File Types", frame1_);
     label3->setBuddy(list1_);

@@ -58,8 +58,7 @@ void zDir::MakeControls() {
     setWindowTitle("Select Directory to Save the Website");
     setFont(LabelFont());
 
-    drive1_ = new ChoiceBox("Drive1", this);
-    drive1_->setAccessibleName("Drive");
+    drive1_ = new ChoiceBox("Drive1", "Drive", this);
     AddDrives(*drive1_);
     dir1_ = new FolderList("Dir1", this);
     dir1_->setAccessibleName("Folders");

@@ -118,7 +118,7 @@ void frmMain::SetTxtMax(const std::string& count) {
     txt_max_->setCurrentIndex(txt_max_->findText(shown));
     txt_max_->setEditText(shown);
     // The next key replaces what was not typed by hand.
-    txt_max_->lineEdit()->selectAll();
+    if (txt_max_->hasFocus()) txt_max_->lineEdit()->selectAll();
     bas_Connections::txtMax_Change();
 }
 

@@ -44,7 +44,7 @@ void frmMain::MakeControls() {
     text1_->setPlaceholderText("www.example.com");
     text1_->setAccessibleName("Address of the web site");
     address_line_ = new AddressLine("Text1Hint", text1_, client_);
-    txt_max_ = new ChoiceBox("txtMax", client_);
+    txt_max_ = new ChoiceBox("txtMax", "How many connections?", client_);
     txt_max_->LetType();
 
     MakeButtons();
@@ -75,7 +75,7 @@ void frmMain::MakeLabels() {
     label7_ = new ElidedLabel("Label7", "1 to 24", client_);
     label7_->SetQuiet(true);
     label8_ = MakeLabel("Label8", "Queued Files", client_);
-    label9_ = MakeLabel("Label9", "How many connections?", client_);
+    label9_ = MakeLabel("Label9", txt_max_->accessibleName(), client_);
     list2_heading_ = MakeLabel("List2Heading", "Other Links on the Site", client_);
     next_ = new ElidedLabel("Next", "", client_);
     next_->SetQuiet(true);

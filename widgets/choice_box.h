@@ -10,13 +10,22 @@ class ChoiceBox : public QComboBox {
     Q_OBJECT
 
   public:
-    ChoiceBox(const char* name, QWidget* parent);
+    /// A screen reader says `what` it is to choose.
+    ChoiceBox(const char* name, const QString& what, QWidget* parent);
 
     /// Makes what it shows a text to type, too, exactly as it is typed.
     void LetType();
 
+    void showPopup() override;
+
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    /// Makes what was typed the chosen item where it is one, and no item chosen where it is none:
+    /// steps through the list begin there.
+    void GoToTyped();
 };
 
 }  // namespace ui
