@@ -20,6 +20,8 @@
 #include "ui/window_holder.h"
 #ifdef Q_OS_WIN
 #include "widgets/label_font.h"
+#else
+#include "widgets/program_style.h"
 #endif
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -89,6 +91,8 @@ int RunWindow(int argc, char** argv) {
 #ifdef Q_OS_WIN
     // Menus and boxes have faces of their own there, none of them that of the forms.
     QApplication::setFont(ui::LabelFont());
+#else
+    QApplication::setStyle(new ui::ProgramStyle);
 #endif
     QApplication::setDesktopFileName("vantorin");  // whose icon Wayland shows for the window
     // The window says itself when the program ends: a stop closes one window and opens another.

@@ -15,6 +15,7 @@
 #include "widgets/icons.h"
 #include "widgets/label_font.h"
 #include "widgets/note_line.h"
+#include "widgets/pixel_grid_item.h"
 #include "widgets/twips.h"
 
 namespace ui {
@@ -131,7 +132,7 @@ void frmNew::MakeOptionsArea() {
     grid->setContentsMargins(Twips(90), Twips(90), Twips(90), Twips(90));
     grid->setSpacing(Twips(90));
     grid->addWidget(label3, 0, 0, 1, 2);
-    grid->addWidget(list1_, 1, 0, 1, 2);
+    grid->addItem(new PixelGridItem(list1_), 1, 0, 1, 2);
     grid->addWidget(command3_, 2, 0);
     grid->addWidget(command4_, 2, 1);
     grid->addWidget(command5_, 3, 0, 1, 2);

@@ -21,6 +21,7 @@
 #include "widgets/elided_label.h"
 #include "widgets/label_font.h"
 #include "widgets/twips.h"
+#include "widgets/pixel_grid_item.h"
 
 namespace ui {
 
@@ -87,7 +88,7 @@ void zDir::PlaceControls() {
     auto* grid = new QGridLayout(this);
     grid->addWidget(image1, 0, 0);
     grid->addWidget(drive1_, 0, 1);
-    grid->addWidget(dir1_, 1, 0, 1, 2);
+    grid->addItem(new PixelGridItem(dir1_), 1, 0, 1, 2);
     grid->addLayout(chosen, 2, 0, 1, 2);
     grid->addLayout(buttons, 3, 0, 1, 2);
     grid->setColumnStretch(1, 1);

@@ -17,6 +17,7 @@
 #include "widgets/controls.h"
 #include "widgets/label_font.h"
 #include "widgets/twips.h"
+#include "widgets/pixel_grid_item.h"
 
 namespace ui {
 
@@ -108,7 +109,7 @@ void zFilter::PlaceControls() {
     grid->addWidget(label3_, 2, 0, 1, 3);
     grid->addWidget(text1_, 3, 0, 1, 2);
     grid->addWidget(command1_, 3, 2);
-    grid->addWidget(list1_, 4, 0, 1, 2);
+    grid->addItem(new PixelGridItem(list1_), 4, 0, 1, 2);
     grid->addLayout(list_buttons, 4, 2);
     grid->addWidget(label4_, 5, 0, 1, 3);
     grid->setColumnStretch(1, 1);

@@ -5,6 +5,7 @@
 
 #include "engine/main_window.h"
 #include "platform/qt/local_text.h"
+#include "widgets/contrast.h"
 #include "widgets/label_font.h"
 #include "widgets/twips.h"
 
@@ -29,7 +30,7 @@ int RowHeight() {
     return QFontMetrics(LabelFont()).height() + 1;
 }
 
-/// Paints every second row in the list's other colour, so that the eye keeps the line.
+/// Paints every second row in another colour.
 class RowsWidget : public QWidget {
   public:
     using QWidget::QWidget;
@@ -38,8 +39,9 @@ class RowsWidget : public QWidget {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         const int height = RowHeight();
+        const QColor stripe = Stripe(palette());
         for (int row = 1; row < crawl::kSlotCount; row += 2)
-            painter.fillRect(0, row * height, width(), height, palette().alternateBase());
+            painter.fillRect(0, row * height, width(), height, stripe);
     }
 };
 

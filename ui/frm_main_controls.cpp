@@ -11,6 +11,7 @@
 #include "widgets/controls.h"
 #include "widgets/icons.h"
 #include "widgets/label_font.h"
+#include "widgets/readable.h"
 #include "widgets/twips.h"
 
 /// The main window's controls, menu, sockets and timers as they are when it is designed.
@@ -107,6 +108,7 @@ void frmMain::MakeMenu() {
     QMenu* mnusites = menuBar()->addMenu("&Sites");
     mnupause_ = MakeEntry(mnusites, "mnupause", "Pause Download", Qt::CTRL | Qt::Key_P);
     mnupause_->setEnabled(false);
+    KeepReadable(mnusites, QPalette::Window);
     mnusites->addSeparator();
     mnuexplore_ = MakeEntry(mnusites, "mnuexplore", "&Explore...", Qt::CTRL | Qt::Key_O);
     mnusites->addSeparator();

@@ -1,30 +1,15 @@
 #include "widgets/address_box.h"
 
-#include <QApplication>
 #include <QFocusEvent>
-#include <QPalette>
 #include <QTimer>
 
-#include "widgets/contrast.h"
+#include "widgets/readable.h"
 
 namespace ui {
 
 AddressBox::AddressBox(const char* name, QWidget* parent) : QLineEdit(parent) {
     setObjectName(QLatin1String(name));
-    MakeDisabledTextReadable();
-}
-
-void AddressBox::MakeDisabledTextReadable() {
-    QPalette colours = QApplication::palette(this);
-    colours.setColor(QPalette::Disabled, QPalette::Text,
-                     QuietText(colours.color(QPalette::Active, QPalette::Text),
-                               {colours.color(QPalette::Disabled, QPalette::Base)}));
-    setPalette(colours);
-}
-
-bool AddressBox::event(QEvent* event) {
-    if (event->type() == QEvent::ApplicationPaletteChange) MakeDisabledTextReadable();
-    return QLineEdit::event(event);
+    KeepReadable(this, QPalette::Base);
 }
 
 void AddressBox::focusInEvent(QFocusEvent* event) {

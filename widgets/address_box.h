@@ -14,13 +14,10 @@ class AddressBox : public QLineEdit {
     AddressBox(const char* name, QWidget* parent);
 
   protected:
-    bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    void MakeDisabledTextReadable();
-
     bool window_left_ = false;  ///< the focus went with the window's, and comes back with it
 };
 

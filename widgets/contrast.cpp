@@ -12,6 +12,7 @@ constexpr double kPalest = 0.55;
 constexpr double kStep = 0.05;
 /// The luminance at which black and white are told from a background equally well.
 constexpr double kMiddle = 0.18;
+constexpr double kStripe = 0.04;
 
 double Linear(double channel) {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -22,20 +23,24 @@ double Luminance(const QColor& colour) {
            0.0722 * Linear(colour.blueF());
 }
 
-QColor Mix(const QColor& text, const QColor& background, double share) {
-    const auto channel = [share](float of_text, float of_background) {
-        return static_cast<float>(share * of_text + (1 - share) * of_background);
-    };
-    return QColor::fromRgbF(channel(text.redF(), background.redF()),
-                            channel(text.greenF(), background.greenF()),
-                            channel(text.blueF(), background.blueF()));
-}
-
 }  // namespace
 
 double Contrast(const QColor& a, const QColor& b) {
     const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
     return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor Mix(const QColor& colour, const QColor& background, double share) {
+    const auto channel = [share](float of_colour, float of_background) {
+        return static_cast<float>(share * of_colour + (1 - share) * of_background);
+    };
+    return QColor::fromRgbF(channel(colour.redF(), background.redF()),
+                            channel(colour.greenF(), background.greenF()),
+                            channel(colour.blueF(), background.blueF()));
+}
+
+QColor Stripe(const QPalette& palette) {
+    return Mix(palette.color(QPalette::Text), palette.color(QPalette::Base), kStripe);
 }
 
 QColor QuietText(const QColor& text, std::initializer_list<QColor> backgrounds) {

@@ -37,9 +37,8 @@ QColor ElidedLabel::TextColour() const {
     if (warning_) return ReadableText(kWarning, background);
     if (!quiet_) return full;
     // The rows of a list take turns with two backgrounds.
-    return backgroundRole() == QPalette::Base
-               ? QuietText(full, {background, palette().color(QPalette::AlternateBase)})
-               : QuietText(full, {background});
+    return backgroundRole() == QPalette::Base ? QuietText(full, {background, Stripe(palette())})
+                                              : QuietText(full, {background});
 }
 
 bool ElidedLabel::event(QEvent* event) {

@@ -20,6 +20,9 @@ class ElidedLabel : public QLabel {
     /// The colour that its text is painted in.
     QColor TextColour() const;
 
+    /// In a layout it takes the room that there is.
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

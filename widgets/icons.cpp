@@ -1,17 +1,17 @@
 #include "widgets/icons.h"
 
 #include <QApplication>
-#include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <algorithm>
+
+#include "widgets/contrast.h"
+#include "widgets/drawn_icon.h"
 
 namespace ui {
 
 namespace {
 
-/// All shapes are drawn in a square of this side.
-constexpr double kSide = 16;
+constexpr double kDisabledShare = 0.3;
 
 using Corners = QList<QPointF>;
 
@@ -54,18 +54,18 @@ void DrawStart(QPainter& painter, const Colours& colours) {
 }
 
 /// A stop sign.
-void DrawStop(QPainter& painter) {
+void DrawStop(QPainter& painter, const QColor& sign) {
     painter.drawPolygon(
         Corners{{5, 1}, {11, 1}, {15, 5}, {15, 11}, {11, 15}, {5, 15}, {1, 11}, {1, 5}});
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::white);
+    painter.setBrush(sign);
     painter.drawRect(QRectF(5, 5, 6, 6));
 }
 
 /// A funnel that keeps something out.
-void DrawFilters(QPainter& painter, const QColor& refusal) {
+void DrawFilters(QPainter& painter, const QColor& sign) {
     painter.drawPolygon(Corners{{1, 1.5}, {14, 1.5}, {9, 7.5}, {9, 12}, {6, 14.5}, {6, 7.5}});
-    painter.setPen(QPen(refusal, 2, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(sign, 2, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(11, 10.5), QPointF(15, 14.5));
     painter.drawLine(QPointF(15, 10.5), QPointF(11, 14.5));
 }
@@ -86,15 +86,15 @@ void DrawWarning(QPainter& painter) {
     painter.drawPoint(QPointF(8, 12.5));
 }
 
-void Draw(QPainter& painter, Picture picture, const Colours& colours, const QColor& refusal) {
+void Draw(QPainter& painter, Picture picture, const Colours& colours, const QColor& sign) {
     SetColours(painter, colours);
     switch (picture) {
         case Picture::Start:
             return DrawStart(painter, colours);
         case Picture::Stop:
-            return DrawStop(painter);
+            return DrawStop(painter, sign);
         case Picture::Filters:
-            return DrawFilters(painter, refusal);
+            return DrawFilters(painter, sign);
         case Picture::Explore:
             return DrawExplore(painter, colours);
         case Picture::Warning:
@@ -102,46 +102,27 @@ void Draw(QPainter& painter, Picture picture, const Colours& colours, const QCol
     }
 }
 
-class DrawnIcon : public QIconEngine {
-  public:
-    explicit DrawnIcon(Picture picture) : picture_(picture) {}
-
-    QIconEngine* clone() const override { return new DrawnIcon(picture_); }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return pixmap;
+void DrawInPalette(QPainter& painter, Picture picture, QIcon::Mode mode) {
+    const QPalette palette = QApplication::palette();
+    const QColor button = palette.color(QPalette::Button);
+    const bool dark = button.lightness() < 128;
+    Colours colours = ColoursOf(FillOf(picture), dark);
+    QColor sign =
+        picture == Picture::Stop ? QColor(Qt::white) : ColoursOf(FillOf(Picture::Stop), dark).fill;
+    if (mode == QIcon::Disabled) {
+        // Paler than any that can be clicked, on dark desktops, too.
+        colours.fill = colours.line =
+            Mix(palette.color(QPalette::ButtonText), button, kDisabledShare);
+        sign = picture == Picture::Stop ? button : colours.fill;
     }
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        const QPalette palette = QApplication::palette();
-        const bool dark = palette.color(QPalette::Window).lightness() < 128;
-        Colours colours = ColoursOf(FillOf(picture_), dark);
-        QColor refusal = ColoursOf(FillOf(Picture::Stop), dark).fill;
-        if (mode == QIcon::Disabled) {
-            const int grey = palette.color(QPalette::Disabled, QPalette::ButtonText).lightness();
-            colours.fill = colours.line = refusal = QColor(grey, grey, grey, 130);
-        }
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        const double scale = std::min(rect.width(), rect.height()) / kSide;
-        painter->translate(QRectF(rect).center() - QPointF(kSide, kSide) / 2 * scale);
-        painter->scale(scale, scale);
-        Draw(*painter, picture_, colours, refusal);
-        painter->restore();
-    }
-
-  private:
-    Picture picture_;
-};
+    Draw(painter, picture, colours, sign);
+}
 
 }  // namespace
 
 QIcon ButtonIcon(Picture picture) {
-    return QIcon(new DrawnIcon(picture));
+    return DrawnIcon(
+        [picture](QPainter& painter, QIcon::Mode mode) { DrawInPalette(painter, picture, mode); });
 }
 
 }  // namespace ui
