@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "platform/qt/local_text.h"
+#include "widgets/list_focus.h"
 
 namespace ui {
 
@@ -81,6 +82,11 @@ void ByteList::SelectCurrent() {
 
 std::string ByteList::TextOf(const QListWidgetItem& item) const {
     return item.data(kBytesRole).toByteArray().toStdString();
+void ByteList::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    PaintFocus(*this);
+}
+
 }
 
 }  // namespace ui

@@ -35,6 +35,7 @@ class ByteList : public QListWidget {
     void focusInEvent(QFocusEvent* event) override;
 
   private:
+    void paintEvent(QPaintEvent* event) override;
     /// Selects the row that has the focus, the first one if none has, unless one is selected.
     void SelectCurrent();
     std::string TextOf(const QListWidgetItem& item) const;

@@ -15,7 +15,7 @@
 #include "forms/copy_notes.h"
 #include "forms/z_dir.h"
 #include "forms/z_filter.h"
-#include "platform/path_text.h"
+#include "forms/system_folder.h"
 #include "platform/qt/local_text.h"
 #include "setup/settings.h"
 #include "text/numbers.h"
@@ -132,16 +132,8 @@ void frmNew::SetTxtDir(const std::string& folder) {
 }
 
 void frmNew::ShowSystemFolder() {
-    const std::string folder = bas_General::NormalizeFolder(TxtDir());
-    const std::optional<std::string> resolved = platform::ResolvePathText(folder);
-    const std::optional<std::string> system_path = platform::SystemPathOf(folder);
-    if (!resolved || !system_path) {
-        system_folder_->setText("This computer has no such drive");
-    } else if (system_path->starts_with(*resolved)) {
-        system_folder_->clear();
-    } else {
-        system_folder_->setText("On this computer: " + platform::FromBytes(*system_path));
-    }
+    system_folder_->setText(SystemFolderHint(TxtDir()));
+    txt_dir_->setAccessibleDescription(system_folder_->text());
 }
 
 void frmNew::LookForCopy() {

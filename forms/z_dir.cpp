@@ -12,6 +12,7 @@
 
 #include "forms/decoration.h"
 #include "forms/folder_list.h"
+#include "forms/system_folder.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
 #include "setup/settings.h"
@@ -20,8 +21,8 @@
 #include "widgets/controls.h"
 #include "widgets/elided_label.h"
 #include "widgets/label_font.h"
-#include "widgets/twips.h"
 #include "widgets/pixel_grid_item.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
@@ -65,6 +66,9 @@ void zDir::MakeControls() {
     dir1_->setAccessibleName("Folders");
     dir1_->setToolTip("Double click a folder, or press Enter, to open it");
     label1_ = new ElidedLabel("Label1", "c:\\", this);
+    system_folder_ = new ElidedLabel("SystemFolder", "", this);
+    system_folder_->setFont(SmallLabelFont());
+    system_folder_->SetQuiet(true);
     new_folder_ = MakeFormButton("NewFolder", "&New Folder...", this);
     new_folder_->setToolTip("Makes a folder in the one that is open, and opens it");
     command1_ = MakeFormButton("Command1", "&Ok...", this);
@@ -90,7 +94,10 @@ void zDir::PlaceControls() {
     grid->addWidget(drive1_, 0, 1);
     grid->addItem(new PixelGridItem(dir1_), 1, 0, 1, 2);
     grid->addLayout(chosen, 2, 0, 1, 2);
-    grid->addLayout(buttons, 3, 0, 1, 2);
+#ifndef _WIN32
+    grid->addWidget(system_folder_, 3, 0, 1, 2);
+#endif
+    grid->addLayout(buttons, 4, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(1, 1);
     resize(Twips(6300), Twips(6300));
@@ -136,6 +143,7 @@ void zDir::MakeNewFolder() {
     if (name.find_first_of("/\\") == std::string::npos &&
         platform::System().files.CreateFolder(folder)) {
         dir1_->SetPath(folder);
+        command1_->setFocus();  // a folder is made to be taken
     } else {
         boxes.MsgBox("A folder of that name cannot be made here.", platform::BoxStyle::Information,
                      "New Folder");
@@ -145,6 +153,7 @@ void zDir::MakeNewFolder() {
 void zDir::SetLabel1(const std::string& caption) {
     label1_caption_ = caption;
     label1_->setText(platform::FromBytes(caption));
+    system_folder_->setText(SystemFolderHint(caption));
 }
 
 }  // namespace ui

@@ -40,6 +40,7 @@ class zDir : public QDialog {
     ChoiceBox* drive1_;
     FolderList* dir1_;
     ElidedLabel* label1_;
+    ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
     QPushButton* command1_;
     QPushButton* command2_;
     QPushButton* new_folder_;

@@ -6,16 +6,26 @@
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyle>
+#include <QToolTip>
 
 #include "platform/qt/local_text.h"
 #include "ui/address_model.h"
+#include "widgets/elided_text.h"
+#include "widgets/list_focus.h"
 
 namespace ui {
 
 namespace {
 
 constexpr int kRefreshMilliseconds = 50;
+
+/// What a view leaves free on either side of a row's text.
+int TextMargin(const QWidget& list) {
+    return list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
+}
 
 bool ByKeyboard(const QFocusEvent& event) {
     return event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason ||
@@ -47,7 +57,7 @@ AddressList::AddressList(crawl::ListItems& items, Shows shows, QWidget* parent)
     connect(model_, &AddressModel::Stale, this, [this] {
         if (!refresh_.isActive()) refresh_.start();
     });
-    connect(this, &QTableView::doubleClicked, this, &AddressList::Activated);
+    setMouseTracking(true);
 }
 
 void AddressList::MakeMenu() {
@@ -85,6 +95,10 @@ void AddressList::ShowChanges() {
     updateGeometries();
     if (at_end) scrollToBottom();
     viewport()->update();
+    if (QToolTip::isVisible() && viewport()->underMouse() &&
+        TooltipAt(viewport()->mapFromGlobal(QCursor::pos())).isEmpty()) {
+        QToolTip::hideText();
+    }
 }
 
 void AddressList::Refresh() {
@@ -136,6 +150,49 @@ void AddressList::keyPressEvent(QKeyEvent* event) {
     } else {
         QTableView::keyPressEvent(event);
     }
+}
+
+std::string AddressList::AddressAt(const QPoint& place) const {
+    const QModelIndex row = indexAt(place);
+    return row.isValid() ? model_->Address(row.row()) : std::string();
+}
+
+QString AddressList::TooltipAt(const QPoint& place) const {
+    const std::string address = AddressAt(place);
+    // Rows that move under a pointer at rest would show a tooltip of what is elsewhere already.
+    if (address.empty() || address != pointed_at_) return {};
+    const QString text = platform::FromBytes(address);
+    const int width = visualRect(indexAt(place)).width() - 2 * TextMargin(*this);
+    return ElideMiddle(text, fontMetrics(), width) == text ? QString() : TooltipText(text);
+}
+
+bool AddressList::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+    const auto* const help = static_cast<QHelpEvent*>(event);
+    if (!indexAt(help->pos()).isValid()) return QTableView::viewportEvent(event);
+    QToolTip::showText(help->globalPos(), TooltipAt(help->pos()), viewport());
+    return true;
+}
+
+void AddressList::mouseMoveEvent(QMouseEvent* event) {
+    pointed_at_ = AddressAt(event->position().toPoint());
+    QTableView::mouseMoveEvent(event);
+}
+
+void AddressList::mousePressEvent(QMouseEvent* event) {
+    pressed_ = AddressAt(event->position().toPoint());
+    QTableView::mousePressEvent(event);
+}
+
+void AddressList::mouseDoubleClickEvent(QMouseEvent* event) {
+    // The rows may have moved since the first click; Qt would take this for one of its own.
+    if (event->button() == Qt::LeftButton && !pressed_.empty()) emit DoubleClicked(pressed_);
+    event->accept();
+}
+
+void AddressList::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    PaintFocus(*this);
 }
 
 void AddressList::keyboardSearch(const QString&) {

@@ -32,8 +32,11 @@ class AddressList : public QTableView {
     void keyboardSearch(const QString& typed) override;
 
   signals:
-    /// The selected row was double-clicked, opened from its menu, or Enter was pressed on it.
+    /// The selected row was opened from its menu, or Enter was pressed on it.
     void Activated();
+
+    /// This address was double-clicked: the one under the pointer when the first click came.
+    void DoubleClicked(const std::string& address);
 
     /// The items have changed, and the rows with them where they are in sight.
     void Refreshed();
@@ -45,6 +48,11 @@ class AddressList : public QTableView {
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     void MakeMenu();
@@ -52,10 +60,14 @@ class AddressList : public QTableView {
     void Refresh();
     void CopySelected();
     bool AtEnd() const;
+    std::string AddressAt(const QPoint& place) const;
+    QString TooltipAt(const QPoint& place) const;
 
     AddressModel* model_;
     Shows shows_;
     QTimer refresh_;
+    std::string pointed_at_;  ///< what was under the pointer when that moved last
+    std::string pressed_;     ///< what was under it when its button went down
 };
 
 }  // namespace ui

@@ -53,7 +53,6 @@ int AddressModel::rowCount(const QModelIndex& parent) const {
 
 QVariant AddressModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole) return OneLine(platform::FromBytes(Address(index.row())));
-    if (role == Qt::ToolTipRole) return TooltipText(platform::FromBytes(Address(index.row())));
     return {};
 }
 

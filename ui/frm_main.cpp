@@ -100,8 +100,16 @@ void frmMain::FocusText1() {
 }
 
 void frmMain::SetCommand1Enabled(bool enabled) {
+    if (!enabled) LeaveStart();
     command1_->setEnabled(enabled);
     enabled ? CrawlEnds() : CrawlBegins();
+}
+
+void frmMain::LeaveStart() {
+    // Qt would put the keyboard on the stop button, where two more keys end the crawl.
+    if (focusWidget() == text1_ || focusWidget() == command1_) {
+        (list1_->isHidden() ? list2_ : list1_)->setFocus();
+    }
 }
 
 void frmMain::SetCommand2Enabled(bool enabled) {

@@ -108,12 +108,15 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void ConnectMenu();
     void ConnectCrawl();
     void ExploreTarget();
-    static void OpenSelectedAddress(AddressList& list);
+    static void OpenAddress(std::string address);
     void mnunew_Click();
     void mnuabout_Click();
     void ShowOtherLinks(bool other_links);
     void JudgeAddress();
     void ListChanged();
+
+    /// Takes the keyboard from the controls that start a crawl, which are about to be disabled.
+    void LeaveStart();
 
     // frm_main_progress.cpp
     void CrawlBegins();

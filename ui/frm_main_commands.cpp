@@ -50,7 +50,10 @@ void frmMain::ConnectControls() {
     On(command3_, &QPushButton::clicked, [this] { filters_ = zFilter::ShowOver(this); });
     On(command4_, &QPushButton::clicked, [this] { ExploreTarget(); });
     for (AddressList* list : {list1_, list2_}) {
-        On(list, &AddressList::Activated, [list] { OpenSelectedAddress(*list); });
+        On(list, &AddressList::Activated, [list] { OpenAddress(list->Selected()); });
+        connect(list, &AddressList::DoubleClicked, this, [this](const std::string& address) {
+            if (!retired_) OpenAddress(address);
+        });
         On(list, &AddressList::Refreshed, [this] { ListChanged(); });
     }
     On(other_links_, &QToolButton::clicked, [this] { ShowOtherLinks(list2_->isHidden()); });
@@ -97,8 +100,7 @@ void frmMain::ExploreTarget() {
                                                               : folder);
 }
 
-void frmMain::OpenSelectedAddress(AddressList& list) {
-    std::string address = list.Selected();
+void frmMain::OpenAddress(std::string address) {
     if (address.empty()) return;
     if (text::LowerCase(text::Left(address, 7)) != "http://") {
         address = "http://" + std::string(text::Trim(address));

@@ -36,6 +36,7 @@ void frmMain::MakeControls() {
     column->addWidget(client_, 1);
     column->addWidget(progress_);
     setCentralWidget(whole);
+    layout()->setSizeConstraint(QLayout::SetNoConstraint);  // it may be made as small as one likes
 
     picture1_ = new ConnectionPanel(client_);
     picture1_->setObjectName("Picture1");
@@ -81,7 +82,6 @@ void frmMain::MakeLabels() {
     next_ = new ElidedLabel("Next", "", client_);
     next_->SetQuiet(true);
     label9_->setBuddy(txt_max_);
-    txt_max_->setAccessibleName(label9_->text());
 }
 
 void frmMain::MakeLists() {

@@ -181,7 +181,7 @@ class WizardTest(unittest.TestCase):
     def stop(self):
         for answer in ("alt+n", "alt+y"):
             self.desktop.await_window(MAIN)
-            self.desktop.press("space")  # the first control that is enabled
+            self.desktop.press("Tab", "space")  # round from the queue to the first control that is enabled
             self.desktop.await_window("Stop Download")
             self.desktop.press(answer)
 

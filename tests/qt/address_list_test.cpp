@@ -3,10 +3,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include "crawl/list_items.h"
 #include "platform/qt/local_text.h"
@@ -106,9 +109,57 @@ TEST_F(AddressList, SelectsByKeysAndMouse) {
     const QPoint second_row = list.visualRect(list.model()->index(51, 0)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second_row);
     EXPECT_EQ(list.Selected(), "www.site.com/51");
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second_row);
     QTest::keyClick(&list, Qt::Key_Return);
-    EXPECT_EQ(activated.count(), 2);
+    EXPECT_EQ(activated.count(), 1);
+}
+
+TEST_F(AddressList, ADoubleClickMeansTheRowOfItsFirstClick) {
+    Add(100);
+    Refresh();
+    QSignalSpy clicked(&list, &ui::AddressList::DoubleClicked);
+    const QPoint last_row = list.visualRect(list.model()->index(99, 0)).center();
+    for (const bool moves : {false, true}) {
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, last_row);
+        if (moves) {
+            items.RemoveLast();
+            Refresh();
+        }
+        QMouseEvent second(QEvent::MouseButtonDblClick, last_row, list.mapToGlobal(last_row),
+                           Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list.viewport(), &second);
+        ASSERT_FALSE(clicked.isEmpty());
+        EXPECT_EQ(clicked.takeLast()[0].value<std::string>(), "www.site.com/99");
+    }
+}
+
+TEST_F(AddressList, OnlyRowsThatAreCutAndStandStillHaveATooltip) {
+    const auto has_tooltip = [&](const QPoint& place) {
+        QToolTip::hideText();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+        QHelpEvent help(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(list.viewport(), &help);
+        return QToolTip::isVisible();
+    };
+    Add(100);
+    items.AddItem("www.site.com/" + std::string(200, 'x'));
+    items.AddItem("www.site.com/" + std::string(200, 'y'));
+    Refresh();
+    const QPoint at_99 = list.visualRect(list.model()->index(99, 0)).center();
+    const QPoint at_101 = list.visualRect(list.model()->index(101, 0)).center();
+    QTest::mouseMove(list.viewport(), at_99);
+    EXPECT_FALSE(has_tooltip(at_99));
+    QTest::mouseMove(list.viewport(), at_101);
+    EXPECT_TRUE(has_tooltip(at_101));
+    items.RemoveLast();
+    Refresh();
+    EXPECT_FALSE(has_tooltip(at_101)) << "another row came under a pointer at rest";
+}
+
+TEST_F(AddressList, ShowsThatItHasTheKeyboardWithoutARow) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    const QImage focused = list.grab().toImage();
+    list.clearFocus();
+    EXPECT_NE(list.grab().toImage(), focused);
 }
 
 TEST_F(AddressList, SelectionIsNeverAnItemThatIsGone) {

@@ -74,6 +74,8 @@ TEST_F(DirectoryChooserTest, MakesANewFolderAndOpensIt) {
     for (const char* name : {"", "one", "a/b", " copy "}) {
         system.boxes.inputs = {name};
         Click(*chooser, "NewFolder");
+        EXPECT_EQ(chooser->focusWidget()->objectName(),
+                  name == std::string(" copy ") ? "Command1" : "NewFolder");
     }
     EXPECT_EQ(system.boxes.asked.size(), 2U) << "one is there already, and a/b is no name";
     EXPECT_EQ(Label1(), "C:\\Websites\\copy");
@@ -88,6 +90,16 @@ TEST_F(DirectoryChooserTest, ARootEndsInTwoBackslashes) {
 }
 
 #ifndef _WIN32  // The drives are the system's own there, and every byte is a letter.
+TEST_F(DirectoryChooserTest, SaysWhereTheSystemHasTheFolder) {
+    qputenv("HOME", "/home/ann");
+    Open("C:\\Websites\\");
+    EXPECT_EQ(Find<QLabel>(*chooser, "SystemFolder")->text(),
+              "On this computer: /home/ann/Websites");
+    DoubleClick("two");
+    EXPECT_EQ(Find<QLabel>(*chooser, "SystemFolder")->text(),
+              "On this computer: /home/ann/Websites/two");
+}
+
 TEST_F(DirectoryChooserTest, AnotherDriveOpensAtItsRootAndOneThatIsNotReadyNotAtAll) {
     Open("C:\\Websites\\");
     auto* drives = Find<QComboBox>(*chooser, "Drive1");
