@@ -58,7 +58,9 @@ question with No. Ctrl+C stops it, a second Ctrl+C at once.
 
 Options:
   --site ADDRESS      the page to start from
-  --folder FOLDER     where to save; the folder is made when it is missing
+  --folder FOLDER     where to save; the folder is made when it is missing. Its path
+                      may not hold "www.", "__", a name that begins with a blank, or
+                      any of * < > { } ? ! & |
   --connections N     how many files to download at a time, 1 to 24 (default: 4)
   --timeout SECONDS   how long a server may be silent before its file is tried
                       again, three times in all; 0 waits for ever (default: 15)
@@ -69,8 +71,9 @@ Options:
 
 Exit status:
   0    the site is complete: every address was answered and its file written
-  1    the folder or the report cannot be used, or no type of files to download is
-       known; without options: there is no display
+  1    the folder or the report cannot be used, or another download is being saved
+       in the folder, or no type of files to download is known; without options:
+       there is no display
   2    the options make no sense
   3    complete, but some addresses were unanswered, short, not written or too large
   4    complete, but not one file was saved

@@ -11,6 +11,7 @@
 #include "crawl/crawl_state.h"
 #include "crawl/report_text.h"
 #include "engine/endings.h"
+#include "engine/folder_claim.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
 #include "engine/typed_address.h"
@@ -194,7 +195,7 @@ int RunUnattended(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& t
     int exit_code = kExitUnusable;
     ReportFile report;
     if (PrepareFolder(order.folder, terminal) && PrepareFileTypes(terminal) &&
-        PrepareReport(order.report, report, terminal)) {
+        bas_Connections::ClaimTargetFolder() && PrepareReport(order.report, report, terminal)) {
         exit_code = RunCrawl(order, holder, report, terminal);
     }
     terminal.Finish();

@@ -4,6 +4,7 @@
 
 #include "crawl/crawl_state.h"
 #include "crawl/job_watch.h"
+#include "engine/folder_claim.h"
 #include "engine/main_window.h"
 #include "engine/report_notes.h"
 #include "engine/scheduler.h"
@@ -79,8 +80,8 @@ void SiteComplete() {
     bas_Output::RemoveTempFiles();
     platform::System().events.DoEvents();
     UpdateStats();
-    if (Confirmed("The website has been downloaded.\r\n\r\n"
     platform::System().boxes.AwaitAttention();
+    if (Confirmed("The website has been downloaded.\r\n\r\n"
                   "Would you like to browse the download directory?",
                   "Done.")) {
         platform::System().processes.ExploreFolder(crawl::TargetFolder);
@@ -105,6 +106,7 @@ void StopNOW() {
         window.Sock(i).Close();
         window.tmrOut(i).SetEnabled(false);
     }
+    ReleaseTargetFolder();
     window.SetCommand2Enabled(false);
     window.SetCommand1Enabled(true);
     window.SetText1Enabled(true);

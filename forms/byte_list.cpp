@@ -26,6 +26,12 @@ void ByteList::AddItem(const std::string& item) {
     addItem(row);
 }
 
+void ByteList::SetItems(const std::vector<std::string>& items) {
+    clear();
+    for (const std::string& item : items)
+        AddItem(item);
+}
+
 std::vector<std::string> ByteList::Items() const {
     std::vector<std::string> items;
     items.reserve(static_cast<std::size_t>(count()));
@@ -76,17 +82,17 @@ void ByteList::focusInEvent(QFocusEvent* event) {
     }
 }
 
+void ByteList::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    PaintFocus(*this);
+}
+
 void ByteList::SelectCurrent() {
     if (selectedItems().empty() && count() > 0) setCurrentRow(std::max(0, currentRow()));
 }
 
 std::string ByteList::TextOf(const QListWidgetItem& item) const {
     return item.data(kBytesRole).toByteArray().toStdString();
-void ByteList::paintEvent(QPaintEvent* event) {
-    QListWidget::paintEvent(event);
-    PaintFocus(*this);
-}
-
 }
 
 }  // namespace ui

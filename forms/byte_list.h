@@ -16,6 +16,8 @@ class ByteList : public QListWidget {
     ByteList(const char* name, QWidget* parent);
 
     void AddItem(const std::string& item);
+    /// Makes these the only items.
+    void SetItems(const std::vector<std::string>& items);
     std::vector<std::string> Items() const;
 
     /// The position of the selected item, counted from 0; nothing when none is selected.
@@ -33,9 +35,9 @@ class ByteList : public QListWidget {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
-    void paintEvent(QPaintEvent* event) override;
     /// Selects the row that has the focus, the first one if none has, unless one is selected.
     void SelectCurrent();
     std::string TextOf(const QListWidgetItem& item) const;

@@ -1,5 +1,6 @@
 #include "forms/frm_new.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QLineEdit>
 #include <QPushButton>
@@ -8,14 +9,15 @@
 #include <optional>
 
 #include "crawl/crawl_state.h"
+#include "engine/folder_claim.h"
 #include "engine/main_window.h"
 #include "engine/site_start.h"
 #include "forms/address_line.h"
 #include "forms/byte_list.h"
 #include "forms/copy_notes.h"
+#include "forms/system_folder.h"
 #include "forms/z_dir.h"
 #include "forms/z_filter.h"
-#include "forms/system_folder.h"
 #include "platform/qt/local_text.h"
 #include "setup/settings.h"
 #include "text/numbers.h"
@@ -55,6 +57,12 @@ void frmNew::done(int result) {
         Form_Unload();
     }
     QDialog::done(result);
+}
+
+bool frmNew::event(QEvent* event) {
+    // Whoever has edited the list in another copy of the program comes from there.
+    if (event->type() == QEvent::WindowActivate && !unloaded_) TakeOthersTypes();
+    return QDialog::event(event);
 }
 
 void frmNew::ConnectHandlers() {
@@ -147,7 +155,7 @@ bool frmNew::SetToInDIR() {
 }
 
 void frmNew::Command1_Click() {
-    if (!SetToInDIR()) return;
+    if (!SetToInDIR() || !bas_Connections::ClaimTargetFolder()) return;
     SaveFileTypes();
     copy_notes_->Stop();
     engine::Window().SetText1(platform::ToBytes(txt_url_->text()));

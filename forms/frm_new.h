@@ -3,6 +3,9 @@
 #include <QDialog>
 #include <string>
 
+#include "setup/file_types.h"
+#include "setup/shared_list.h"
+
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -26,6 +29,9 @@ class frmNew : public QDialog {
 
     /// Every way of closing leads here.
     void done(int result) override;
+
+  protected:
+    bool event(QEvent* event) override;
 
   private:
     // frm_new_controls.cpp
@@ -59,6 +65,7 @@ class frmNew : public QDialog {
 
     // frm_new_file_types.cpp
     void LoadFileTypesList();
+    void TakeOthersTypes();
     void SaveFileTypes();
     void ListDefaultTypes();
     void MakeFileTypesFile();
@@ -67,6 +74,7 @@ class frmNew : public QDialog {
     void Command5_Click();  ///< Set Default
 
     bool unloaded_ = false;
+    bas_General::SharedList types_file_{bas_General::FileTypesFile()};
     QLineEdit* txt_url_;
     QLineEdit* txt_dir_;
     AddressLine* address_line_;   ///< what the address will make the crawl ask for

@@ -20,16 +20,22 @@ void frmNew::LoadFileTypesList() {
     // On a first run this shows the defaults, in the list already, a second time.
     for (const std::string& type : bas_General::ReadFileTypes())
         list1_->AddItem(type);
+    types_file_.Know();
+}
+
+void frmNew::TakeOthersTypes() {
+    if (const auto merged = types_file_.WithOthersChanges(list1_->Items())) {
+        list1_->SetItems(*merged);
+    }
 }
 
 void frmNew::SaveFileTypes() {
     bas_General::WriteFileTypes(list1_->Items());
+    types_file_.Know();
 }
 
 void frmNew::ListDefaultTypes() {
-    list1_->clear();
-    for (const std::string& type : bas_General::DefaultFileTypes())
-        list1_->AddItem(type);
+    list1_->SetItems(bas_General::DefaultFileTypes());
 }
 
 void frmNew::MakeFileTypesFile() {

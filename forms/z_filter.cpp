@@ -1,5 +1,6 @@
 #include "forms/z_filter.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,8 +17,8 @@
 #include "text/text.h"
 #include "widgets/controls.h"
 #include "widgets/label_font.h"
-#include "widgets/twips.h"
 #include "widgets/pixel_grid_item.h"
+#include "widgets/twips.h"
 
 namespace ui {
 
@@ -124,6 +125,19 @@ void zFilter::Form_Load() {
     for (const std::string& keyword : bas_General::KeywordFilters) {
         if (!text::Trim(keyword).empty()) list1_->AddItem(keyword);
     }
+    TakeOthersKeywords();
+}
+
+void zFilter::TakeOthersKeywords() {
+    if (const auto merged = bas_General::WithOthersKeywords(list1_->Items())) {
+        list1_->SetItems(*merged);
+    }
+}
+
+bool zFilter::event(QEvent* event) {
+    // Whoever has edited the list in another copy of the program comes from there.
+    if (event->type() == QEvent::WindowActivate && !unloaded_) TakeOthersKeywords();
+    return QDialog::event(event);
 }
 
 void zFilter::Form_Unload() {

@@ -26,11 +26,15 @@ class zFilter : public QDialog {
 
     void done(int result) override;
 
+  protected:
+    bool event(QEvent* event) override;
+
   private:
     void MakeControls();
     void MakeTexts();
     void PlaceControls();
     void Form_Load();
+    void TakeOthersKeywords();
     void Form_Unload();
     void Command1_Click();
     void Command2_Click();

@@ -35,6 +35,12 @@ class FolderReader {
     virtual std::optional<Entry> Next() = 0;
 };
 
+/// A folder is being filled by this process while this lives.
+class FolderClaim {
+  public:
+    virtual ~FolderClaim() = default;
+};
+
 /// The system's files, named by the program's own path text: "\" separates, "c:" is the user's home
 /// folder where the system knows no drives, "z:" and a leading "\" are its root. "." and ".." are
 /// resolved in the text, clamped at the root, before the system sees the path. A path that holds a
@@ -102,6 +108,11 @@ class Files {
 
     /// Whether `path` itself is a symbolic link, whatever it leads to.
     virtual bool IsLink(std::string_view path) const = 0;
+
+    /// Claims a folder, by whatever path, until the claim is deleted or the process has ended. Null
+    /// while another claim to it lives, in this process or any other. Nothing of this is seen in
+    /// the folder. Where the system keeps no such claims (some network drives), all get theirs.
+    virtual std::unique_ptr<FolderClaim> ClaimFolder(std::string_view folder) = 0;
 };
 
 }  // namespace platform

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files.h"
+
 /// What system_files.cpp needs of the system and every system does in a way of its own. Faults are
 /// returned values, and no name is converted through a locale.
 namespace platform::native {
@@ -78,5 +80,8 @@ class FolderEntries {
     struct State;
     std::unique_ptr<State> state_;
 };
+
+/// A claim to a folder as `Files::ClaimFolder` says.
+std::unique_ptr<FolderClaim> ClaimFolder(const Path& folder);
 
 }  // namespace platform::native

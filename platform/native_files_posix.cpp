@@ -1,3 +1,5 @@
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -79,6 +81,28 @@ std::optional<Entry> FolderEntries::Next() {
     Entry found{entry.path().filename(), entry.is_directory(error), entry.is_symlink(error)};
     state_->entry.increment(error);
     return found;
+}
+
+namespace {
+
+/// A lock on the folder itself. The system takes it away when the process ends, however it does.
+class FolderLock : public FolderClaim {
+  public:
+    explicit FolderLock(int folder) : folder_(folder) {}
+    ~FolderLock() override { close(folder_); }
+
+  private:
+    int folder_;
+};
+
+}  // namespace
+
+std::unique_ptr<FolderClaim> ClaimFolder(const Path& folder) {
+    const int opened = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (opened < 0) return std::make_unique<FolderClaim>();
+    const bool taken = flock(opened, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    auto claim = std::make_unique<FolderLock>(opened);
+    return taken ? nullptr : std::move(claim);
 }
 
 }  // namespace platform::native

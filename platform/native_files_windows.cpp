@@ -7,7 +7,10 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "platform/native_files.h"
 #include "platform/path_text.h"
@@ -51,10 +54,21 @@ bool IsPlainName(PathView name) {
            std::none_of(name.begin(), name.end(), [](wchar_t c) { return c < L' '; });
 }
 
-struct CloseFile {
+struct CloseHandleOf {
     void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
-using OpenedFile = std::unique_ptr<void, CloseFile>;
+using OpenedFile = std::unique_ptr<void, CloseHandleOf>;
+using Mutex = std::unique_ptr<void, CloseHandleOf>;
+
+/// A mutex named for the folder, which nobody waits for: that it is there says all. The system
+/// deletes it with the last process that has it.
+class FolderMutex : public FolderClaim {
+  public:
+    explicit FolderMutex(Mutex mutex) : mutex_(std::move(mutex)) {}
+
+  private:
+    Mutex mutex_;
+};
 
 /// Opens a file or folder, the one that links lead to, to ask about it; null with `errno` ENOENT
 /// when it is not there.
@@ -198,6 +212,19 @@ std::optional<Entry> FolderEntries::Next() {
         }
     }
     return std::nullopt;
+}
+
+std::unique_ptr<FolderClaim> ClaimFolder(const Path& folder) {
+    Path place = FinalPath(folder).value_or(folder);
+    CharUpperBuffW(place.data(), static_cast<DWORD>(place.size()));
+    // A path is too long for a name, and its separators mean something else there.
+    const std::wstring name =
+        L"Global\\Vantorin fills " + std::to_wstring(std::hash<Path>{}(place));
+    Mutex mutex(CreateMutexW(nullptr, FALSE, name.c_str()));
+    const DWORD error = GetLastError();
+    // Another user's may be there without our being allowed to have it.
+    if (error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED) return nullptr;
+    return std::make_unique<FolderMutex>(std::move(mutex));
 }
 
 }  // namespace platform::native

@@ -254,4 +254,9 @@ bool SystemFiles::IsLink(std::string_view path) const {
     return native_path && native::IsLink(*native_path);
 }
 
+std::unique_ptr<FolderClaim> SystemFiles::ClaimFolder(std::string_view folder) {
+    const auto native_folder = native::PathOf(folder);
+    return native_folder ? native::ClaimFolder(*native_folder) : std::make_unique<FolderClaim>();
+}
+
 }  // namespace platform

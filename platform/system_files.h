@@ -31,6 +31,7 @@ class SystemFiles : public Files {
     std::unique_ptr<FolderReader> OpenFolder(std::string_view folder) const override;
     bool IsInside(std::string_view path, std::string_view folder) const override;
     bool IsLink(std::string_view path) const override;
+    std::unique_ptr<FolderClaim> ClaimFolder(std::string_view folder) override;
 
   private:
     std::string program_folder_;  // as path text

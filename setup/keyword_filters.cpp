@@ -5,6 +5,7 @@
 
 #include "platform/services.h"
 #include "setup/list_file.h"
+#include "setup/shared_list.h"
 #include "text/text.h"
 
 namespace bas_General {
@@ -17,6 +18,11 @@ constexpr std::size_t kMostFilters = decltype(KeywordFilters)::kCount;
 
 std::string FiltersFile() {
     return platform::System().files.ProgramFolder() + "\\filters.txt";
+}
+
+SharedList& FileOfAll() {
+    static SharedList file(FiltersFile());
+    return file;
 }
 
 void SetKeywordFilters(const std::vector<std::string>& keywords) {
@@ -33,6 +39,7 @@ std::string Normalized(const std::string& keyword) {
 
 void LoadKeywordFilters() {
     ClearKeywordFilters();
+    FileOfAll().Know();
     std::vector<std::string> keywords =
         SplitListFile(platform::System().files.ReadFile(FiltersFile()).value_or(""));
     if (keywords.size() > kMostFilters) return;
@@ -62,6 +69,11 @@ void StoreKeywordFilters(const std::vector<std::string>& list) {
     }
     SetKeywordFilters(keywords);
     platform::System().files.WriteFile(FiltersFile(), {JoinListFile(keywords)});
+    FileOfAll().Know();
+}
+
+std::optional<std::vector<std::string>> WithOthersKeywords(const std::vector<std::string>& edited) {
+    return FileOfAll().WithOthersChanges(edited);
 }
 
 }  // namespace bas_General

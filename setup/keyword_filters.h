@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,5 +24,9 @@ bool FilterExists(const std::string& keyword, const std::vector<std::string>& li
 
 /// Makes `list` the keywords and writes their file; entries past the hundredth are not kept.
 void StoreKeywordFilters(const std::vector<std::string>& list);
+
+/// `edited` with the keywords that another running copy of the program has stored since this one
+/// last read or stored them, and without those that it has removed; nothing when none has.
+std::optional<std::vector<std::string>> WithOthersKeywords(const std::vector<std::string>& edited);
 
 }  // namespace bas_General

@@ -5,6 +5,7 @@
 #include "setup/file_types.h"
 #include "setup/keyword_filters.h"
 #include "setup/list_file.h"
+#include "setup/shared_list.h"
 #include "tests/fakes/fake_system.h"
 
 using namespace bas_General;
@@ -31,6 +32,32 @@ TEST(ListFile, SplitsIntoNonBlankLines) {
     EXPECT_EQ(SplitListFile(""), Lines());
     EXPECT_EQ(SplitListFile(" a \r\n\r\n   \r\n\n.b"), (Lines{" a ", ".b"}));
     EXPECT_EQ(SplitListFile("a\rb\r\r\n"), Lines{"a\rb\r"});
+}
+
+TEST(SharedList, AppliesWhatOthersChangedToWhatIsEdited) {
+    const struct {
+        const char *before, *now;
+        Lines edited, merged;
+    } cases[] = {
+        {"a\r\nb\r\n", "a\r\nb\r\nc\r\n", {"a", "b", "mine"}, {"a", "b", "mine", "c"}},
+        {"a\r\nb\r\n", "b\r\n", {"b", "mine"}, {"b", "mine"}},
+        {"a\r\na\r\n", "a\r\n", {"a", "a", "mine"}, {"a", "mine"}},
+        {"a\r\n", "", {"a", "mine"}, {"mine"}},
+        {"", "a\r\na\r\n", {}, {"a", "a"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.now);
+        fakes::FakeSystem system;
+        SharedList list(kTypesFile);
+        list.Know();
+        EXPECT_EQ(list.WithOthersChanges(c.edited), std::nullopt) << "there is no file yet";
+        system.files.Have(kTypesFile, c.before);
+        list.Know();
+        EXPECT_EQ(list.WithOthersChanges(c.edited), std::nullopt);
+        system.files.Have(kTypesFile, c.now);
+        EXPECT_EQ(list.WithOthersChanges(c.edited), c.merged);
+        EXPECT_EQ(list.WithOthersChanges(c.merged), std::nullopt) << "once only";
+    }
 }
 
 TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {

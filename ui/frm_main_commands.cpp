@@ -1,4 +1,5 @@
 #include "engine/endings.h"
+#include "engine/folder_claim.h"
 #include "engine/http_exchange.h"
 #include "engine/scheduler.h"
 #include "engine/site_start.h"
@@ -21,13 +22,16 @@ namespace {
 /// In twips: what a warning and its link take at least.
 constexpr int kLeastAddressLine = 4200;
 
-/// A crawl from the address box, before a wizard has chosen a folder, goes into the stored one.
+/// Whether a crawl may start into the target folder. A crawl from the address box, before a wizard
+/// has chosen a folder, goes into the stored one.
 bool FolderIsReady() {
-    if (!crawl::TargetFolder.empty()) return true;
-    const std::string stored = bas_General::NormalizeFolder(bas_General::StoredFolder());
-    if (bas_General::PrepareTargetFolder(stored)) return true;
-    crawl::TargetFolder.clear();
-    return false;
+    if (crawl::TargetFolder.empty() &&
+        !bas_General::PrepareTargetFolder(
+            bas_General::NormalizeFolder(bas_General::StoredFolder()))) {
+        crawl::TargetFolder.clear();
+        return false;
+    }
+    return bas_Connections::ClaimTargetFolder();
 }
 
 }  // namespace

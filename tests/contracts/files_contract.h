@@ -149,4 +149,19 @@ TEST_P(FilesContract, KnowsWhatLiesInside) {
     EXPECT_FALSE(files.IsInside(In("a"), ""));
 }
 
+TEST_P(FilesContract, AFolderIsClaimedOnceAtATime) {
+    for (const char* folder : {"a", "b"}) {
+        ASSERT_TRUE(files.CreateFolder(In(folder)));
+    }
+    auto claim = files.ClaimFolder(In("a\\"));
+    ASSERT_NE(claim, nullptr);
+    EXPECT_EQ(files.ClaimFolder(In("b\\..\\a")), nullptr);
+    EXPECT_NE(files.ClaimFolder(In("b")), nullptr);
+    EXPECT_EQ(files.Subfolders(In("a")), std::vector<std::string>());
+    files.DeleteBySuffix(In("a"), "");
+    EXPECT_EQ(files.ClaimFolder(In("a")), nullptr) << "no file of the folder stands for the claim";
+    claim.reset();
+    EXPECT_NE(files.ClaimFolder(In("a")), nullptr);
+}
+
 }  // namespace contracts

@@ -166,6 +166,22 @@ class TargetFolder(FaultTest):
             self.assertEqual(crawl.wait(20), 1, folder)
             self.assertIn("That is an invalid directory. Check it has no invalid characters.", crawl.output())
 
+    def test_a_folder_that_another_download_fills(self):
+        with ScriptedServer({b"/": silent}) as server:
+            first = self.start()
+            wait_until(lambda: server.requests, what="the first download's request")
+            before = tree(self.mirror)
+            second = self.start(folder=self.mirror / "../mirror")
+            self.assertEqual(second.wait(), 1)
+            self.assertIn("Folder in Use Another download is being saved in this folder.", second.output())
+            self.assertEqual((len(server.requests), tree(self.mirror)), (1, before))
+            first.process.kill()
+            first.wait()
+            third = self.start()
+            wait_until(lambda: len(server.requests) == 2, what="the third download's request")
+            third.process.kill()
+            third.wait()
+
     def test_a_folder_that_vanishes(self):
         names = [b"dir/file%d.html" % i for i in range(40)]
 

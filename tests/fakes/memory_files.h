@@ -111,6 +111,13 @@ class MemoryFiles : public platform::Files {
         return false;
     }
 
+    std::unique_ptr<platform::FolderClaim> ClaimFolder(std::string_view folder) override {
+        if (!claimed->insert(Key(folder)).second) return nullptr;
+        return std::make_unique<Claim>(claimed, Key(folder));
+    }
+    /// The folders that are claimed; a test adds one that another program has.
+    std::shared_ptr<std::set<std::string>> claimed = std::make_shared<std::set<std::string>>();
+
   private:
     struct Reader : platform::FolderReader {
         std::deque<Entry> entries;
@@ -122,6 +129,13 @@ class MemoryFiles : public platform::Files {
         }
     };
 
+    struct Claim : platform::FolderClaim {
+        Claim(std::shared_ptr<std::set<std::string>> all, std::string key)
+            : claimed(std::move(all)), folder(std::move(key)) {}
+        ~Claim() override { claimed->erase(folder); }
+        std::shared_ptr<std::set<std::string>> claimed;
+        std::string folder;
+    };
     /// "" for what is no path, which is never there.
     static std::string Key(std::string_view path) {
         return platform::ResolvePathText(path).value_or("");

@@ -66,6 +66,21 @@ TEST_F(FilterDialogTest, ClearsAllAfterAQuestion) {
                 "Clear Filters");
 }
 
+TEST_F(FilterDialogTest, TakesOverWhatAnotherCopyOfTheProgramHasStored) {
+    bas_General::StoreKeywordFilters({"A", "B"});
+    system.files.Have("c:\\program\\filters.txt", "A\r\nB\r\nC\r\n");
+    dialog = ui::zFilter::ShowOver(nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+    EXPECT_EQ(ItemsOf(*dialog, "List1"), (Keywords{"A", "B", "C"}));
+    Add("mine");
+    system.files.Have("c:\\program\\filters.txt", "B\r\nC\r\nD\r\n");
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(dialog, &back);
+    EXPECT_EQ(ItemsOf(*dialog, "List1"), (Keywords{"B", "C", "MINE", "D"}));
+    dialog->close();
+    EXPECT_EQ(Stored(), "B\r\nC\r\nMINE\r\nD\r\n");
+}
+
 TEST_F(FilterDialogTest, KeepsTheListEvenWhenItsParentGoes) {
     auto parent = std::make_unique<QWidget>();
     Open({"OLD"}, parent.get());

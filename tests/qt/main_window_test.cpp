@@ -1,3 +1,4 @@
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QLabel>
 #include <QMenu>
@@ -6,6 +7,7 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+#include "engine/endings.h"
 #include "setup/settings.h"
 #include "tests/qt/window_bench.h"
 #include "ui/activity_light.h"
@@ -103,6 +105,9 @@ TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     Window().ChooseConnections(23);
     QTest::keyClick(&count, Qt::Key_Down);
     EXPECT_EQ(Window().TxtMax(), "24");
+    type("12");
+    QTest::keyClick(&count, Qt::Key_Down);
+    EXPECT_EQ(Window().TxtMax(), "13") << "a step goes on from what was typed";
 
     // Only choosing a count clears the rows beyond it.
     Window().SetRowStatus(5, "Downloading");
@@ -170,6 +175,62 @@ TEST_F(MainWindow, SaysHowFarItIsAndWhatComesNext) {
     EXPECT_EQ(progress(), "1 of 3 files found so far");
 }
 
+TEST_F(MainWindow, APauseEndsWithTheSite) {
+    Open();
+    StartByKeys("silent.com");
+    bool paused_behind_the_box = true;
+    system.boxes.while_open = [&] {
+        paused_behind_the_box = QApplication::activeModalWidget() != nullptr;
+    };
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [] { bas_Connections::SiteComplete(); });
+        Choose("mnupause");
+        QCoreApplication::exit();
+    });
+    QCoreApplication::exec();
+    EXPECT_EQ(system.boxes.asked.back().title, "Done.");
+    EXPECT_EQ(system.boxes.waits, 1) << "nobody has just asked for it";
+    EXPECT_FALSE(paused_behind_the_box);
+    EXPECT_FALSE(Window().tmrMove().Enabled()) << "there is nothing to go on with";
+}
+
+TEST_F(MainWindow, TheKeyboardGoesToTheListWhenACrawlBegins) {
+    Open();
+    for (const char* list : {"List1", "List2"}) {
+        if (list == std::string("List2")) Click("OtherLinks");
+        for (const char* start : {"Text1", "Command1"}) {
+            The<QWidget>(start).setFocus();
+            QTest::keyClick(&The<QWidget>(start),
+                            start == std::string("Text1") ? Qt::Key_Return : Qt::Key_Space);
+            ASSERT_FALSE(Window().Command1Enabled());
+            EXPECT_EQ(Window().focusWidget(), &The<QWidget>(list)) << start;
+            bas_Connections::StopNOW();
+        }
+    }
+}
+
+TEST_F(MainWindow, AsksBeforeTwoCrawlsFillOneFolder) {
+    Open();
+    crawl::TargetFolder = "c:\\mine\\";
+    for (const bool taken : {true, false}) {
+        if (taken) system.files.claimed->insert("c:\\mine");
+        StartByKeys("site.com");
+        EXPECT_EQ(Window().Command1Enabled(), taken) << "nobody said yes";
+        ASSERT_EQ(system.boxes.asked.size(), 1U);
+        EXPECT_EQ(system.boxes.asked[0].title, "Folder in Use");
+        if (taken) system.files.claimed->clear();
+    }
+    EXPECT_EQ(system.files.claimed->size(), 1U);
+    bas_Connections::StopNOW();
+    EXPECT_TRUE(system.files.claimed->empty());
+}
+
+TEST_F(MainWindow, HasNoMinimumSize) {
+    Open();
+    Window().resize(1, 1);
+    EXPECT_EQ(Window().size(), QSize(1, 1));
+}
+
 TEST_F(MainWindow, SaysWhenNoFileCameAtAll) {
     pages = {{"/", "a"}};
     Open();
@@ -211,13 +272,30 @@ TEST_F(MainWindow, WarnsOfAnAddressWhereThereIsRoom) {
     EXPECT_FALSE(line.isVisible()) << "the crawl has its address";
 }
 
+/// How far the farthest colour of an icon stands out from a button.
+double StandsOut(const QIcon& icon, QIcon::Mode mode) {
+    const QImage image = icon.pixmap(QSize(48, 48), 1, mode).toImage();
+    double farthest = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor colour = image.pixelColor(x, y);
+            if (colour.alpha() < 255) continue;
+            farthest = std::max(
+                farthest, ui::Contrast(colour, QApplication::palette().color(QPalette::Button)));
+        }
+    }
+    return farthest;
+}
+
 TEST_F(MainWindow, IsReadableOnLightAndDarkDesktops) {
     const QPalette usual = QApplication::palette();
     for (const bool dark : {false, true}) {
         SCOPED_TRACE(dark ? "dark" : "light");
-        QApplication::setPalette(dark ? QPalette(QColor(0x32, 0x30, 0x30))
-                                      : QPalette(Qt::lightGray));
+        QPalette colours = dark ? QPalette(QColor(0x32, 0x30, 0x30)) : QPalette(Qt::lightGray);
+        colours.setColor(QPalette::AlternateBase, Qt::gray);  // too strong to be read on
+        colours.setColor(QPalette::PlaceholderText, Qt::gray);
         Open();
+        QApplication::setPalette(colours);
         for (const char* name : {"x1", "l1", "Label7", "Next"}) {
             const auto& label = The<ui::ElidedLabel>(name);
             EXPECT_GE(
@@ -233,11 +311,25 @@ TEST_F(MainWindow, IsReadableOnLightAndDarkDesktops) {
                                Window().palette().color(QPalette::Window)),
                   4.5);
         The<QLineEdit>("Text1").clear();
-        StartByKeys("silent.com");
-        const QPalette& running = The<QLineEdit>("Text1").palette();
-        EXPECT_GE(ui::Contrast(running.color(QPalette::Disabled, QPalette::Text),
-                               running.color(QPalette::Disabled, QPalette::Base)),
+
+        QWidget& rows = *The<QLabel>("l2").parentWidget();
+        const QColor stripe = rows.grab().toImage().pixelColor(1, The<QLabel>("l2").y() + 1);
+        EXPECT_NE(stripe, rows.palette().color(QPalette::Base));
+        EXPECT_GE(ui::Contrast(The<ui::ElidedLabel>("l2").TextColour(), stripe), 4.5);
+
+        const QPalette& box = The<QLineEdit>("Text1").palette();
+        const QPalette& menu =
+            dynamic_cast<QMenu&>(*The<QAction>("mnupause").associatedObjects().first()).palette();
+        EXPECT_GE(ui::Contrast(box.color(QPalette::PlaceholderText), box.color(QPalette::Base)),
                   4.5);
+        EXPECT_GE(ui::Contrast(box.color(QPalette::Disabled, QPalette::Text),
+                               box.color(QPalette::Disabled, QPalette::Base)),
+                  4.5);
+        EXPECT_GE(ui::Contrast(menu.color(QPalette::Disabled, QPalette::Text),
+                               menu.color(QPalette::Disabled, QPalette::Window)),
+                  4.5);
+        EXPECT_LT(StandsOut(The<QPushButton>("Command2").icon(), QIcon::Disabled),
+                  StandsOut(The<QPushButton>("Command1").icon(), QIcon::Normal));
         QApplication::setPalette(usual);
         holder.Reload();
     }
@@ -249,6 +341,19 @@ TEST_F(MainWindow, TellsItsConnectionsToAScreenReader) {
     Window().SetRowReceived(3, "12.0 KB");
     QAccessibleInterface* row = QAccessible::queryAccessibleInterface(&The<QLabel>("l3"));
     EXPECT_EQ(row->text(QAccessible::Name), "Connection 3: Downloading www.site.com/a, 12.0 KB");
+
+    QAccessibleInterface* count = QAccessible::queryAccessibleInterface(&The<QComboBox>("txtMax"));
+    EXPECT_EQ(count->role(), QAccessible::ComboBox);
+    EXPECT_EQ(count->text(QAccessible::Name), "How many connections?");
+    EXPECT_EQ(count->text(QAccessible::Value), "4");
+    ASSERT_EQ(count->childCount(), 2);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(count->indexOfChild(count->child(i)), i);
+    EXPECT_EQ(count->child(1)->text(QAccessible::Name), "How many connections?");
+    count->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(count->state().expanded);
+    count->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_FALSE(count->state().expanded);
 }
 
 TEST_F(MainWindow, KeepsWhatIsBeingTypedWhenTheWindowComesBack) {
@@ -273,15 +378,23 @@ TEST_F(MainWindow, KeepsWhatIsBeingTypedWhenTheWindowComesBack) {
 TEST_F(MainWindow, TheWheelTurnsTheConnectionsOnlyWithTheFocus) {
     Open();
     auto& count = The<QComboBox>("txtMax");
+    EXPECT_FALSE(count.lineEdit()->hasSelectedText()) << "looks as if it had the focus";
     for (const bool focused : {false, true}) {
-        if (focused) count.setFocus();
+        if (focused) {
+            count.setFocus();
+            count.lineEdit()->setText("12");
+        }
         const QPointF place = QRectF(count.rect()).center();
         QWheelEvent wheel(place, count.mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
                           Qt::NoModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&count, &wheel);
-        EXPECT_EQ(Window().TxtMax(), focused ? "5" : "4");
+        EXPECT_EQ(Window().TxtMax(), focused ? "13" : "4");
         EXPECT_EQ(count.hasFocus(), focused);
     }
+    count.lineEdit()->setText("20");
+    count.showPopup();
+    EXPECT_EQ(count.view()->currentIndex().data().toString(), "20");
+    count.hidePopup();
 }
 
 TEST_F(MainWindow, StartsNothingInAFolderThatCannotBeWritten) {

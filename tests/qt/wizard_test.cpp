@@ -193,6 +193,39 @@ TEST_F(WizardTest, SetDefaultAsksAndSavesAtOnce) {
     EXPECT_EQ(system.files.At(kTypesFile).size(), 74U);
 }
 
+TEST_F(WizardTest, TakesOverTheTypesThatAnotherCopyOfTheProgramHasStored) {
+    OpenWithTypes(".htm\r\n.gif\r\n");
+    AddType(".css");
+    system.files.Have(kTypesFile, ".gif\r\n.svg\r\n");
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(wizard.get(), &back);
+    EXPECT_EQ(Types(), (Items{".gif", ".css", ".svg"}));
+    Click("Command2");
+    EXPECT_EQ(system.files.At(kTypesFile), ".gif\r\n.css\r\n.svg\r\n");
+}
+
+TEST_F(WizardTest, AsksBeforeTwoCrawlsFillOneFolder) {
+    system.files.claimed->insert("c:\\Websites");
+    for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
+        OpenWithTypes(".old\r\n");
+        AddType("new");
+        Retype(TxtUrl(), "http://site.com/a");
+        system.boxes.answers = {answer};
+        Click("Command1");
+        ExpectAsked(
+            "Another download is being saved in this folder. Both would change each other's "
+            "files.\r\n\r\nWould you like to save this one there all the same?",
+            BoxStyle::StopYesNo, "Folder in Use");
+        const bool yes = answer == BoxAnswer::Yes;
+        EXPECT_EQ(wizard->isVisible(), !yes);
+        EXPECT_EQ(window.text1, yes ? "www.site.com/a" : "");
+        EXPECT_EQ(system.files.At(kTypesFile), yes ? ".old\r\n.new\r\n" : ".old\r\n");
+    }
+    Open();
+    Click("Command2");  // starts nothing
+    EXPECT_EQ(system.boxes.asked.size(), 2U);
+}
+
 TEST_F(WizardTest, AListOfOneObeysItsKeys) {
     OpenWithTypes(".htm\r\n");
     auto* types = Find<QListWidget>(*wizard, "List1");
@@ -218,6 +251,7 @@ TEST_F(WizardTest, SaysWhatTheAddressWillAskFor) {
     for (const auto& [typed, hint] : hints) {
         Retype(TxtUrl(), typed);
         EXPECT_EQ(Find<QLabel>(*wizard, "AddressHint")->text(), hint);
+        EXPECT_EQ(TxtUrl()->accessibleDescription(), hint) << "for who cannot see the line";
         EXPECT_TRUE(AddressLink()->isHidden());
     }
 }
@@ -348,6 +382,7 @@ TEST_F(WizardTest, SaysWhereTheHostHasTheFolder) {
     for (const auto& [typed, text] : shown) {
         Retype(TxtDir(), typed);
         EXPECT_EQ(Find<QLabel>(*wizard, "SystemFolder")->text(), text) << typed;
+        EXPECT_EQ(TxtDir()->accessibleDescription(), text);
     }
 }
 #endif
