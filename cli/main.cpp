@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "cli/command_line.h"
+#include "cli/exit_watch.h"
 #include "cli/output_stream.h"
 #include "cli/system_services.h"
 #include "cli/terminal.h"
@@ -101,9 +102,12 @@ int RunWindow(int argc, char** argv) {
     platform::QtMessageBoxes boxes;
     cli::SystemServices system(settings, boxes);
     ui::WindowHolder holder(system.Events(), {ShowWizard, MakeSocket});
+    const cli::ExitWatch exit_watch(holder);
     holder.Load();
     holder.Show();
-    return QApplication::exec();
+    const int exit_code = QApplication::exec();
+    holder.Exit(exit_code);  // unless it has
+    return exit_code;
 }
 
 /// Qt warns about what an environment without a desktop lacks, which an unattended run does not

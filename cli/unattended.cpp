@@ -4,9 +4,9 @@
 #include <QElapsedTimer>
 #include <QTimer>
 #include <csignal>
-#include <cstdlib>
 #include <optional>
 
+#include "cli/ending_signals.h"
 #include "cli/report_file.h"
 #include "crawl/crawl_state.h"
 #include "crawl/report_text.h"
@@ -28,32 +28,6 @@ namespace {
 
 constexpr int kCheckMilliseconds = 50;
 constexpr int kProgressMilliseconds = 1000;
-
-#ifdef _WIN32
-constexpr int kEndingSignals[] = {SIGINT, SIGTERM};
-#else
-constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
-#endif
-volatile std::sig_atomic_t g_signal = 0;
-
-/// The first signal ends the run tidily; a second one, at once.
-extern "C" void NoteSignal(int number) {
-    if (g_signal != 0) std::_Exit(128 + number);
-    g_signal = number;
-#ifdef _WIN32
-    std::signal(number, NoteSignal);  // each is told of once there
-#endif
-}
-
-void HandleSignals() {
-    for (const int number : kEndingSignals) {
-        // What whoever started the program wants ignored, as nohup does, stays ignored.
-        if (std::signal(number, SIG_IGN) != SIG_IGN) std::signal(number, NoteSignal);
-    }
-#ifndef _WIN32
-    std::signal(SIGPIPE, SIG_IGN);  // the terminal notices
-#endif
-}
 
 std::string Progress() {
     const auto queued = static_cast<std::int64_t>(crawl::List1.Count());
@@ -137,8 +111,8 @@ class Watch {
     }
 
     void StopIfAsked() {
-        if (g_signal == 0 && !terminal_.ReaderGone()) return;
-        exit_code_ = g_signal != 0 ? 128 + g_signal : kExitReaderGone;
+        if (EndingSignal() == 0 && !terminal_.ReaderGone()) return;
+        exit_code_ = EndingSignal() != 0 ? ExitCodeOf(EndingSignal()) : kExitReaderGone;
         bas_Connections::StopNOW();
     }
 
@@ -190,7 +164,10 @@ int RunCrawl(const CrawlOrder& order, ui::WindowHolder& holder, ReportFile& repo
 }  // namespace
 
 int RunUnattended(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& terminal) {
-    HandleSignals();
+    NoteEndingSignals();
+#ifndef _WIN32
+    std::signal(SIGPIPE, SIG_IGN);  // the terminal notices
+#endif
     WarnOf(order.site);
     int exit_code = kExitUnusable;
     ReportFile report;

@@ -118,6 +118,7 @@ void AskStop() {
                    "Stop Download")) {
         return;
     }
+    engine::Window().ShowCleaningUp();
     StopNOW();
     crawl::Stopping = true;
     engine::Window().Reload();
@@ -138,13 +139,18 @@ void Resume() {
 bool Form_Unload() {
     if (crawl::Stopping) return true;
     if (!Confirmed("Are you sure you want to exit?", "Exit Vantorin")) return false;
+    CleanUpForExit();
+    return true;
+}
+
+void CleanUpForExit() {
+    engine::Window().ShowCleaningUp();
     if (engine::CrawlIsRunning()) StopNOW();
     bas_Output::RemoveTempFiles();
     platform::System().events.DoEvents();
     engine::Window().tmrMove().SetEnabled(false);
     CloseAllSockets();
     engine::Window().ShowList1();
-    return true;
 }
 
 std::string FormatCount(std::int64_t count) {

@@ -35,6 +35,9 @@ void Resume();
 /// True means that the crawl has been stopped and cleaned up.
 bool Form_Unload();
 
+/// The same as if the question had been answered with Yes.
+void CleanUpForExit();
+
 /// A count as the counters show it, "," between groups of three digits.
 std::string FormatCount(std::int64_t count);
 

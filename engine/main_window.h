@@ -46,6 +46,10 @@ class MainWindow {
 
     virtual void ShowList1() = 0;
 
+    /// Says that placeholders are being deleted, which may take a while, and waits until that can
+    /// be seen and the box that was answered is gone. Nothing of the crawl happens meanwhile.
+    virtual void ShowCleaningUp() = 0;
+
     /// Shows the pause dialog and waits until it closes.
     virtual void ShowPauseDialog() = 0;
 

@@ -76,10 +76,17 @@ void frmMain::closeEvent(QCloseEvent* event) {
     asking_exit_ = true;
     const bool leaves = bas_Connections::Form_Unload();
     asking_exit_ = false;
-    if (!leaves) return;
+    if (!leaves || retired_) return;
     Retire();
     event->accept();
     QCoreApplication::exit();
+}
+
+void frmMain::Leave(int exit_code) {
+    bas_Connections::CleanUpForExit();
+    Retire();
+    hide();
+    QCoreApplication::exit(exit_code);
 }
 
 std::string frmMain::Text1() const {
@@ -171,6 +178,17 @@ void frmMain::SetRowReceived(int slot, const std::string& text) {
 
 void frmMain::ShowList1() {
     ShowOtherLinks(false);
+}
+
+void frmMain::ShowCleaningUp() {
+    // Without a crawl there is next to nothing to delete.
+    if (!engine::CrawlIsRunning() || !isVisible()) return;
+    progress_->SetWords("Cleaning up...");
+    holder_.LetScreenCatchUp();
+}
+
+bool frmMain::CatchingUp() const {
+    return holder_.IsCatchingUp();
 }
 
 void frmMain::ShowPauseDialog() {

@@ -47,6 +47,10 @@ class frmMain : public QMainWindow, public engine::MainWindow {
 
     /// Unloads the window: no event of it reaches the crawl any more.
     void Retire();
+    bool IsRetired() const { return retired_; }
+
+    /// Stops and cleans up what is running, unasked, and ends the program with `exit_code`.
+    void Leave(int exit_code);
 
     /// As if N had been chosen from the list of `txtMax`.
     void ChooseConnections(int count);
@@ -75,6 +79,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void SetRowSize(int slot, const std::string& text) override;
     void SetRowReceived(int slot, const std::string& text) override;
     void ShowList1() override;
+    void ShowCleaningUp() override;
     void ShowPauseDialog() override;
     void Reload() override;
 
@@ -125,11 +130,14 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     int OpenConnections() const;
     QString WordsOnProgress(std::int64_t done, std::int64_t known) const;
 
-    /// `handler` as it is to be hung up everywhere: an unloaded window does nothing any more.
+    bool CatchingUp() const;
+
+    /// `handler` as it is to be hung up everywhere: an unloaded window does nothing any more, and
+    /// one that only lets the screen catch up, nothing for the moment.
     template <typename Handler>
     auto WhileLoaded(Handler handler) {
         return [this, handler] {
-            if (!retired_) handler();
+            if (!retired_ && !CatchingUp()) handler();
         };
     }
     template <typename Sender, typename Signal, typename Handler>

@@ -42,6 +42,10 @@ ProgressStrip::ProgressStrip(QWidget* parent)
 void ProgressStrip::Show(std::int64_t done, std::int64_t known, const QString& words) {
     bar_->setVisible(known > 0);
     if (known > 0) bar_->setValue(static_cast<int>(std::min(done, known) * kSteps / known));
+    SetWords(words);
+}
+
+void ProgressStrip::SetWords(const QString& words) {
     said_ = words;
     ShowWords();
 }

@@ -19,6 +19,9 @@ class ProgressStrip : public QWidget {
     /// Shows `words`, and of `known` files `done`; no bar when none are known.
     void Show(std::int64_t done, std::int64_t known, const QString& words);
 
+    /// Changes the words alone.
+    void SetWords(const QString& words);
+
     /// Shows `warning` in the place of the words until it is "".
     void Warn(const QString& warning);
 

@@ -1,6 +1,7 @@
 #include "ui/window_holder.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QThread>
 
 #include "crawl/crawl_state.h"
@@ -12,7 +13,17 @@ namespace ui {
 
 namespace {
 constexpr int kLookAgainMilliseconds = 10;
+
+/// What a desktop takes to remove a box and to have painted what lay beneath.
+constexpr int kCatchUpMilliseconds = 60;
+
+/// Each dialog closes as if by its frame, so that it stores what it stores then.
+void CloseDialogs() {
+    while (QWidget* const dialog = QApplication::activeModalWidget()) {
+        if (!dialog->close()) return;
+    }
 }
+}  // namespace
 
 WindowHolder::WindowHolder(const platform::QtEventLoop& events, Hooks hooks)
     : events_(events), hooks_(std::move(hooks)) {
@@ -89,6 +100,20 @@ void WindowHolder::OpenWizard() {
     wizard_open_ = true;
     hooks_.show_wizard(*current_);
     wizard_open_ = false;
+}
+
+void WindowHolder::Exit(int exit_code) {
+    if (catching_up_ || current_->IsRetired()) return;
+    CloseDialogs();
+    current_->Leave(exit_code);
+}
+
+void WindowHolder::LetScreenCatchUp() {
+    catching_up_ = true;
+    QEventLoop painting;
+    QTimer::singleShot(kCatchUpMilliseconds, &painting, &QEventLoop::quit);
+    painting.exec(QEventLoop::ExcludeUserInputEvents);
+    catching_up_ = false;
 }
 
 }  // namespace ui

@@ -50,6 +50,17 @@ class WindowHolder : public QObject {
     /// Shows the wizard unless one is open.
     void OpenWizard();
 
+    /// Ends the program with `exit_code` as if the exit question had been answered with Yes,
+    /// whatever is open. Nothing when it is ending already.
+    void Exit(int exit_code);
+
+    /// Lets the screen show what has changed. No key, no click and nothing of the crawl is heeded
+    /// meanwhile.
+    void LetScreenCatchUp();
+
+    /// Whether that is so right now.
+    bool IsCatchingUp() const { return catching_up_; }
+
     /// Makes one socket for a window.
     std::unique_ptr<platform::Socket> MakeSocket() const { return hooks_.make_socket(); }
 
@@ -68,6 +79,7 @@ class WindowHolder : public QObject {
     std::vector<std::unique_ptr<frmMain>> unloaded_;
     bool activated_ = false;
     bool wizard_open_ = false;
+    bool catching_up_ = false;
     QTimer waiting_;  ///< runs while there is something to do once the stack has unwound
 };
 

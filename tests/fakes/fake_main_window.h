@@ -55,6 +55,7 @@ class FakeMainWindow : public engine::MainWindow {
     void SetRowSize(int slot, const std::string& text) override { rows[slot].size = text; }
     void SetRowReceived(int slot, const std::string& text) override { rows[slot].received = text; }
     void ShowList1() override { list1_shown = true; }
+    void ShowCleaningUp() override {}
     void ShowPauseDialog() override { ++pause_dialogs; }
     /// Connects all sockets, also those of later loads, to in-memory servers.
     void JoinNetwork(FakeNetwork& network) {

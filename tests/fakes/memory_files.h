@@ -28,6 +28,7 @@ class MemoryFiles : public platform::Files {
     std::set<std::string> read_only;            ///< folders in which nothing is written or made
     std::function<void(std::string)> on_write;  ///< told the resolved text before every write
     std::function<void(std::string)> on_look;   ///< told it whenever something is asked or made
+    std::function<void()> on_sweep;             ///< told before files go by the end of their names
 
     /// Sets the scene: makes a folder with all its parents, or a file in such a folder.
     void Have(std::string_view folder) {
@@ -77,6 +78,7 @@ class MemoryFiles : public platform::Files {
         return !read_only.contains(Parent(Key(path))) && files.erase(Key(path)) > 0;
     }
     void DeleteBySuffix(std::string_view folder, std::string_view suffix) override {
+        if (on_sweep) on_sweep();
         std::erase_if(files, [&](const auto& file) {
             return Parent(file.first) == Key(folder) && file.first.ends_with(suffix);
         });

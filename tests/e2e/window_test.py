@@ -1,0 +1,77 @@
+"""The program in its window when others end it: no placeholder stays that would count as a known file."""
+
+import shutil
+import signal
+import unittest
+
+from tests.e2e import private_network
+from tests.e2e.desktop import MAIN, WIZARD, Desktop
+from tests.e2e.program import copy_program, tree, wait_until
+from tests.e2e.web import ScriptedServer, links_to, page
+
+LINKS = [b"folder%d/page%d.html" % (i % 7, i) for i in range(300)]
+
+
+def silent(_, ending):
+    ending.wait()
+
+
+class EndedByOthers(unittest.TestCase):
+    def setUp(self):
+        self.folder = private_network.scratch("window")
+        self.mirror = self.folder / "home/mirror"
+        self.mirror.mkdir(parents=True)
+        self.desktop = Desktop(self.folder / "home")
+        self.addCleanup(self.desktop.close)
+        silent_pages = {b"/" + link: silent for link in LINKS}
+        self.enterContext(ScriptedServer({b"/": page(links_to(*LINKS))} | silent_pages))
+        self.program = copy_program(self.folder / "program")
+
+    def start(self):
+        running = self.desktop.start(self.program)
+        self.addCleanup(running.kill)
+        self.desktop.await_window(WIZARD)
+        return running
+
+    def start_a_crawl(self):
+        running = self.start()
+        self.desktop.type("www.example.test")
+        self.desktop.press("Tab")
+        self.desktop.type(str(self.mirror))
+        self.desktop.press("Return")
+        self.desktop.await_window(MAIN)
+        wait_until(lambda: len(self.placeholders()) == len(LINKS), what="the queue")
+        return running
+
+    def placeholders(self):
+        return [path for path in tree(self.mirror) if path.endswith(b".tmp")]
+
+    def test_signals(self):
+        for number, keys, title in ((signal.SIGTERM, "F1", "About"), (signal.SIGHUP, "ctrl+p", "Paused"),
+                                    (signal.SIGINT, "ctrl+q", "Exit Vantorin")):
+            with self.subTest(number=number):
+                running = self.start_a_crawl()
+                self.desktop.press(keys)
+                self.desktop.await_window(title)
+                running.send_signal(number)
+                self.assertEqual(running.wait(30), 128 + number)
+                self.assertEqual(self.placeholders(), [])
+                self.assertIn(b"example.test/index.html", tree(self.mirror))
+                shutil.rmtree(self.mirror / "example.test")  # only folders that a crawl made itself are swept
+
+    def test_a_signal_while_the_wizard_is_open(self):
+        running = self.start()
+        self.desktop.press("Tab", "Tab", "Tab", "space")  # the options
+        running.send_signal(signal.SIGTERM)
+        self.assertEqual(running.wait(30), 128 + signal.SIGTERM)
+
+    def test_a_display_that_goes_away(self):
+        running = self.start_a_crawl()
+        self.desktop.server.kill()
+        self.assertEqual(running.wait(30), 1)
+        self.assertEqual(self.placeholders(), [])
+
+
+if __name__ == "__main__":
+    private_network.enter()
+    unittest.main(verbosity=2)
