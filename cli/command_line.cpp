@@ -16,7 +16,8 @@ namespace {
 constexpr int kBadArguments = 2;
 
 CommandLine Refuse(const QString& why) {
-    return {CommandLine::Action::Print, {}, why + "\nTry \"vantorin --help\".\n", kBadArguments};
+    return {
+        CommandLine::Action::Print, {}, {}, why + "\nTry \"vantorin --help\".\n", kBadArguments};
 }
 
 std::optional<int> ReadConnections(const QString& text) {
@@ -42,6 +43,8 @@ struct Options {
     QCommandLineOption timeout{"timeout", "", "SECONDS"};
     QCommandLineOption report{"report", "", "FILE"};
     QCommandLineOption quiet{"quiet"};
+    QCommandLineOption search{"search", "", "WORDS"};
+    QCommandLineOption limit{"limit", "", "N"};
     QCommandLineOption help{{"h", "help"}};
     QCommandLineOption version{{"v", "version"}};
 };
@@ -50,6 +53,7 @@ struct Options {
 constexpr char kHelp[] =
     R"(Usage: vantorin
        vantorin --site ADDRESS --folder FOLDER [OPTION]...
+       vantorin --search WORDS --folder FOLDER [--limit N]
 
 Downloads a web site into a folder, for browsing without a network. The first
 form opens the program's window. The second one needs no display: it says on a
@@ -66,6 +70,12 @@ Options:
                       again, three times in all; 0 waits for ever (default: 15)
   --report FILE       write a line about each address, as comma-separated values
   --quiet             print only what became of the addresses, and faults
+  --search WORDS      search the copy in the folder instead: print a line for each
+                      page in which all words occur, whatever their case, the one
+                      with the most matches first: how many, its path, and words
+                      around the first one, with tabs between. "Several words"
+                      between double quotes are looked for as they stand.
+  --limit N           how many pages a search prints (default: 50)
   -h, --help          show this help
   -v, --version       show the program's version
 
@@ -77,6 +87,8 @@ Exit status:
   2    the options make no sense
   3    complete, but some addresses were unanswered, short, not written or too large
   4    complete, but not one file was saved
+  5    nothing was found; a search that finds something exits with 0, one in a
+       folder without a copy with 1
   129, 130, 143
        stopped by a signal: SIGHUP, SIGINT (Ctrl+C), SIGTERM
   141  stopped because whatever read the output has gone
@@ -100,7 +112,7 @@ Files:
 )";
 
 CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) {
-    CommandLine line{CommandLine::Action::Crawl, {}, {}, 0};
+    CommandLine line{CommandLine::Action::Crawl, {}, {}, {}, 0};
     const QString site = parser.value(options.site).trimmed();
     const QString folder = parser.value(options.folder);
     if (site.isEmpty()) return Refuse("No web site is given (--site ADDRESS).");
@@ -127,22 +139,48 @@ CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) 
     return line;
 }
 
+CommandLine SearchFrom(const QCommandLineParser& parser, const Options& options) {
+    CommandLine line{CommandLine::Action::Search, {}, {}, {}, 0};
+    const QString words = parser.value(options.search);
+    const QString folder = parser.value(options.folder);
+    for (const auto* other :
+         {&options.site, &options.connections, &options.timeout, &options.report, &options.quiet}) {
+        if (parser.isSet(*other)) {
+            return Refuse("--search goes with --folder and --limit, not with --" +
+                          other->names().first() + ".");
+        }
+    }
+    if (words.trimmed().isEmpty()) return Refuse("No words are given (--search WORDS).");
+    if (folder.trimmed().isEmpty()) return Refuse("No folder is given (--folder FOLDER).");
+    line.search.words = platform::ToBytes(words);
+    line.search.folder = platform::PathTextOf(platform::ToBytes(folder));
+    if (parser.isSet(options.limit)) {
+        bool is_number = false;
+        const int limit = parser.value(options.limit).toInt(&is_number);
+        if (!is_number || limit < 1) return Refuse("--limit takes a number from 1 on.");
+        line.search.limit = static_cast<std::size_t>(limit);
+    }
+    return line;
+}
+
 }  // namespace
 
 CommandLine ReadCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     const Options options;
     parser.addOptions({options.site, options.folder, options.connections, options.timeout,
-                       options.report, options.quiet, options.help, options.version});
+                       options.report, options.quiet, options.search, options.limit, options.help,
+                       options.version});
     if (!parser.parse(arguments)) return Refuse(parser.errorText());
-    if (parser.isSet(options.help)) return {CommandLine::Action::Print, {}, kHelp, 0};
+    if (parser.isSet(options.help)) return {CommandLine::Action::Print, {}, {}, kHelp, 0};
     if (parser.isSet(options.version)) {
-        return {CommandLine::Action::Print, {}, QString(ui::kNameAndVersion) + "\n", 0};
+        return {CommandLine::Action::Print, {}, {}, QString(ui::kNameAndVersion) + "\n", 0};
     }
     if (!parser.positionalArguments().isEmpty()) {
         return Refuse("Unknown argument \"" + parser.positionalArguments().first() + "\".");
     }
     if (parser.optionNames().isEmpty()) return {};
+    if (parser.isSet(options.search)) return SearchFrom(parser, options);
     return OrderFrom(parser, options);
 }
 

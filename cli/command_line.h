@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "cli/search_command.h"
+
 namespace cli {
 
 /// A crawl ordered on the command line.
@@ -18,11 +20,12 @@ struct CrawlOrder {
 
 /// What the command line asks for.
 struct CommandLine {
-    enum class Action { OpenWindow, Crawl, Print };
+    enum class Action { OpenWindow, Crawl, Search, Print };
     Action action = Action::OpenWindow;
-    CrawlOrder order;   ///< for `Crawl`
-    QString text;       ///< for `Print`
-    int exit_code = 0;  ///< for `Print`; 2 when the arguments are wrong
+    CrawlOrder order;    ///< for `Crawl`
+    SearchOrder search;  ///< for `Search`
+    QString text;        ///< for `Print`
+    int exit_code = 0;   ///< for `Print`; 2 when the arguments are wrong
 };
 
 /// Reads the command line; `arguments` begin with the program's name.

@@ -6,6 +6,7 @@
 #include "cli/command_line.h"
 #include "cli/exit_watch.h"
 #include "cli/output_stream.h"
+#include "cli/search_command.h"
 #include "cli/system_services.h"
 #include "cli/terminal.h"
 #include "cli/unattended.h"
@@ -16,6 +17,7 @@
 #include "platform/qt/local_text.h"
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_settings_store.h"
+#include "platform/system_files.h"
 #include "text/text.h"
 #include "ui/version.h"
 #include "ui/window_holder.h"
@@ -143,6 +145,10 @@ void GiveBackLargeBlocks() {
 #endif
 }
 
+int RunSearch(const cli::SearchOrder& order) {
+    return cli::RunSearch(order, platform::SystemFiles(""));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -163,6 +169,8 @@ int main(int argc, char** argv) {
             return Print(line);
         case CommandLine::Action::Crawl:
             return RunCrawl(line.order, argc, argv);
+        case CommandLine::Action::Search:
+            return RunSearch(line.search);
         case CommandLine::Action::OpenWindow:
             break;
     }

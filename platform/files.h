@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -33,6 +34,16 @@ class FolderReader {
     /// The next one, in any order; nothing at the end and on a fault. Whether it gives what comes
     /// or goes meanwhile is left open; it never gives one thing twice.
     virtual std::optional<Entry> Next() = 0;
+};
+
+/// Reads any part of a file, which may grow meanwhile.
+class FileReader {
+  public:
+    virtual ~FileReader() = default;
+
+    /// Reads up to `most` bytes from `offset` on into `to` and returns how many there were; 0 at
+    /// the end and on a fault.
+    virtual std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t most) = 0;
 };
 
 /// A folder is being filled by this process while this lives.
@@ -71,6 +82,9 @@ class Files {
         const auto length = FileLength(path);
         return length && *length <= longest ? ReadFile(path) : std::nullopt;
     }
+
+    /// Reads a file part by part; null when it cannot be opened.
+    virtual std::unique_ptr<FileReader> OpenFile(std::string_view path) const = 0;
 
     /// Makes the file consist of `parts`, one after the other, whatever was there before. It is
     /// whole or untouched: on a fault (a full disk, say) the old file stays, and no new one is

@@ -49,6 +49,9 @@ std::optional<Path> FinalPath(const Path& path);
 /// be there; `errno` is EEXIST when it is.
 std::FILE* Open(const Path& path, const char* mode);
 
+/// Moves to `offset` bytes from the beginning.
+bool Seek(std::FILE* file, std::uint64_t offset);
+
 bool MakeFolder(const Path& path);
 
 /// The system's words for why the last call of its own failed; never "".

@@ -49,6 +49,10 @@ std::FILE* Open(const Path& path, const char* mode) {
     return std::fopen(path.c_str(), mode);
 }
 
+bool Seek(std::FILE* file, std::uint64_t offset) {
+    return fseeko(file, static_cast<off_t>(offset), SEEK_SET) == 0;
+}
+
 bool MakeFolder(const Path& path) {
     return mkdir(path.c_str(), 0777) == 0;
 }

@@ -163,6 +163,10 @@ std::FILE* Open(const Path& path, const char* mode) {
     return file < 0 ? nullptr : _fdopen(file, std::string(mode, 2).c_str());
 }
 
+bool Seek(std::FILE* file, std::uint64_t offset) {
+    return _fseeki64(file, static_cast<long long>(offset), SEEK_SET) == 0;
+}
+
 bool MakeFolder(const Path& path) {
     return CreateDirectoryW(path.c_str(), nullptr) != 0;
 }

@@ -79,6 +79,21 @@ std::optional<Path> FollowLinks(std::string_view path_text) {
     return std::nullopt;
 }
 
+class SystemFileReader : public FileReader {
+  public:
+    explicit SystemFileReader(std::FILE* file) : file_(file, std::fclose) {
+        std::setvbuf(file, nullptr, _IONBF, 0);
+    }
+
+    std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t most) override {
+        if (!native::Seek(file_.get(), offset)) return 0;
+        return std::fread(to, 1, most, file_.get());
+    }
+
+  private:
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;
+};
+
 class SystemFolderReader : public FolderReader {
   public:
     explicit SystemFolderReader(const Path& folder) : entries_(folder) {}
@@ -157,6 +172,14 @@ std::optional<std::string> SystemFiles::ReadShortFile(std::string_view path,
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
     if (std::ferror(file.get()) != 0) return std::nullopt;
     return bytes;
+}
+
+std::unique_ptr<FileReader> SystemFiles::OpenFile(std::string_view path) const {
+    const auto native_path = native::PathOf(path);
+    const auto status = native_path ? native::StatusOf(*native_path) : std::nullopt;
+    if (!status || !status->is_file) return nullptr;
+    std::FILE* const file = native::Open(*native_path, "rb");
+    return file == nullptr ? nullptr : std::make_unique<SystemFileReader>(file);
 }
 
 FileResult SystemFiles::WriteFile(std::string_view path,

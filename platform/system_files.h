@@ -23,6 +23,7 @@ class SystemFiles : public Files {
                          std::initializer_list<std::string_view> parts) override;
     FileResult AppendFile(std::string_view path,
                           std::initializer_list<std::string_view> parts) override;
+    std::unique_ptr<FileReader> OpenFile(std::string_view path) const override;
     bool WriteNewFile(std::string_view path,
                       std::initializer_list<std::string_view> parts) override;
     bool DeleteFile(std::string_view path) override;

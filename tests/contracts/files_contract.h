@@ -136,6 +136,25 @@ TEST_P(FilesContract, ReadsAFolderOneByOne) {
         EXPECT_EQ(files.OpenFolder(In(none)), nullptr);
 }
 
+TEST_P(FilesContract, ReadsPartsOfAFileThatGrows) {
+    ASSERT_TRUE(files.WriteFile(In("f"), {"0123456789"}));
+    ASSERT_TRUE(files.CreateFolder(In("a")));
+    const auto reader = files.OpenFile(In("f"));
+    ASSERT_NE(reader, nullptr);
+    const auto read = [&](std::uint64_t offset) {
+        char part[4];
+        return std::string(part, reader->ReadAt(offset, part, sizeof part));
+    };
+    EXPECT_EQ(read(8), "89");
+    EXPECT_EQ(read(3), "3456");
+    EXPECT_EQ(read(10), "");
+    EXPECT_EQ(read(1'000'000'000'000), "");
+    ASSERT_TRUE(files.AppendFile(In("f"), {"ab"}));
+    EXPECT_EQ(read(10), "ab");
+    for (const char* none : {"a", "nowhere", "f\\g"})
+        EXPECT_EQ(files.OpenFile(In(none)), nullptr) << none;
+}
+
 TEST_P(FilesContract, KnowsWhatLiesInside) {
     ASSERT_TRUE(files.CreateFolder(In("a")));
     ASSERT_TRUE(files.WriteFile(In("a\\file"), {}));

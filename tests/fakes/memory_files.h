@@ -92,6 +92,11 @@ class MemoryFiles : public platform::Files {
         }
         return names;
     }
+    std::unique_ptr<platform::FileReader> OpenFile(std::string_view path) const override {
+        Look(path);
+        if (!files.contains(Key(path))) return nullptr;
+        return std::make_unique<PartReader>(files, Key(path));
+    }
     std::unique_ptr<platform::FolderReader> OpenFolder(std::string_view folder) const override {
         Look(folder);
         if (!folders.contains(Key(folder))) return nullptr;
@@ -121,6 +126,17 @@ class MemoryFiles : public platform::Files {
     std::shared_ptr<std::set<std::string>> claimed = std::make_shared<std::set<std::string>>();
 
   private:
+    struct PartReader : platform::FileReader {
+        PartReader(const std::map<std::string, std::string>& all, std::string path)
+            : files(all), key(std::move(path)) {}
+        std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t most) override {
+            const auto file = files.find(key);
+            if (file == files.end() || offset >= file->second.size()) return 0;
+            return file->second.copy(to, most, static_cast<std::size_t>(offset));
+        }
+        const std::map<std::string, std::string>& files;
+        const std::string key;
+    };
     struct Reader : platform::FolderReader {
         std::deque<Entry> entries;
         std::optional<Entry> Next() override {

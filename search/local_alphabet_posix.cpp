@@ -1,0 +1,9 @@
+#include "search/local_alphabet.h"
+
+namespace search {
+
+Alphabet LocalAlphabet() {
+    return Alphabet();
+}
+
+}  // namespace search

@@ -1,0 +1,52 @@
+#include "search/snippet.h"
+
+#include <algorithm>
+
+namespace search {
+
+namespace {
+
+/// How many of a snippet's characters stand before the match, where there are enough after it.
+constexpr std::size_t kCharactersBefore = 50;
+
+bool IsBreak(char c) {
+    return c == ' ' || static_cast<unsigned char>(c) < 0x20;
+}
+
+/// How far back `count` characters reach from `at`, at most to the beginning of a line.
+std::size_t Back(std::string_view text, std::size_t at, std::size_t count,
+                 const Alphabet& alphabet) {
+    for (; count > 0 && at > 0 && text[at - 1] != '\n'; --count)
+        at = alphabet.Before(text, at);
+    return at;
+}
+
+/// How far `count` characters reach from `at` on, at most to the end of the line.
+std::size_t Forth(std::string_view text, std::size_t at, std::size_t count,
+                  const Alphabet& alphabet) {
+    for (; count > 0 && at < text.size() && text[at] != '\n'; --count)
+        at += alphabet.CharacterAt(text, at).length;
+    return at;
+}
+
+}  // namespace
+
+std::string SnippetAround(std::string_view text, Span match, const Alphabet& alphabet) {
+    std::size_t begin = Back(text, match.begin, kCharactersBefore, alphabet);
+    if (begin > 0 && !IsBreak(text[begin - 1])) {
+        const std::size_t blank = text.substr(0, match.begin).find(' ', begin);
+        if (blank != std::string_view::npos) begin = blank + 1;
+    }
+    std::size_t end = Forth(text, begin, kSnippetCharacters, alphabet);
+    if (end < text.size() && !IsBreak(text[end])) {
+        const std::size_t blank = text.substr(0, end).rfind(' ');
+        if (blank != std::string_view::npos && blank >= match.end) end = blank;
+    }
+    std::string snippet(text.substr(begin, end - begin));
+    std::replace_if(snippet.begin(), snippet.end(), IsBreak, ' ');
+    while (snippet.ends_with(' '))
+        snippet.pop_back();
+    return snippet;
+}
+
+}  // namespace search

@@ -1,0 +1,116 @@
+#include "search/term.h"
+
+#include <algorithm>
+
+#include "text/ascii.h"
+
+namespace search {
+
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+/// The letters and the blank, from the one that texts are fullest of.
+constexpr std::string_view kCommonBytes = " etaoinshrdlcumwfgypbvkxjqz";
+
+/// How common a byte is in texts, roughly: the more, the higher.
+std::size_t Commonness(char byte) {
+    const std::size_t rank = kCommonBytes.find(byte);
+    if (rank != kNone) return 2 * (kCommonBytes.size() - rank);
+    return static_cast<unsigned char>(byte) >= 0x80 ? 3 : 1;
+}
+
+}  // namespace
+
+Term::Term(std::string_view term, const Alphabet& alphabet) : alphabet_(&alphabet) {
+    for (std::size_t at = 0; at < term.size();) {
+        const Character character = alphabet.CharacterAt(term, at);
+        folded_.push_back(character.folded);
+        at += character.length;
+    }
+    const auto is_ascii = [](char32_t c) { return c < 0x80; };
+    if (std::all_of(folded_.begin(), folded_.end(), is_ascii)) {
+        ascii_.assign(folded_.begin(), folded_.end());
+    }
+    ChooseAnchor();
+}
+
+void Term::ChooseAnchor() {
+    std::size_t lowest = kNone;
+    for (std::size_t i = 0; i < folded_.size(); ++i) {
+        std::string bytes;
+        std::size_t commonness = 0;
+        for (const std::string& spelling : alphabet_->SpellingsOf(folded_[i])) {
+            if (bytes.find(spelling.back()) != kNone) continue;
+            bytes += spelling.back();
+            commonness += Commonness(spelling.back());
+        }
+        if (commonness >= lowest) continue;
+        lowest = commonness;
+        anchor_ = i;
+        anchor_bytes_ = bytes;
+    }
+}
+
+std::optional<Span> Term::MatchAround(std::string_view text, std::size_t anchor,
+                                      std::size_t from) const {
+    if (ascii_.empty()) return MatchCharacters(text, anchor, from);
+    // Most texts are mostly ASCII, where a byte is a character.
+    if (anchor < from + anchor_ || text.size() - anchor < ascii_.size() - anchor_) {
+        return MatchCharacters(text, anchor, from);
+    }
+    const std::size_t begin = anchor - anchor_;
+    for (std::size_t i = 0; i < ascii_.size(); ++i) {
+        const char c = text[begin + i];
+        if (static_cast<unsigned char>(c) >= 0x80) return MatchCharacters(text, anchor, from);
+        if (text::LowerLetter(c) != ascii_[i]) return std::nullopt;
+    }
+    return Span{begin, begin + ascii_.size()};
+}
+
+std::optional<Span> Term::MatchCharacters(std::string_view text, std::size_t anchor,
+                                          std::size_t from) const {
+    std::size_t begin = alphabet_->BeginOf(text, anchor);
+    for (std::size_t i = 0; i < anchor_; ++i) {
+        if (begin <= from) return std::nullopt;
+        begin = alphabet_->Before(text, begin);
+    }
+    if (begin < from) return std::nullopt;
+    std::size_t end = begin;
+    for (const char32_t folded : folded_) {
+        if (end == text.size()) return std::nullopt;
+        const Character character = alphabet_->CharacterAt(text, end);
+        if (character.folded != folded) return std::nullopt;
+        end += character.length;
+    }
+    return Span{begin, end};
+}
+
+TermFinder::TermFinder(const Term& term) : term_(&term), next_(term.AnchorBytes().size()) {}
+
+void TermFinder::Begin(std::string_view text) {
+    text_ = text;
+    anchor_ = 0;
+    std::fill(next_.begin(), next_.end(), 0);
+    for (std::size_t i = 0; i < next_.size(); ++i)
+        next_[i] = text.find(term_->AnchorBytes()[i]);
+}
+
+std::size_t TermFinder::AnchorFrom(std::size_t at) {
+    std::size_t first = kNone;
+    for (std::size_t i = 0; i < next_.size(); ++i) {
+        if (next_[i] < at) next_[i] = text_.find(term_->AnchorBytes()[i], at);
+        first = std::min(first, next_[i]);
+    }
+    return first;
+}
+
+std::optional<Span> TermFinder::From(std::size_t from) {
+    for (anchor_ = std::max(anchor_, from); true; ++anchor_) {
+        anchor_ = AnchorFrom(anchor_);
+        if (anchor_ == kNone) return std::nullopt;
+        if (const auto match = term_->MatchAround(text_, anchor_, from)) return match;
+    }
+}
+
+}  // namespace search
