@@ -14,7 +14,6 @@ class ActivityLight : public QWidget {
     explicit ActivityLight(QWidget* parent);
 
     void Show(State state);
-    State Shown() const { return state_; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -59,8 +59,8 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     bool ShowWizardOnActivate = false;
 
     platform::Socket& Sock(int slot) override { return *sockets_[slot]; }
-    platform::Timer& tmrOut(int slot) override { return timeouts_[slot]; }
-    platform::Timer& tmrMove() override { return move_timer_; }
+    platform::QtTimer& tmrOut(int slot) override { return timeouts_[slot]; }
+    platform::QtTimer& tmrMove() override { return move_timer_; }
     std::string Text1() const override;
     void SetText1(const std::string& address) override;
     void SetText1Enabled(bool enabled) override;

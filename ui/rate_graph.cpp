@@ -19,6 +19,11 @@ constexpr int kTextHeight = 195;
 constexpr int kMargin = 75;
 /// What fills the graph at least, in bytes per second: a few bytes must not look like a flood.
 constexpr std::int32_t kLeastScale = 1024;
+
+QString RateText(std::int32_t bytes_per_second) {
+    return platform::FromBytes(platform::StrFormatByteSize(bytes_per_second) + "/s");
+}
+
 }  // namespace
 
 RateGraph::RateGraph(QWidget* parent) : QWidget(parent), rates_(kSeconds, 0) {
@@ -33,7 +38,9 @@ void RateGraph::Sample(std::int32_t total_bytes) {
     last_total_ = total_bytes;
     rates_.pop_front();
     rates_.push_back(rate);
-    if (!was_quiet || rate != 0) update();
+    if (was_quiet && rate == 0) return;
+    setAccessibleDescription(RateText(rate));
+    update();
 }
 
 void RateGraph::paintEvent(QPaintEvent*) {
@@ -60,7 +67,7 @@ void RateGraph::paintEvent(QPaintEvent*) {
     painter.setPen(
         QuietText(palette().color(QPalette::WindowText), {palette().color(QPalette::Window)}));
     painter.drawText(QRect(0, 1, area.width(), text_height), Qt::AlignRight | Qt::AlignTop,
-                     platform::FromBytes(platform::StrFormatByteSize(rates_.back()) + "/s"));
+                     RateText(rates_.back()));
 }
 
 }  // namespace ui

@@ -18,9 +18,6 @@ class RateGraph : public QWidget {
     /// counting begins; a count below the last one is the start of another crawl.
     void Sample(std::int32_t total_bytes);
 
-    /// Bytes per second, the newest last.
-    const std::deque<std::int32_t>& Rates() const { return rates_; }
-
   protected:
     void paintEvent(QPaintEvent* event) override;
 

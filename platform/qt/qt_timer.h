@@ -14,9 +14,9 @@ class QtTimer final : public Timer {
     QtTimer();
 
     bool SetInterval(std::int64_t milliseconds) override;
-    std::int64_t Interval() const override { return interval_; }
+    std::int64_t Interval() const { return interval_; }
     void SetEnabled(bool enabled) override;
-    bool Enabled() const override { return enabled_; }
+    bool Enabled() const { return enabled_; }
 
   private:
     void Restart();

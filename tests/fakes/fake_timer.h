@@ -18,13 +18,13 @@ class FakeTimer : public platform::Timer {
         Restart();
         return true;
     }
-    std::int64_t Interval() const override { return interval_; }
+    std::int64_t Interval() const { return interval_; }
 
     void SetEnabled(bool enabled) override {
         enabled_ = enabled;
         Restart();
     }
-    bool Enabled() const override { return enabled_; }
+    bool Enabled() const { return enabled_; }
 
   private:
     struct Run {};  // lives as long as the ticks of one start are wanted
