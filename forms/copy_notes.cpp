@@ -37,6 +37,11 @@ bool AgreesToRemove(std::int64_t count, const std::string& folder) {
                                            "Unfinished Files") == platform::BoxAnswer::Yes;
 }
 
+/// Whether another running copy of the program is saving a site in the folder.
+bool IsBeingFilled(const std::string& target_folder) {
+    return platform::System().files.ClaimFolder(target_folder) == nullptr;
+}
+
 }  // namespace
 
 CopyNotes::CopyNotes(QWidget* form)
@@ -55,6 +60,7 @@ void CopyNotes::LookFor(const std::string& address, const std::string& folder) {
         bas_Connections::SiteHostOf(bas_Connections::CleanTypedAddress(address));
     const std::string found = bas_Output::HostFolder(folder, host).value_or("");
     if (found == folder_) return;
+    target_folder_ = folder;
     host_ = host;
     folder_ = found;
     if (!removing_) LookLater();
@@ -89,6 +95,7 @@ void CopyNotes::Work() {
         ShowRemoved();
     } else {
         removing_ = false;
+        claim_.reset();
         emit Removing(false);
         LookLater();
     }
@@ -102,7 +109,7 @@ void CopyNotes::ShowFound(bool all) {
                                            "): its files will not be fetched again"));
     }
     const std::int64_t unfinished = survey_->Unfinished();
-    if (unfinished == 0) return;
+    if (unfinished == 0 || IsBeingFilled(target_folder_)) return;
     const QString link = unfinished == 1 ? "&Remove it" : "&Remove them";
     ShowUnfinished(platform::FromBytes(Counted(unfinished, "unfinished file") +
                                        " of an interrupted download would be left out"),
@@ -130,6 +137,8 @@ void CopyNotes::AskAndRemove() {
     const bool agrees = AgreesToRemove(survey_->Unfinished(), folder);
     // While the box was open the form may have gone.
     if (self == nullptr || !agrees || folder != folder_) return;
+    claim_ = platform::System().files.ClaimFolder(target_folder_);
+    if (claim_ == nullptr) return LookLater();
     survey_ = std::make_unique<bas_Output::CopySurvey>(folder_, Placeholders::Remove);
     removing_ = true;
     emit Removing(true);

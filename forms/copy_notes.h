@@ -5,6 +5,7 @@
 #include <string>
 
 #include "output/copy_survey.h"
+#include "platform/files.h"
 
 class QLabel;
 
@@ -14,7 +15,7 @@ class NoteLine;
 
 /// Tells whoever is about to download a site what an earlier download of it has left in the folder:
 /// files that will not be fetched again, and placeholders of files that never came, which would be
-/// left out. Those it removes when asked to.
+/// left out. Those it removes when asked to, but never those of a download that is under way.
 ///
 /// It looks a little after the last change, and in small slices between events: a large folder or a
 /// slow disk holds up no key.
@@ -55,6 +56,8 @@ class CopyNotes : public QObject {
     QTimer timer_;        ///< until the first look, then from slice to slice
     std::string host_;    ///< whose copy it is
     std::string folder_;  ///< where it lies; "" where there cannot be one
+    std::string target_folder_;
+    std::unique_ptr<platform::FolderClaim> claim_;  ///< no crawl begins there during a removal
     bool removing_ = false;
     std::unique_ptr<bas_Output::CopySurvey> survey_;
 };

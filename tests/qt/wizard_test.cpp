@@ -305,6 +305,14 @@ TEST_F(WizardTest, TellsOfACopyAndRemovesItsUnfinishedFiles) {
         return QTest::qWaitFor([&] { return label->isVisible() && label->text() == text; });
     };
     Retype(TxtUrl(), "http://www.second.test/a/b");
+    system.files.claimed->insert("c:\\Websites");  // they are waited for by another download
+    EXPECT_TRUE(says(copy,
+                     "There is a copy of second.test already (1,337 files): its files will not be "
+                     "fetched again"));
+    EXPECT_FALSE(unfinished->isVisible());
+    system.files.claimed->clear();
+    Retype(TxtUrl(), "");
+    Retype(TxtUrl(), "second.test");
     EXPECT_TRUE(says(copy,
                      "There is a copy of second.test already (1,337 files): its files will not be "
                      "fetched again"));
@@ -342,6 +350,7 @@ TEST_F(WizardTest, NoDownloadStartsWhileUnfinishedFilesAreRemoved) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return remove->isVisible(); }));
     system.boxes.answers = {BoxAnswer::Yes};
     QTest::mouseClick(remove, Qt::LeftButton);
+    EXPECT_EQ(system.files.claimed->size(), 1U) << "nor in another copy of the program";
     Click("Command1");
     QTest::keyClick(TxtUrl(), Qt::Key_Return);
     EXPECT_EQ(window.text1, "");
