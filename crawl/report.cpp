@@ -117,7 +117,6 @@ void AddressReport::NoteAnswer(std::size_t row, int attempts, const Answer& answ
     answered_row_ = row;
     answered_attempts_ = attempts;
     answer_ = answer;
-    answer_.detail = Share(answer.detail);
 }
 
 void AddressReport::NoteWrite(std::size_t row, std::string_view why_not) {

@@ -108,7 +108,8 @@ class AddressReport {
     void NoteFailedTry(std::size_t row, int attempt, std::string_view why);
     /// The address was given up after so many tries, or not asked for at all.
     void End(std::size_t row, Outcome outcome, int attempts, std::string_view detail = {});
-    /// An answer has come whole; `NoteWrite` must follow before any event runs.
+    /// An answer has come whole; `NoteWrite` must follow before any event runs, while the answer's
+    /// detail is still there.
     void NoteAnswer(std::size_t row, int attempts, const Answer& answer);
     /// The answer just noted was written, or why it was not; passed over when there is none.
     void NoteWrite(std::size_t row, std::string_view why_not = {});

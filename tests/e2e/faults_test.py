@@ -191,7 +191,7 @@ class TargetFolder(FaultTest):
             connection.sendall(page(b"gone"))
 
         answers = {b"/": page(links_to(*names)), b"/dir/file20.html": vanish}
-        server = self.crawl(answers, status=3)
+        server = self.crawl(answers)
         self.assertEqual(len(server.requests), len(names) + 1)
         self.assertTrue((self.mirror / "example.test/dir/file0.html").is_file(), "the last one comes after")
 
@@ -256,9 +256,12 @@ class Surroundings(FaultTest):
         self.enterContext(ScriptedServer(self.site))
 
     def test_a_reader_that_goes_away(self):
-        with subprocess.Popen(["head", "-n", "1"], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL) as reader:
-            crawl = self.start("--connections", 1, output=reader.stdin)
-            self.assertEqual(crawl.wait(20), 141)
+        reader, writer = os.pipe()
+        crawl = self.start("--connections", 1, output=writer)
+        os.close(writer)
+        wait_until(self.placeholders, what="a placeholder")
+        os.close(reader)
+        self.assertEqual(crawl.wait(20), 141)
         self.assertEqual(self.placeholders(), [])
 
     def test_a_reader_that_does_not_read(self):
