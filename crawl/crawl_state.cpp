@@ -21,5 +21,6 @@ crawl::ListItems List1;
 crawl::ListItems List2;
 
 AddressReport Report;
+std::string ReportFolder;
 
 }  // namespace crawl

@@ -49,6 +49,7 @@ extern bool Stopping;            ///< the window is being reloaded after a stop 
 extern crawl::ListItems List1;  ///< the queue, worked from its end
 extern crawl::ListItems List2;  ///< links on the site whose type is not wanted
 
-extern AddressReport Report;  ///< what became of each address
+extern AddressReport Report;      ///< what became of each address
+extern std::string ReportFolder;  ///< the target folder of the crawl that the report is of
 
 }  // namespace crawl

@@ -61,6 +61,7 @@ AddressReport::AddressReport() : clock(SteadyTime), began_(clock()) {}
 void AddressReport::Clear() {
     rows_.clear();
     counts_ = {};
+    ended_.clear();
     queued_.clear();
     taken_.clear();
     shared_.clear();
@@ -177,6 +178,7 @@ void AddressReport::SetOutcome(std::size_t row, Outcome outcome) {
     Outcome& present = rows_[row].outcome;
     --counts_[static_cast<std::size_t>(present)];
     ++counts_[static_cast<std::size_t>(outcome)];
+    if (!HasEnded(present) && HasEnded(outcome)) ended_.push_back(static_cast<std::uint32_t>(row));
     present = outcome;
     Tell(&ReportObserver::RowChanged, row);
 }

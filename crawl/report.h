@@ -127,6 +127,8 @@ class AddressReport {
     std::size_t Count() const { return rows_.size(); }
     /// The row of this number, counted from 0. It stays where it is until `Clear`.
     const ReportRow& Row(std::size_t row) const { return rows_[row]; }
+    /// The numbers of the rows that have ended, in the order in which they did.
+    const std::vector<std::uint32_t>& Ended() const { return ended_; }
     /// How many rows have this outcome.
     std::size_t CountOf(Outcome outcome) const {
         return counts_[static_cast<std::size_t>(outcome)];
@@ -155,6 +157,7 @@ class AddressReport {
 
     std::deque<ReportRow> rows_;
     std::array<std::size_t, kOutcomeCount> counts_{};
+    std::vector<std::uint32_t> ended_;
     std::vector<std::uint32_t> queued_;  ///< as the queue has them, the newest at the end
     std::vector<std::size_t> taken_;     ///< not settled yet: hardly more than connections
     text::TextStore texts_;

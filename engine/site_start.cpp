@@ -24,6 +24,7 @@ void ResetCrawl() {
     crawl::TotalBytes = 0;
     crawl::FilesDone = 0;
     crawl::MadeFolders.clear();
+    crawl::ReportFolder = crawl::TargetFolder;
     bas_Output::BeginMirror();
 }
 

@@ -5,6 +5,7 @@
 #include <QtGlobal>
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
+#include <shlwapi.h>
 #endif
 
 #include "platform/path_text.h"
@@ -60,12 +61,29 @@ QString AddressOpener() {
 }
 #endif
 
+/// Whether to open the file, which came from a stranger, is to run it.
+bool RunsAsProgram([[maybe_unused]] const std::string& file) {
+#ifdef Q_OS_WIN
+    const std::size_t dot = file.rfind('.');
+    return dot != std::string::npos &&
+           AssocIsDangerous(FromBytes(file.substr(dot)).toStdWString().c_str());
+#else
+    return false;  // the desktop's opener runs nothing
+#endif
+}
+
 }  // namespace
 
 bool QtProcessStarter::ExploreFolder(const std::string& folder) {
     // A system path starts at the root (or with a drive), so it is never taken for an option.
     const auto path = SystemPathOf(folder);
     return path && Start(FolderOpener(), FromBytes(*path), WindowSize::Normal);
+}
+
+bool QtProcessStarter::OpenFile(const std::string& file) {
+    const auto path = ResolvePathText(file);
+    return path &&
+           ExploreFolder(RunsAsProgram(*path) ? std::string(ParentOfResolved(*path)) : *path);
 }
 
 bool QtProcessStarter::OpenAddress(const std::string& address) {

@@ -9,6 +9,7 @@ namespace platform {
 class QtProcessStarter final : public ProcessStarter {
   public:
     bool ExploreFolder(const std::string& folder) override;
+    bool OpenFile(const std::string& file) override;
     bool OpenAddress(const std::string& address) override;
 };
 

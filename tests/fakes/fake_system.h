@@ -60,10 +60,14 @@ class ScriptedBoxes : public platform::MessageBoxes {
 
 class RecordedProcesses : public platform::ProcessStarter {
   public:
-    std::vector<std::string> folders, addresses;
+    std::vector<std::string> folders, files, addresses;
 
     bool ExploreFolder(const std::string& folder) override {
         folders.push_back(folder);
+        return true;
+    }
+    bool OpenFile(const std::string& file) override {
+        files.push_back(file);
         return true;
     }
     bool OpenAddress(const std::string& address) override {

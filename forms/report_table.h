@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QTableView>
+#include <cstdint>
+#include <vector>
+
+namespace ui {
+
+class ReportModel;
+
+/// The rows of the report. It follows their end until somebody scrolls away from it, and keeps
+/// what is selected, whatever comes, goes or is sorted.
+class ReportTable : public QTableView {
+    Q_OBJECT
+
+  public:
+    ReportTable(ReportModel* model, QWidget* parent);
+
+    /// The rows that are selected, as they stand, at most `most`.
+    std::vector<int> SelectedRows(int most) const;
+
+    void keyboardSearch(const QString& typed) override;
+
+  signals:
+    /// Another row, or none, is the current one.
+    void CurrentChanged();
+
+  protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+
+  private:
+    void SetColumnWidths();
+    void GiveAddressTheRest();
+    void FollowRows();
+    void RememberSelection();
+    void RestoreSelection();
+    bool IsAtEnd() const;
+
+    ReportModel* model_;
+    bool at_end_ = true;
+    int scrolled_to_ = 0;
+    std::vector<std::size_t> selected_;  ///< by their numbers in the report, during a reset
+    std::size_t current_ = 0;
+};
+
+}  // namespace ui
