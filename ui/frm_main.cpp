@@ -41,6 +41,7 @@ void frmMain::Form_Load() {
     crawl::List1.Clear();
     crawl::List2.Clear();
     rate_timer_.start(kRateMilliseconds);
+    ShowProgress();
     text1_->setFocus();
 }
 
@@ -58,6 +59,7 @@ void frmMain::Retire() {
     list1_->Detach();
     list2_->Detach();
     if (filters_) filters_->close();
+    if (report_) report_->close();
 }
 
 bool frmMain::event(QEvent* event) {
@@ -163,8 +165,6 @@ void frmMain::SetLabel6(const std::string& status) {
 }
 
 void frmMain::SetRowStatus(int slot, const std::string& text) {
-    // The crawl empties a row's status when its file has come and was saved.
-    if (text.empty()) response_ended_ = true;
     picture1_->SetStatus(slot, text);
 }
 

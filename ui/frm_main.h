@@ -16,6 +16,7 @@
 #include "ui/activity_light.h"
 #include "ui/address_list.h"
 #include "ui/connection_panel.h"
+#include "ui/crawl_summary.h"
 #include "ui/progress_strip.h"
 #include "widgets/choice_box.h"
 #include "widgets/elided_label.h"
@@ -127,8 +128,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void CrawlBegins();
     void CrawlEnds();
     void ShowProgress();
-    int OpenConnections() const;
-    QString WordsOnProgress(std::int64_t done, std::int64_t known) const;
+    static std::string ShownFolder();
 
     bool CatchingUp() const;
 
@@ -149,12 +149,11 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     bool retired_ = false;
     bool asking_exit_ = false;
     bool paused_ = false;
-    bool crawled_ = false;         ///< this window has seen a crawl begin
-    bool response_ended_ = false;  ///< a whole file has come since then
 
     text::OneBased<std::unique_ptr<platform::Socket>, crawl::kSlotCount> sockets_;
     text::OneBased<platform::QtTimer, crawl::kSlotCount> timeouts_;
     platform::QtTimer move_timer_;
+    CrawlReporter reporter_{crawl::Report};
     QTimer rate_timer_;
     QTimer progress_timer_;  ///< runs while a crawl does
 
@@ -190,6 +189,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     QAction* mnupref_;
     QAction* mnuabout_;
     QPointer<QWidget> filters_;
+    QPointer<QWidget> report_;
     QPointer<QDialog> pause_dialog_;
 };
 

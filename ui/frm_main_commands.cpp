@@ -4,6 +4,7 @@
 #include "engine/scheduler.h"
 #include "engine/site_start.h"
 #include "forms/address_line.h"
+#include "forms/report_dialog.h"
 #include "forms/z_filter.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
@@ -66,6 +67,9 @@ void frmMain::ConnectControls() {
     disconnect(txt_max_->lineEdit(), &QLineEdit::editingFinished, txt_max_, nullptr);
     On(txt_max_->lineEdit(), &QLineEdit::textEdited, [] { bas_Connections::txtMax_Change(); });
     On(txt_max_, &QComboBox::activated, [] { bas_Connections::txtMax_Click(); });
+    On(txt_max_, &QComboBox::currentTextChanged, [this] { ShowProgress(); });
+    On(&progress_->ReportButton(), &QPushButton::clicked,
+       [this] { report_ = ReportDialog::ShowOver(this); });
 }
 
 void frmMain::ConnectMenu() {

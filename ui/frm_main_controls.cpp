@@ -55,7 +55,7 @@ void frmMain::MakeControls() {
     MakeMenu();
     MakeConnections();
     SetTabOrder({text1_, address_line_->Link(), command1_, command2_, command3_, command4_,
-                 txt_max_, picture1_, other_links_, list1_, list2_});
+                 txt_max_, picture1_, other_links_, list1_, list2_, &progress_->ReportButton()});
 }
 
 void frmMain::MakeButtons() {

@@ -130,9 +130,10 @@ void frmMain::Form_Resize() {
 
 void frmMain::HideWhatDoesNotFit() {
     // Half a number reads as another one.
-    for (QLabel* counter : {label3_, label4_, label1_, label5_}) {
+    for (QLabel* counter : {label3_, label4_, label5_}) {
         counter->setVisible(counter->x() + counter->sizeHint().width() <= client_->width());
     }
+    label1_->setVisible(!label5_->isHidden());
     label7_->setVisible(label7_->x() > label5_->geometry().right());
     label9_->setVisible(label9_->x() > command4_->geometry().right());
 }

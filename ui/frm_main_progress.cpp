@@ -1,24 +1,21 @@
 #include <QDialog>
+#include <QDir>
 
 #include "engine/endings.h"
+#include "engine/scheduler.h"
+#include "platform/path_text.h"
+#include "platform/qt/local_text.h"
 #include "ui/frm_main.h"
 
 /// What the main window tells of how far a crawl is.
 namespace ui {
 
 namespace {
-
 constexpr int kProgressMilliseconds = 250;
-
-QString Count(std::int64_t count) {
-    return QString::fromStdString(bas_Connections::FormatCount(count));
 }
 
-}  // namespace
-
 void frmMain::CrawlBegins() {
-    crawled_ = true;
-    response_ended_ = false;
+    reporter_.Reset();
     crawl::List2.Clear();  // the last site's links
     progress_timer_.start(kProgressMilliseconds);
     ShowProgress();
@@ -38,28 +35,22 @@ void frmMain::ShowProgress() {
     picture2_->Show(!running  ? ActivityLight::State::Idle
                     : paused_ ? ActivityLight::State::Paused
                               : ActivityLight::State::Downloading);
-    if (!crawled_) return;
-    const std::int64_t done = crawl::FilesDone;
-    const std::int64_t known =
-        done + static_cast<std::int64_t>(crawl::List1.Count()) + OpenConnections();
-    progress_->Show(done, known, WordsOnProgress(done, known));
+    progress_->Show(reporter_.Summary({.running = running,
+                                       .paused = paused_,
+                                       .has_connections = bas_Connections::ConnectionsCount() > 0,
+                                       .folder = ShownFolder()}));
 }
 
-int frmMain::OpenConnections() const {
-    int open = 0;
-    for (const auto& socket : sockets_)
-        open += socket->State() == platform::SocketState::Closed ? 0 : 1;
-    return open;
-}
-
-QString frmMain::WordsOnProgress(std::int64_t done, std::int64_t known) const {
-    if (!engine::CrawlIsRunning()) {
-        return response_ended_ ? Count(done) + " files done"
-                               : "No file came: http://" + text1_->text() +
-                                     " did not answer, or not to the end.";
+/// The folder of the report's crawl as people write it.
+std::string frmMain::ShownFolder() {
+    const std::string folder = crawl::ReportFolder;
+    const QString path =
+        QDir::cleanPath(platform::FromBytes(platform::SystemPathOf(folder).value_or(folder)));
+    const QString home = QDir::homePath();
+    if (path != home && !path.startsWith(home + "/")) {
+        return platform::ToBytes(QDir::toNativeSeparators(path));
     }
-    const QString so_far = Count(done) + " of " + Count(known) + " files found so far";
-    return paused_ ? "Paused: no new files start. " + so_far : so_far;
+    return platform::ToBytes("~" + QDir::toNativeSeparators(path.mid(home.size())));
 }
 
 }  // namespace ui

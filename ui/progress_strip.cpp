@@ -1,9 +1,14 @@
 #include "ui/progress_strip.h"
 
-#include <QProgressBar>
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QPushButton>
 #include <QVBoxLayout>
-#include <algorithm>
 
+#include "platform/qt/local_text.h"
+#include "ui/crawl_summary.h"
+#include "ui/thin_bar.h"
+#include "widgets/controls.h"
 #include "widgets/elided_label.h"
 #include "widgets/label_font.h"
 #include "widgets/twips.h"
@@ -12,41 +17,52 @@ namespace ui {
 
 namespace {
 constexpr int kEdge = 180;
-constexpr int kThickness = 75;
 /// The bar's own range: counts of files pass the bar's 32 bits.
 constexpr int kSteps = 1000;
 }  // namespace
 
 ProgressStrip::ProgressStrip(QWidget* parent)
-    : QWidget(parent), bar_(new QProgressBar(this)), words_(new ElidedLabel("Progress", "", this)) {
+    : QWidget(parent),
+      bar_(new ThinBar("ProgressBar", this)),
+      words_(new ElidedLabel("Progress", "", this)),
+      report_(MakeFormButton("Report", "Report...", this)) {
     setFont(LabelFont());
-    bar_->setObjectName("ProgressBar");
-    bar_->setAccessibleName("Files done of files found so far");
-    bar_->setTextVisible(false);
+    bar_->setAccessibleName("Files saved of files found so far");
     bar_->setRange(0, kSteps);
-    bar_->setFixedHeight(Twips(kThickness));
     // The window is laid out once, not anew when a crawl begins.
     QSizePolicy stays = bar_->sizePolicy();
     stays.setRetainSizeWhenHidden(true);
     bar_->setSizePolicy(stays);
     bar_->hide();
-    words_->setFixedHeight(Twips(270));
+    words_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    report_->setShortcut(Qt::CTRL | Qt::Key_R);
+    report_->setToolTip("What became of each address (Ctrl+R)");
+    report_->setEnabled(false);
 
+    auto* line = new QHBoxLayout;
+    line->setSpacing(Twips(120));
+    line->addWidget(words_, 1);
+    line->addWidget(report_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Twips(kEdge), 0, Twips(kEdge), Twips(90));
-    column->setSpacing(Twips(45));
+    column->setSpacing(Twips(60));
     column->addWidget(bar_);
-    column->addWidget(words_);
+    column->addLayout(line);
 }
 
-void ProgressStrip::Show(std::int64_t done, std::int64_t known, const QString& words) {
-    bar_->setVisible(known > 0);
-    if (known > 0) bar_->setValue(static_cast<int>(std::min(done, known) * kSteps / known));
-    SetWords(words);
+void ProgressStrip::Show(const CrawlSummary& summary) {
+    bar_->setVisible(summary.known > 0);
+    if (summary.known > 0) {
+        bar_->setValue(static_cast<int>(summary.done * kSteps / summary.known));
+    }
+    bar_->SetAlarming(!summary.is_well);
+    report_->setEnabled(summary.known > 0);
+    SetWords(platform::FromBytes(summary.words), summary.warns);
 }
 
-void ProgressStrip::SetWords(const QString& words) {
+void ProgressStrip::SetWords(const QString& words, bool warns) {
     said_ = words;
+    says_warning_ = warns;
     ShowWords();
 }
 
@@ -57,8 +73,15 @@ void ProgressStrip::Warn(const QString& warning) {
 
 void ProgressStrip::ShowWords() {
     const QString& words = warning_.isEmpty() ? said_ : warning_;
-    if (words_->text() != words) words_->setText(words);
-    words_->SetWarning(!warning_.isEmpty());
+    const bool warns = says_warning_ || !warning_.isEmpty();
+    if (words_->text() == words && words_->IsWarning() == warns) return;
+    words_->setText(words);
+    const bool begins_to_warn = warns && !words_->IsWarning();
+    words_->SetWarning(warns);
+    if (!begins_to_warn) return;
+    // A screen reader is not to wait until somebody asks it for this line.
+    QAccessibleEvent alert(words_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 }  // namespace ui

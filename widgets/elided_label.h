@@ -16,6 +16,7 @@ class ElidedLabel : public QLabel {
 
     /// A warning has a colour of its own.
     void SetWarning(bool warning);
+    bool IsWarning() const { return warning_; }
 
     /// The colour that its text is painted in.
     QColor TextColour() const;

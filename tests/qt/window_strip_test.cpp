@@ -1,0 +1,59 @@
+#include <QAccessible>
+#include <QLabel>
+#include <QPointer>
+#include <QProgressBar>
+
+#include "forms/report_dialog.h"
+#include "tests/qt/window_bench.h"
+
+using platform::BoxAnswer;
+
+/// What the window says at its bottom of a crawl, and the report behind it.
+using WindowStrip = bench::WindowTest;
+
+TEST_F(WindowStrip, SaysAfterAStopWhatWasSaved) {
+    pages = {{"/", "<a href=\"b.html\">b</a>"}};
+    Open();
+    EXPECT_FALSE(The<QAbstractButton>("Report").isEnabled()) << "nothing to tell of yet";
+    StartByKeys("site.com");
+    ASSERT_TRUE(WaitFor([&] { return crawl::Report.CountOf(crawl::Outcome::Saved) == 1; }));
+    system.boxes.answers = {BoxAnswer::Yes};
+    Click("Command2");
+    EXPECT_EQ(The<QLabel>("Label6").text(), "Operation Cancelled.");
+    EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in ~/Websites, stopped");
+    EXPECT_LT(The<QProgressBar>("ProgressBar").value(), 1000);
+    EXPECT_EQ(The<QProgressBar>("ProgressBar").accessibleDescription(), "Something is missing");
+    EXPECT_EQ(
+        QAccessible::queryAccessibleInterface(&The<QLabel>("Progress"))->text(QAccessible::Name),
+        "1 saved in ~/Websites, stopped");
+    crawl::TargetFolder = "c:\\elsewhere\\";  // chosen for the next one
+    The<QComboBox>("txtMax").lineEdit()->selectAll();
+    QTest::keyClicks(The<QComboBox>("txtMax").lineEdit(), "0");
+    EXPECT_EQ(The<QLabel>("Progress").text(),
+              "0 connections: nothing is fetched. 1 saved in ~/Websites, stopped");
+    Window().ChooseConnections(4);
+    EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in ~/Websites, stopped");
+}
+
+TEST_F(WindowStrip, ShowsTheReportDuringTheCrawl) {
+    Open();
+    StartByKeys("silent.com");
+    ASSERT_TRUE(WaitFor([&] { return The<QAbstractButton>("Report").isEnabled(); }));
+    QTest::keyClick(&Window(), Qt::Key_R, Qt::ControlModifier);
+    ASSERT_TRUE(WaitFor([&] { return Window().findChild<ui::ReportDialog*>() != nullptr; }));
+    const QPointer<QDialog> report = Window().findChild<ui::ReportDialog*>();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(report));
+    EXPECT_EQ(report->findChild<QLabel*>("Summary")->text(), "0 addresses, 1 not fetched yet");
+    EXPECT_FALSE(Window().Command1Enabled()) << "the crawl goes on";
+    holder.Reload();
+    QTest::qWait(50);
+    EXPECT_EQ(report, nullptr) << "it goes with its window";
+}
+
+TEST_F(WindowStrip, NoCaptionStandsWithoutItsNumber) {
+    Open();
+    for (const int width : {900, 400, 150}) {
+        Window().resize(width, 600);
+        EXPECT_EQ(The<QLabel>("Label1").isVisible(), The<QLabel>("Label5").isVisible()) << width;
+    }
+}
