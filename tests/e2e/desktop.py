@@ -7,7 +7,7 @@ from pathlib import Path
 
 from tests.e2e.program import environment, wait_until
 
-COMMANDS = ["/usr/bin/Xvfb", "/usr/bin/openbox", "/usr/bin/xdotool"]  # what is run here
+COMMANDS = ["/usr/bin/Xvfb", "/usr/bin/openbox", "/usr/bin/xdotool", "/usr/bin/wmctrl"]  # what is run here
 VERSION = re.search(r"VERSION (\S+)", Path("CMakeLists.txt").read_text().split("project(")[1])[1]
 MAIN = f"Vantorin Website Downloader {VERSION}"
 WIZARD = "New Site Wizard"
