@@ -64,13 +64,8 @@ bool Search::Step() {
 }
 
 void Search::Take(RecordedPage& page) {
-    const auto before = hits_.find(page.path);
-    if (before != hits_.end()) {
-        matches_ -= before->second.matches;
-        hits_.erase(before);
-    }
+    hits_.erase(page.path);
     if (page.matches == 0) return;
-    matches_ += page.matches;
     hits_.insert_or_assign(
         std::move(page.path),
         Found{page.matches, static_cast<std::uint32_t>(extract_), page.first_match});
@@ -109,26 +104,6 @@ std::string Search::SnippetOf(const Hit& hit) const {
     const auto at = static_cast<std::size_t>(hit.first_match - begin);
     if (at >= around.size()) return {};
     return SnippetAround(around, {at, at}, alphabet_);
-}
-
-std::vector<Span> Search::MatchesIn(std::string_view text) const {
-    std::vector<Span> matches;
-    for (const Term& term : terms_) {
-        TermFinder finder(term);
-        finder.Begin(text);
-        for (auto match = finder.From(0); match; match = finder.From(match->end))
-            matches.push_back(*match);
-    }
-    std::sort(matches.begin(), matches.end(), [](const Span& a, const Span& b) {
-        return a.begin != b.begin ? a.begin < b.begin : a.end > b.end;
-    });
-    std::size_t end = 0;
-    std::erase_if(matches, [&](const Span& match) {
-        if (match.begin < end) return true;
-        end = match.end;
-        return false;
-    });
-    return matches;
 }
 
 }  // namespace search

@@ -23,7 +23,7 @@ struct Hit {
 };
 
 /// The most pages that a search keeps: of more, those with the most matches.
-inline constexpr std::size_t kMostHits = 50'000;
+inline constexpr std::size_t kMostHits = 10'000;
 
 /// A search of a copy's extract, done step by step between other events. A page that was recorded
 /// more than once counts as it was recorded last.
@@ -41,18 +41,14 @@ class Search {
     /// Reads some more, 256 KB at most. False when all has been read.
     bool Step();
 
-    /// Pages and matches found so far. Pages that were left out are counted.
+    /// How many pages were found so far, those that were left out among them.
     std::size_t PageCount() const { return hits_.size() + left_out_; }
-    std::uint64_t MatchCount() const { return matches_; }
 
     /// The pages found so far, most matches first, equal ones by path; `most` at most.
     std::vector<Hit> Best(std::size_t most) const;
 
     /// Words around the first match of `hit`, 160 characters at most; "" when they cannot be read.
     std::string SnippetOf(const Hit& hit) const;
-
-    /// The terms of the query where they occur in `text`, from left to right and not overlapping.
-    std::vector<Span> MatchesIn(std::string_view text) const;
 
   private:
     void Take(RecordedPage& page);
@@ -75,7 +71,6 @@ class Search {
     std::vector<RecordedPage> pages_;
     std::unordered_map<std::string, Found> hits_;
     std::size_t left_out_ = 0;
-    std::uint64_t matches_ = 0;
 };
 
 }  // namespace search
