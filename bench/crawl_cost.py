@@ -15,8 +15,8 @@ import sys
 
 from bench.table import row
 
-from tests.e2e import private_network, web
-from tests.e2e.program import Crawl, copy_program, environment, tree
+from harness import private_network, web
+from harness.program import Crawl, copy_program, environment, tree
 
 SITE = "www.example.test"
 PAGES = 222

@@ -10,8 +10,8 @@ import statistics
 import sys
 import time
 
-from tests.e2e import private_network, web
-from tests.e2e.program import Crawl, copy_program, tree
+from harness import private_network, web
+from harness.program import Crawl, copy_program, tree
 
 SITE = "www.example.test"
 ROOT = "/usr/share/doc/xapian-doc"

@@ -15,9 +15,9 @@ import time
 from pathlib import Path
 
 from bench.watched_crawl import COMPLETE, HOST, ONE_MB, SITE, WatchedCrawl
-from tests.e2e import private_network
-from tests.e2e.program import copy_program, environment, tree
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network
+from harness.program import copy_program, environment, tree
+from harness.web import ScriptedServer, links_to, page
 
 
 @contextlib.contextmanager

@@ -22,9 +22,9 @@ import time
 
 from bench.watched_crawl import COMPLETE, HOST, ONE_MB, SITE, WatchedCrawl
 
-from tests.e2e import private_network, web
-from tests.e2e.program import tree
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network, web
+from harness.program import tree
+from harness.web import ScriptedServer, links_to, page
 
 WORDS = b"<p>" + b"some words of a page " * 200
 

@@ -14,10 +14,10 @@ from pathlib import Path
 
 from bench.crawl_cost import FILES, SITE, make_site
 from bench.table import row
-from tests.e2e import private_network, web
-from tests.e2e.desktop import MAIN, WIZARD, Desktop
-from tests.e2e.program import Crawl, copy_program, wait_until
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network, web
+from harness.desktop import MAIN, WIZARD, Desktop
+from harness.program import Crawl, copy_program, wait_until
+from harness.web import ScriptedServer, links_to, page
 
 RUNS = 3
 MB = 1_000_000

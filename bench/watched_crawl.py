@@ -2,8 +2,8 @@
 
 import time
 
-from tests.e2e import private_network
-from tests.e2e.program import Crawl, copy_program
+from harness import private_network
+from harness.program import Crawl, copy_program
 
 SITE = "www.example.test"
 HOST = "example.test"  # the folder of the site's files

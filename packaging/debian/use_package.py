@@ -7,10 +7,10 @@ import subprocess
 import sys
 from pathlib import Path
 
-from tests.e2e import private_network
-from tests.e2e.desktop import MAIN, WIZARD, Desktop
-from tests.e2e.program import tree, wait_until
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network
+from harness.desktop import MAIN, WIZARD, Desktop
+from harness.program import tree, wait_until
+from harness.web import ScriptedServer, links_to, page
 
 SITE = {b"/": page(links_to(b"a.html")), b"/a.html": page(b"the end")}
 

@@ -9,9 +9,9 @@ import subprocess
 import time
 import unittest
 
-from tests.e2e import private_network
-from tests.e2e.program import Crawl, copy_program, tree, wait_until
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network
+from harness.program import Crawl, copy_program, tree, wait_until
+from harness.web import ScriptedServer, links_to, page
 
 START = "www.example.test"
 HOME = b"example.test/index.html"

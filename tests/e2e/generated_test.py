@@ -12,10 +12,10 @@ import os
 import random
 import unittest
 
-from tests.e2e import private_network
-from tests.e2e.program import Crawl, copy_program, tree
+from harness import private_network
+from harness.program import Crawl, copy_program, tree
 from tests.e2e.site_model import SiteModel, Unanswered
-from tests.e2e.web import ScriptedServer, page, path_of
+from harness.web import ScriptedServer, page, path_of
 
 SITES = int(os.environ.get("GENERATED_SITES", "6"))
 FIRST = int(os.environ.get("FIRST_SITE", "1"))

@@ -9,9 +9,9 @@ import unittest
 from collections import Counter
 from urllib.parse import unquote
 
-from tests.e2e import private_network, web
-from tests.e2e.browser import DRIVER, Browser
-from tests.e2e.program import Crawl, copy_program, tree
+from harness import private_network, web
+from harness.browser import DRIVER, Browser
+from harness.program import Crawl, copy_program, tree
 from tests.e2e.site_model import SiteModel, clean_link_name, is_wanted
 
 # Sites that no one here wrote: one with many folders and links through "../", one with many pages and

@@ -12,9 +12,9 @@ import subprocess
 import time
 import unittest
 
-from tests.e2e import private_network
-from tests.e2e.program import Crawl, copy_program, read, wait_until
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network
+from harness.program import Crawl, copy_program, read, wait_until
+from harness.web import ScriptedServer, links_to, page
 
 START = "www.example.test"
 COLUMNS = ["address", "outcome", "status", "bytes", "announced", "tries", "seconds", "detail"]

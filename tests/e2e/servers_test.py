@@ -7,10 +7,10 @@ import time
 import unittest
 from collections import Counter
 
-from tests.e2e import private_network
-from tests.e2e.program import Crawl, copy_program, tree
+from harness import private_network
+from harness.program import Crawl, copy_program, tree
 from tests.e2e.site_model import SiteModel
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness.web import ScriptedServer, links_to, page
 
 SITE = b"www.example.test"
 REST_OF_REQUEST = (b" HTTP/1.0\r\nHost: " + SITE + b"\r\nReferrer: " + SITE +

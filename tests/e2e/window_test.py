@@ -4,10 +4,10 @@ import shutil
 import signal
 import unittest
 
-from tests.e2e import private_network
-from tests.e2e.desktop import MAIN, WIZARD, Desktop
-from tests.e2e.program import copy_program, tree, wait_until
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network
+from harness.desktop import MAIN, WIZARD, Desktop
+from harness.program import copy_program, tree, wait_until
+from harness.web import ScriptedServer, links_to, page
 
 LINKS = [b"folder%d/page%d.html" % (i % 7, i) for i in range(300)]
 

@@ -4,9 +4,9 @@ import shutil
 import time
 import unittest
 
-from tests.e2e import private_network, web
-from tests.e2e.desktop import COMMANDS, MAIN, WIZARD, Desktop
-from tests.e2e.program import copy_program, wait_until
+from harness import private_network, web
+from harness.desktop import COMMANDS, MAIN, WIZARD, Desktop
+from harness.program import copy_program, wait_until
 
 SITE = "www.example.test"
 NOT_WANTED = {"ads/banner.html", "clip.wav"}

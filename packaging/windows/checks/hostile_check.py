@@ -3,9 +3,10 @@
 import os
 import unittest
 
-from tests.e2e import faults_test, private_network
-from tests.e2e.program import tree
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network
+from tests.e2e import faults_test
+from harness.program import tree
+from harness.web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, Wine, crawl_arguments
 
 WINDOWS_CLIMBS = [b"c:", b"c:/", b"c:\\Mirror\\..\\", b"\\\\localhost\\c$\\", b"\\\\?\\c:\\", b"\\\\.\\c:\\",

@@ -3,9 +3,9 @@
 import unittest
 
 import names
-from tests.e2e import private_network, web
-from tests.e2e.program import Crawl, copy_program, tree
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network, web
+from harness.program import Crawl, copy_program, tree
+from harness.web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, Wine, crawl_arguments
 
 SITES = {"www.example.test": "/usr/share/doc/python-flask-doc/html",

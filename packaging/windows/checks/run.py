@@ -6,7 +6,7 @@ A word picks what to run: "mirror_check", or "window_check.WindowCheck.test_firs
 import sys
 import unittest
 
-from tests.e2e import private_network
+from harness import private_network
 
 CHECKS = ["unit_check", "unattended_check", "mirror_check", "hostile_check", "window_check"]
 

@@ -7,10 +7,10 @@ import shutil
 import subprocess
 import unittest
 
-from tests.e2e import private_network
-from tests.e2e.desktop import MAIN
-from tests.e2e.program import tree, wait_until
-from tests.e2e.web import ScriptedServer, links_to, page
+from harness import private_network
+from harness.desktop import MAIN
+from harness.program import tree, wait_until
+from harness.web import ScriptedServer, links_to, page
 from wine import COMMAND, DRIVE_C, PROGRAM, ROOT, Wine, crawl_arguments
 
 HERE = crawl_arguments("www.example.test", "C:\\Mirror")

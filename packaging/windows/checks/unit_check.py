@@ -4,7 +4,7 @@ import re
 import shutil
 import unittest
 
-from tests.e2e import private_network
+from harness import private_network
 from wine import DRIVE_C, ROOT, Wine
 
 # Why a test cannot be passed here.

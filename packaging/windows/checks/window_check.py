@@ -3,10 +3,11 @@
 import shutil
 import unittest
 
-from tests.e2e import private_network, take_pictures
-from tests.e2e import web
-from tests.e2e.desktop import MAIN, WIZARD, Desktop
-from tests.e2e.program import Crawl, copy_program, tree
+from harness import private_network
+from scripts import take_pictures
+from harness import web
+from harness.desktop import MAIN, WIZARD, Desktop
+from harness.program import Crawl, copy_program, tree
 from wine import DRIVE_C, PROGRAM, ROOT, Wine
 
 WEBSITES = DRIVE_C / "Websites"

@@ -6,7 +6,7 @@ import subprocess
 import zipfile
 from pathlib import Path
 
-from tests.e2e.program import environment
+from harness.program import environment
 
 ROOT = Path(__file__).resolve().parents[3]
 PREFIX = ROOT / "build/windows/wine"

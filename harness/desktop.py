@@ -5,7 +5,7 @@ import re
 import subprocess
 from pathlib import Path
 
-from tests.e2e.program import environment, wait_until
+from harness.program import environment, wait_until
 
 COMMANDS = ["/usr/bin/Xvfb", "/usr/bin/openbox", "/usr/bin/xdotool", "/usr/bin/wmctrl"]  # what is run here
 VERSION = re.search(r"VERSION (\S+)", Path("CMakeLists.txt").read_text().split("project(")[1])[1]

@@ -8,9 +8,9 @@ import os
 import subprocess
 from pathlib import Path
 
-from tests.e2e import private_network, web
-from tests.e2e.desktop import MAIN, WIZARD, Desktop
-from tests.e2e.program import copy_program, wait_until
+from harness import private_network, web
+from harness.desktop import MAIN, WIZARD, Desktop
+from harness.program import copy_program, wait_until
 
 SITE = "www.example.test"
 ROOT = "/usr/share/doc/python-flask-doc/html"

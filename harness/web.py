@@ -6,7 +6,7 @@ import socketserver
 import subprocess
 import threading
 
-from tests.e2e.program import wait_until
+from harness.program import wait_until
 
 NGINX = "/usr/sbin/nginx"
 NGINX_CONFIGURATION = """\

@@ -2,7 +2,7 @@
 
 import json
 
-from tests.e2e import private_network
+from harness import private_network
 
 try:
     from selenium import webdriver
