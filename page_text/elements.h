@@ -133,8 +133,7 @@ static_assert(kElementCount < 256);
 inline constexpr NameTable<Element> kElementsByName(elements::kAll);
 
 constexpr ElementId FindElement(std::string_view lower_case_name) {
-    const Element* const found = kElementsByName.Find(lower_case_name);
-    return found == nullptr ? kOtherElement : static_cast<ElementId>(found - elements::kAll);
+    return static_cast<ElementId>(kElementsByName.Find(lower_case_name).value_or(kOtherElement));
 }
 
 /// The number of an element that the code names; a name that is not in the table does not compile.

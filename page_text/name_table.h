@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace page_text {
@@ -23,15 +24,15 @@ class NameTable {
         begins_[kCharacters] = static_cast<std::uint16_t>(row);
     }
 
-    /// The row of exactly this name; null when there is none.
-    constexpr const Row* Find(std::string_view name) const {
+    /// The place of the row of exactly this name; nothing when there is none.
+    constexpr std::optional<std::size_t> Find(std::string_view name) const {
         const std::size_t first = name.empty() ? kCharacters : static_cast<unsigned char>(name[0]);
-        if (first >= kCharacters) return nullptr;
+        if (first >= kCharacters) return std::nullopt;
         // Few names begin with the same character, and most of those differ in length.
         for (std::size_t row = begins_[first]; row < begins_[first + 1]; ++row) {
-            if (rows_[row].name == name) return &rows_[row];
+            if (rows_[row].name == name) return row;
         }
-        return nullptr;
+        return std::nullopt;
     }
 
   private:

@@ -189,7 +189,8 @@ constexpr NameTable<NamedCharacter> kByName(kNamedCharacters);
 }  // namespace
 
 const NamedCharacter* FindNamedCharacter(std::string_view name) {
-    return kByName.Find(name);
+    const std::optional<std::size_t> row = kByName.Find(name);
+    return row ? &kNamedCharacters[*row] : nullptr;
 }
 
 }  // namespace page_text
