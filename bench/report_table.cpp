@@ -103,29 +103,25 @@ int main(int argc, char** argv) {
         if (crawl::Report.Count() >= count) feed.stop();
     });
     const auto all_there = [&] { return model.rowCount() == static_cast<int>(count); };
-    Measure(
-        "appended", rows, [&feed] { feed.start(0); }, all_there);
+    const auto append = [&feed] { feed.start(0); };
+    const auto empty = [&filter] { filter.clear(); };
+    const auto one_outcome = [&outcomes] { outcomes.setCurrentRow(5); };
+    const auto all_outcomes = [&] {
+        outcomes.setCurrentRow(0);
+        sort(-1)();
+    };
+    const auto select_and_sort = [&] {
+        rows.selectAll();
+        sort(0)();
+    };
+    Measure("appended", rows, append, all_there);
     Measure("sorted by address", rows, sort(0), found);
     Measure("sorted by bytes", rows, sort(3), found);
     Measure("one key in the filter", rows, type("9"), found);
     Measure("two more", rows, type("99"), found);
-    Measure(
-        "filter emptied", rows, [&filter] { filter.clear(); }, found);
-    Measure(
-        "one outcome", rows, [&outcomes] { outcomes.setCurrentRow(5); }, found);
-    Measure(
-        "all outcomes, as they ended", rows,
-        [&] {
-            outcomes.setCurrentRow(0);
-            sort(-1)();
-        },
-        found);
-    Measure(
-        "all selected, then sorted by address", rows,
-        [&] {
-            rows.selectAll();
-            sort(0)();
-        },
-        found);
+    Measure("filter emptied", rows, empty, found);
+    Measure("one outcome", rows, one_outcome, found);
+    Measure("all outcomes, as they ended", rows, all_outcomes, found);
+    Measure("all selected, then sorted by address", rows, select_and_sort, found);
     return 0;
 }

@@ -13,11 +13,11 @@ namespace {
 using bas_Output::CopySurvey;
 
 /// Walks to the end; `in_between` is called after each step.
-CopySurvey Remove(
-    const std::string& folder, const std::function<void()>& in_between = [] {}) {
+CopySurvey Remove(const std::string& folder, const std::function<void()>& in_between = nullptr) {
     CopySurvey survey(folder, CopySurvey::Placeholders::Remove);
-    while (survey.Step())
-        in_between();
+    while (survey.Step()) {
+        if (in_between) in_between();
+    }
     return survey;
 }
 

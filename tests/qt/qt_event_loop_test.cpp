@@ -24,8 +24,8 @@ TEST(QtEventLoop, DoEventsThrottledTakesATurnOnlyEveryFewMilliseconds) {
     platform::QtEventLoop loop;
     const auto takes_turn = [&loop] {
         bool turned = false;
-        QMetaObject::invokeMethod(
-            qApp, [&] { turned = true; }, Qt::QueuedConnection);
+        const auto turn = [&] { turned = true; };
+        QMetaObject::invokeMethod(qApp, turn, Qt::QueuedConnection);
         loop.DoEventsThrottled();
         const bool took = turned;
         loop.DoEvents();  // the event goes before `turned` does
