@@ -75,6 +75,7 @@ TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
         {"Content-Length: 1\r2\r\n", 12},
         {"Content-Length: 9999999999\r\n", 5},  // does not fit: the old value stays
         {"Content-Length:", 0},
+        {"not a header: 1 77\r\n", 5},
     };
     for (const auto& [chunk, length] : cases) {
         Request("a.com/x.html");
@@ -109,6 +110,13 @@ TEST_F(HttpExchange, WhatComesForNoJobEndsItsConnection) {
     Request("a.com/x.html");
     crawl::Slots[1].Url = "  ";
     Receive(1, "late");
+    EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
+    EXPECT_EQ(window.rows[1].status, "Not Connected.");
+
+    bas_Connections::ConnectNext("a.com/y.html");
+    crawl::Slots[1].Url.clear();
+    window.Sock(1).PeerAccepts();
+    loop.RunUntilIdle();
     EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
     EXPECT_EQ(window.rows[1].status, "Not Connected.");
 }
@@ -146,11 +154,12 @@ TEST_F(HttpExchange, AHandlerLeavesASlotAloneThatHasAnotherJob) {
             restarted = true;
         });
         Start("www.site.com/dir/page.html");
-        Respond(1, "<a href=x.html>");
+        Respond(1, "Content-Length: 99\r\n<a href=x.html><a href=another.html>");
         ASSERT_TRUE(restarted);
         EXPECT_EQ(window.Sock(1).State(), SocketState::Connected);
         EXPECT_EQ(window.rows[1].status, "Downloading www.other.com/");
         EXPECT_EQ(crawl::Slots[1].Response.View(), arrived);
+        EXPECT_EQ(crawl::Slots[1].ContentLength, 0);
         EXPECT_EQ(crawl::Slots[1].BytesReceived, static_cast<std::int32_t>(arrived.size()));
         bas_Connections::StopNOW();
         BlankDisk();

@@ -118,6 +118,7 @@ TEST(InnerText, WhatIsNotShown) {
         {"a<!-- x -- > --><? y ><!z></3></>b<!-- c", "ab"},
         {"a<!-->b<!--->c", "abc"},
         {"a<b type=hidden>b</b>", "ab"},
+        {"a<!p>b", "ab"},
         {"a<textarea>x<b></textarea><iframe>y</iframe><canvas>z</canvas><video>v</video>b", "ab"},
         {"a<div hidden>x<div></div>y</div>b<span hidden=false>x<span></span>y</span>c", "abc"},
         {"a<p style=\"color:red; DISPLAY : NONE !important\">x", "a"},
@@ -178,6 +179,8 @@ TEST(InnerText, Encodings) {
          "\uFFFD\uFFFD\uFFFD\uFFFD \U00010000 \U0010FFFF \uFFFD\uFFFD\uFFFD\uFFFD \uFFFD"},
         {"caf\xe9 \x93q\x94 \x81\xa0x", "café “q” \u0081\u00A0x"},
         {"<meta charset=windows-1258>a", "a"},  // might yet be joined with an accent
+        {"<script charset=koi8-r></script>\xe9", "é"},
+        {"\xfe\xff\0<\0p\0>\0\xe9"sv, "é"},
         {"\xff\xfe\x7f\0\x80\0\xff\x07\0\x08\xff\xff\0\xd8\0\xdc\0\xd8x\0"sv,
          "\x7f\u0080\u07FF\u0800\uFFFF\U00010000\uFFFDx"},
         {"\xef\xbb\xbf<meta charset=koi8-r>caf\xc3\xa9", "café"},

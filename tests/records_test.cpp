@@ -31,6 +31,10 @@ TEST_F(Records, FoldsThePageTextOntoOneLine) {
     EXPECT_EQ(loop.Yields(), 4);
     EXPECT_EQ(GetPageText("C:\\w\\missing.html"), "");
     EXPECT_EQ(system.page_text.pages, std::vector<std::string>{"the page"});
+    system.files.Have("c:\\w\\a.TXT", "no page");
+    GetPageText("C:\\w\\a.TXT");
+    using Kind = platform::PageKind;
+    EXPECT_EQ(system.page_text.kinds, (std::vector{Kind::Markup, Kind::PlainText}));
 }
 
 TEST_F(Records, SuppressesOnlyTheImmediateRepeat) {

@@ -123,6 +123,9 @@ TEST_F(Scheduler, ChoosingFewerConnectionsResetsTheRowsBeyond) {
     EXPECT_EQ(window.rows[24].status, "Not Connected.");
     EXPECT_EQ(window.rows[24].size, "0 KB");
     EXPECT_EQ(window.rows[24].received, "-");
+    window.txt_max = "no number";
+    bas_Connections::txtMax_Click();
+    EXPECT_EQ(window.rows[1].status, "busy");
 }
 
 }  // namespace

@@ -81,9 +81,11 @@ class CannedPageText : public platform::PageText {
   public:
     std::string text = "page text";
     std::vector<std::string> pages;
+    std::vector<platform::PageKind> kinds;
 
-    std::string InnerText(std::string file_bytes, platform::PageKind) override {
+    std::string InnerText(std::string file_bytes, platform::PageKind kind) override {
         pages.push_back(std::move(file_bytes));
+        kinds.push_back(kind);
         return text;
     }
 };
