@@ -28,6 +28,7 @@
 #include "widgets/controls.h"
 #include "widgets/elided_label.h"
 #include "widgets/label_font.h"
+#include "widgets/readable.h"
 #include "widgets/twips.h"
 
 namespace ui {
@@ -86,6 +87,7 @@ void ReportDialog::MakeControls() {
     filter_->setAccessibleName("Filter");
     filter_->setPlaceholderText("Part of an address or a detail");
     filter_->setClearButtonEnabled(true);
+    KeepReadable(filter_, QPalette::Base);
     outcomes_ = new QListWidget(this);
     outcomes_->setObjectName("Outcomes");
     outcomes_->setAccessibleName("Outcomes");
