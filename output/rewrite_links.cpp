@@ -24,8 +24,8 @@ const text::Replacements::Rule kDynamicLinkRules[] = {
     {".php?", ".php_"},      {".PHP?", ".PHP_"},
 };
 
-// Saved mirrors have always had these mixed quotes and the moved blank of the last rule; a copy
-// made again must come out the same.
+// The mixed quotes and the moved blank of the last rule are required: a second copy of a page must
+// equal the first.
 const text::Replacements::Rule kClimbingLinkRules[] = {
     {"href=\"../", "href=\""},    {"href =\"../", "href =\""}, {"href = \"../", "href = \""},
     {"href= \"../", "href= \""},  {"href='../", "href=\""},    {"href ='../", "href =\""},

@@ -52,9 +52,9 @@ inline bool IsAt(const char* place, std::string_view pattern) {
 /// Offset of the first `pattern` at or after offset `from`, or kNone. The pattern is not empty.
 ///
 /// Responses of any size and content go through dozens of passes while the window waits, so this
-/// must not have bad texts. Looking for the first character alone, as the standard library does, is
-/// a hundred times slower on a run of blanks than on ordinary text; looking for the first and the
-/// last together costs about the same on everything.
+/// must be fast on every input. Looking for the first character alone, as the standard library
+/// does, is a hundred times slower on a run of blanks than on ordinary text; looking for the first
+/// and the last together costs about the same on everything.
 std::size_t Find(std::string_view subject, std::string_view pattern, std::size_t from) {
     if (pattern.size() == 1) return subject.find(pattern[0], from);
     if (subject.size() < pattern.size()) return kNone;

@@ -45,7 +45,7 @@ QString FolderOpener() {
     return qEnvironmentVariable("windir") + QStringLiteral("\\explorer.exe");
 }
 QString AddressOpener() {
-    // Not by "windir": the two commands have always differed in this.
+    // Fixed on purpose: only the command for folders follows "windir".
     return QStringLiteral("c:\\windows\\explorer.exe");
 }
 #else
