@@ -9,15 +9,13 @@ configure_file(${debian_folder}/changelog.in ${CMAKE_BINARY_DIR}/debian/changelo
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vantorin)
 set(CPACK_PACKAGE_CONTACT "The Vantorin developers <vantorin@vantorin.invalid>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "download web sites, to be browsed without a network")
-set(CPACK_PACKAGE_DESCRIPTION
-"Vantorin copies a web site into a folder: it fetches the start page, follows
-the links that stay on the site, saves every file of the kinds that are wanted
-over up to 24 connections at a time, and rewrites the links inside the pages
-so that they lead into the copy. A window shows what each connection is doing.
-It also runs from a terminal or a script, without a window.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_DESCRIPTION "${VANTORIN_DESCRIPTION}
 .
-It speaks plain HTTP on port 80; https is not fetched.")
+A window shows what each connection is doing. It also runs from a terminal or
+a script, without a window.
+.
+${VANTORIN_LIMITS}")
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION web)
