@@ -50,6 +50,11 @@ PICTURE_PACKAGES=(
     python-kombu-doc
 )
 
+# The version in the top CMakeLists.txt.
+project_version() {
+    sed -n 's/^project(vantorin VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt
+}
+
 is_installed() {
     [[ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" == installed ]]
 }
