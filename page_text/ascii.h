@@ -5,7 +5,7 @@
 
 #include "text/ascii.h"
 
-/// The few character classes that markup is made of.
+/// The few character classes that markup needs.
 namespace page_text {
 
 using text::IsLetter;
@@ -20,7 +20,7 @@ inline bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// True when `subject` is `lower_case` but for the case of its letters.
+/// Whether `subject` equals `lower_case`, ignoring the case of A to Z in `subject`.
 inline bool EqualsIgnoringCase(std::string_view subject, std::string_view lower_case) {
     if (subject.size() != lower_case.size()) return false;
     for (std::size_t i = 0; i < subject.size(); ++i) {
@@ -29,7 +29,7 @@ inline bool EqualsIgnoringCase(std::string_view subject, std::string_view lower_
     return true;
 }
 
-/// `subject` without white space at its ends.
+/// `subject` without leading and trailing white space.
 inline std::string_view TrimMarkupSpace(std::string_view subject) {
     while (!subject.empty() && IsMarkupSpace(subject.front())) {
         subject.remove_prefix(1);

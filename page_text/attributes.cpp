@@ -22,7 +22,8 @@ bool AttributeReader::Next() {
         closed_ = true;
         return false;
     }
-    // A "=" in front belongs to the name: there is always a first character, so every call gets on.
+    // A leading "=" belongs to the name, so a name has at least one character and every call
+    // advances.
     const std::size_t begin = at_++;
     while (at_ < markup_.size() && !IsMarkupSpace(markup_[at_]) && markup_[at_] != '/' &&
            markup_[at_] != '>' && markup_[at_] != '=') {

@@ -5,24 +5,24 @@
 
 namespace page_text {
 
-/// Reads the attributes of a tag one by one, and thereby finds where the tag ends: a ">" inside a
+/// Reads the attributes of a tag one by one. This also finds the tag's end, because a ">" in a
 /// quoted value does not end it.
 class AttributeReader {
   public:
-    /// `markup` begins right after the tag's name and may go on far beyond the tag.
+    /// `markup` starts right after the tag's name and may extend beyond the tag.
     explicit AttributeReader(std::string_view markup) : markup_(markup) {}
 
-    /// Steps to the next attribute; false at the end of the tag or of the markup.
+    /// Advances to the next attribute; false at the end of the tag or of the markup.
     bool Next();
 
     /// The attribute's name as written.
     std::string_view Name() const { return name_; }
-    /// Its value without quotes, as written; "" when it has none.
+    /// The value as written, without quotes; "" if there is none.
     std::string_view Value() const { return value_; }
 
-    /// After the last attribute: whether the tag was ended by a ">".
+    /// After the last attribute: whether a ">" ended the tag.
     bool Closed() const { return closed_; }
-    /// After the last attribute: where the markup behind the tag begins.
+    /// After the last attribute: the offset of the markup after the tag.
     std::size_t End() const { return at_; }
 
   private:

@@ -9,7 +9,7 @@ namespace page_text {
 
 namespace {
 
-/// The value of a digit to base 16, or 16 for what is none.
+/// The value of a hexadecimal digit; 16 for any other character.
 unsigned DigitValue(char c) {
     if (IsDigit(c)) return static_cast<unsigned>(c - '0');
     const char lower = LowerLetter(c);
@@ -28,7 +28,8 @@ std::size_t ReadNumber(std::string_view markup, std::string& utf8) {
         number = std::min<char32_t>(number * base + DigitValue(markup[at]), kTooLarge);
     }
     if (at == digits) return 0;
-    // Numbers in the gap of Latin-1 mean what Windows has there: old editors wrote them so.
+    // Latin-1 has no printable characters here. Old editors wrote Windows-1252 numbers, and
+    // browsers read them so.
     if (number >= 0x80 && number < 0xA0) number = Windows1252(static_cast<unsigned char>(number));
     AppendUtf8(number == 0 ? kReplacementCharacter : number, utf8);
     return at < markup.size() && markup[at] == ';' ? at + 1 : at;
@@ -41,7 +42,7 @@ std::size_t ReadName(std::string_view markup, std::string& utf8) {
         ++end;
     }
     const bool has_semicolon = end < markup.size() && markup[end] == ';';
-    // The whole name first, then shorter and shorter beginnings: "&notit;" is "¬it;".
+    // Try the whole name first, then ever shorter prefixes: "&notit;" is "¬it;".
     for (std::size_t length = end - 1; length > 0; --length) {
         const NamedCharacter* found = FindNamedCharacter(markup.substr(1, length));
         const bool closed = has_semicolon && length == end - 1;

@@ -12,7 +12,7 @@ namespace page_text {
 
 namespace {
 
-// A declaration stands at the start of a page: browsers do not look much further.
+// Declarations come early in a page; browsers do not look much further either.
 constexpr std::size_t kDeclarationReach = 4096;
 
 constexpr std::string_view kUtf8 = "utf-8";
@@ -23,8 +23,8 @@ struct Label {
     std::string_view meaning;
 };
 
-// The labels that systems do not know, or that mean more than they say: as in browsers the superset
-// that Windows uses, which is what pages with these labels are written in.
+// Labels that systems do not know, or whose pages are really written in a superset used by Windows.
+// Browsers map them the same way.
 constexpr Label kLabels[] = {
     {"ascii", kWestern},
     {"big5", "big5-hkscs"},
@@ -46,7 +46,7 @@ constexpr Label kLabels[] = {
     {"utf8", kUtf8},
 };
 
-/// The label in "text/html; charset=LABEL"; "" when there is none.
+/// The label in "text/html; charset=LABEL"; "" if there is none.
 std::string_view LabelInContentType(std::string_view content) {
     static constexpr std::string_view kWord = "charset=";
     for (std::size_t at = 0; at + kWord.size() < content.size(); ++at) {
@@ -58,7 +58,7 @@ std::string_view LabelInContentType(std::string_view content) {
     return {};
 }
 
-/// The label that a meta tag with these attributes declares; "" when it declares none.
+/// The label that a meta tag with these attributes declares; "" if it declares none.
 std::string_view LabelInMeta(std::string_view attributes) {
     std::string_view label;
     for (AttributeReader reader(attributes); reader.Next();) {
@@ -70,7 +70,7 @@ std::string_view LabelInMeta(std::string_view attributes) {
     return label;
 }
 
-/// What the system's converter calls the encoding that a page means by `label`.
+/// The system converter's name for the encoding that a page means by `label`.
 std::string MeantCharset(std::string_view label) {
     std::string name(TrimMarkupSpace(label));
     std::transform(name.begin(), name.end(), name.begin(),
@@ -82,8 +82,8 @@ std::string MeantCharset(std::string_view label) {
     return name;
 }
 
-/// Whether to trust the converter with `charset`. It has hundreds, with paths and options in their
-/// names; a page gets no other than browsers give it.
+/// Whether `charset` may be passed to the system's converter. It knows hundreds of encodings, and
+/// names may contain paths and options, so pages only get those that browsers support.
 bool IsForPages(std::string_view charset) {
     static constexpr std::string_view kFamilies[] = {"big5",   "cp",          "euc-",      "gb",
                                                      "ibm866", "iso-2022-jp", "iso-8859-", "koi8-",

@@ -10,15 +10,15 @@
 
 namespace page_text {
 
-/// How an element stands in the text around it.
+/// How an element fits into the text around it.
 enum class Display : std::uint8_t {
-    kInline,    ///< Its text runs on with the text around it.
+    kInline,    ///< Part of the running text.
     kBreak,     ///< Ends a line.
-    kBox,       ///< A box in the line: blanks at its inner edges vanish, those outside stay.
-    kReplaced,  ///< A box in the line that shows something else than its content.
+    kBox,       ///< A box in the line: blanks at its inner edges are dropped, outer ones stay.
+    kReplaced,  ///< A box in the line that does not show its content.
     kBlock,
     kParagraph,  ///< A block with an empty line around it.
-    kFold,       ///< A block that shows nothing but its title.
+    kFold,       ///< A block that shows only its title.
     kTable,
     kRowGroup,
     kRow,
@@ -26,11 +26,11 @@ enum class Display : std::uint8_t {
     kNone,  ///< Never shown.
 };
 
-/// What else there is to know of an element.
+/// Further properties of an element.
 enum ElementTrait : std::uint8_t {
-    kVoid = 1 << 0,         ///< Has no content, or is looked through as if it had none.
-    kRawText = 1 << 1,      ///< Holds no markup up to its end tag.
-    kKeepsSpaces = 1 << 2,  ///< White space in it is shown as it is.
+    kVoid = 1 << 0,         ///< Has no content, or is treated so (its content counts as outside).
+    kRawText = 1 << 1,      ///< Contains no markup up to its end tag.
+    kKeepsSpaces = 1 << 2,  ///< White space in it is shown as written.
     kInParagraph = 1 << 3,  ///< A block that does not end the paragraph around it.
 };
 
@@ -41,7 +41,7 @@ struct Element {
 };
 
 namespace elements {
-/// The elements that are more than a piece of running text, by name.
+/// The elements that need special treatment, sorted by name.
 inline constexpr Element kAll[] = {
     {"address", Display::kBlock},
     {"area", Display::kNone, kVoid},
@@ -124,7 +124,7 @@ inline constexpr Element kAll[] = {
 };
 }  // namespace elements
 
-/// An element's place in the table; elements that are not in it share one number.
+/// An element's index in the table. All elements outside it share one number.
 using ElementId = std::uint8_t;
 inline constexpr std::size_t kElementCount = std::size(elements::kAll);
 inline constexpr ElementId kOtherElement = static_cast<ElementId>(kElementCount);
@@ -136,14 +136,14 @@ constexpr ElementId FindElement(std::string_view lower_case_name) {
     return static_cast<ElementId>(kElementsByName.Find(lower_case_name).value_or(kOtherElement));
 }
 
-/// The number of an element that the code names; a name that is not in the table does not compile.
+/// The number of an element named in the code. A name outside the table does not compile.
 consteval ElementId Id(std::string_view lower_case_name) {
     const ElementId id = FindElement(lower_case_name);
     if (id == kOtherElement) throw "no such element";
     return id;
 }
 
-/// What is known of the element with this number.
+/// The table's row for this number.
 constexpr Element ElementOf(ElementId id) {
     return id == kOtherElement ? Element{} : elements::kAll[id];
 }

@@ -8,7 +8,7 @@
 
 namespace page_text {
 
-/// Finds the rows of a table by their `name`. The table is sorted by name.
+/// Finds the rows of a table by `name`. The table is sorted by name.
 template <typename Row>
 class NameTable {
   public:
@@ -24,11 +24,11 @@ class NameTable {
         begins_[kCharacters] = static_cast<std::uint16_t>(row);
     }
 
-    /// The place of the row of exactly this name; nothing when there is none.
+    /// The index of the row with exactly this name; nothing if there is none.
     constexpr std::optional<std::size_t> Find(std::string_view name) const {
         const std::size_t first = name.empty() ? kCharacters : static_cast<unsigned char>(name[0]);
         if (first >= kCharacters) return std::nullopt;
-        // Few names begin with the same character, and most of those differ in length.
+        // Few names share a first character, and most of those differ in length.
         for (std::size_t row = begins_[first]; row < begins_[first + 1]; ++row) {
             if (rows_[row].name == name) return row;
         }
@@ -39,7 +39,7 @@ class NameTable {
     static constexpr std::size_t kCharacters = 128;
 
     const Row* rows_;
-    std::array<std::uint16_t, kCharacters + 1> begins_{};  // by a name's first character
+    std::array<std::uint16_t, kCharacters + 1> begins_{};  // indexed by a name's first character
 };
 
 }  // namespace page_text

@@ -9,7 +9,7 @@
 
 namespace page_text {
 
-/// How text inside an element is shown. Passed on to the elements in it.
+/// How text inside an element is shown. Child elements inherit it.
 struct TextState {
     bool shown = true;
     bool keeps_spaces = false;
@@ -17,17 +17,18 @@ struct TextState {
     bool operator==(const TextState&) const = default;
 };
 
-/// An element whose end tag is still to come.
+/// An element whose end tag has not come yet.
 struct OpenElement {
     ElementId id = kOtherElement;
     Display display = Display::kInline;
     TextState content;
-    bool has_part = false;           ///< A table's first row or a row's first cell has come.
-    std::uint32_t next_outward = 0;  ///< The index of the next of its name; 0 for none.
+    bool has_part = false;           ///< Whether a table has a row, or a row has a cell.
+    std::uint32_t next_outward = 0;  ///< The index of the next outer one of its name; 0 for none.
 };
 
-/// The elements around the current position that matter to the text, outermost first. At the bottom
-/// is the page itself, which is never taken off. Every step takes the same time, however deep.
+/// The open elements that affect the text at the current position, outermost first. The bottom
+/// entry is the page itself and is never removed. Every operation takes constant time, at any
+/// depth.
 class OpenElements {
   public:
     OpenElements() { stack_.emplace_back(); }
@@ -37,11 +38,10 @@ class OpenElements {
     std::size_t Depth() const { return stack_.size(); }
     OpenElement& At(std::size_t index) { return stack_[index]; }
 
-    /// The index of the innermost open element of this name; 0 when none is open.
+    /// The index of the innermost open element of this name; 0 if none is open.
     std::size_t Innermost(ElementId id) const { return innermost_[id]; }
 
-    /// An element that lies too deep is not remembered: a bound to the memory that a page can
-    /// claim.
+    /// Ignores an element that is nested too deeply. This limits the memory that a page can claim.
     void Push(OpenElement element) {
         constexpr std::size_t kMaxDepth = 100'000;
         if (stack_.size() == kMaxDepth) return;

@@ -13,7 +13,7 @@ namespace page_text {
 
 namespace {
 
-/// Some milliseconds' work.
+/// A few milliseconds' work.
 constexpr std::size_t kBytesBetweenYields = 256 * 1024;
 
 ElementId ElementNamed(std::string_view name) {
@@ -21,13 +21,14 @@ ElementId ElementNamed(std::string_view name) {
     if (name.size() > lower.size()) return kOtherElement;
     std::transform(name.begin(), name.end(), lower.begin(), LowerLetter);
     const std::string_view found(lower.data(), name.size());
-    // Any heading's end tag closes any heading.
+    // The end tag of any heading closes a heading of any level.
     const bool is_heading =
         found.size() == 2 && found[0] == 'h' && found[1] >= '1' && found[1] <= '6';
     return is_heading ? Id("h1") : FindElement(found);
 }
 
-/// The text up to the next `mark`, which is taken off `rest` with the mark.
+/// Removes the text up to and including the next `mark` from `rest`. Returns it trimmed and without
+/// the mark.
 std::string_view TakeUpTo(char mark, std::string_view& rest) {
     const std::size_t length = std::min(rest.find(mark), rest.size());
     const std::string_view taken = rest.substr(0, length);
@@ -35,7 +36,7 @@ std::string_view TakeUpTo(char mark, std::string_view& rest) {
     return TrimMarkupSpace(taken);
 }
 
-/// What a style attribute makes of an element that is displayed as `display`.
+/// How an element displayed as `display` is displayed with these style declarations.
 Display StyledDisplay(Display display, std::string_view declarations) {
     while (!declarations.empty()) {
         std::string_view value = TakeUpTo(';', declarations);
@@ -48,7 +49,7 @@ Display StyledDisplay(Display display, std::string_view declarations) {
     return display;
 }
 
-/// How the element that `tag` begins is displayed, by its name and its attributes.
+/// How the element started by `tag` is displayed, judging by its name and attributes.
 Display DisplayOf(ElementId id, const Tag& tag) {
     Display display = ElementOf(id).display;
     std::string_view style;
@@ -104,14 +105,14 @@ void PageReader::OnStartTag(const Tag& tag) {
 void PageReader::OnText(std::string_view text) {
     if (!structure_.State().shown) return;
     if (!structure_.BetweenTableParts()) return AppendText(text);
-    // Between the parts of a table white space is nothing, and other text no part of any cell.
+    // Between the parts of a table, white space is ignored, and other text belongs to no cell.
     if (std::all_of(text.begin(), text.end(), IsMarkupSpace)) return;
     assembler_.BlockEdge(1);
     AppendText(text);
     assembler_.BlockEdge(1);
 }
 
-/// A NUL is nothing.
+/// Drops NULs.
 void PageReader::AppendText(std::string_view text) {
     for (std::size_t end; (end = text.find('\0')) != text.npos; text.remove_prefix(end + 1)) {
         AppendReferences(text.substr(0, end));
@@ -119,7 +120,7 @@ void PageReader::AppendText(std::string_view text) {
     AppendReferences(text);
 }
 
-/// Text with what its character references stand for.
+/// Appends text with its character references decoded.
 void PageReader::AppendReferences(std::string_view text) {
     std::string character;
     for (std::size_t end; (end = text.find('&')) != text.npos;) {

@@ -10,13 +10,13 @@
 
 namespace page_text {
 
-/// Goes through a page once, from its first byte to its last, and gives its visible text.
+/// Reads a page in one pass and produces its visible text.
 class PageReader {
   public:
     /// `page` is UTF-8.
     explicit PageReader(std::string_view page);
 
-    /// The text as UTF-8. To be called once. Calls `yield`, if there is one, every so many bytes.
+    /// The text as UTF-8. May be called only once. Calls `yield`, if given, at regular distances.
     std::string Read(const std::function<void()>& yield);
 
   private:

@@ -12,7 +12,7 @@ bool IsCell(ElementId id) {
     return ElementOf(id).display == Display::kCell;
 }
 
-/// What stands right in a table, or in the parts that stand there.
+/// Row groups, rows, cells and captions.
 bool IsTablePart(ElementId id) {
     const Display display = ElementOf(id).display;
     return display == Display::kRowGroup || display == Display::kRow || IsCell(id) ||
@@ -23,12 +23,12 @@ bool HidesContent(Display display) {
     return display == Display::kNone || display == Display::kReplaced || display == Display::kFold;
 }
 
-/// A box that stands in the line like a letter.
+/// A box that is placed in the line like a letter.
 bool IsBox(Display display) {
     return display == Display::kBox || display == Display::kReplaced;
 }
 
-/// The distance in lines that a block keeps; nothing for what is no block.
+/// The number of line ends around a block; nothing for other elements.
 std::optional<int> EdgeLines(Display display) {
     switch (display) {
         case Display::kParagraph:
@@ -52,14 +52,14 @@ std::optional<int> EdgeLines(Display display) {
 
 void PageStructure::Open(ElementId id, Display display) {
     if (IsTablePart(id)) {
-        if (open_.Innermost(Id("table")) == 0) return;  // A cell outside every table is nothing.
+        if (open_.Innermost(Id("table")) == 0) return;  // Ignored outside a table.
         MakePlaceFor(id);
     }
-    // A table in no cell of the table around it ends that one.
+    // A table between the parts of another table ends the other table.
     if (id == Id("table") && BetweenTableParts()) CloseInnermost(id);
     if (EndsParagraph(id)) CloseInnermost(Id("p"));
 
-    // The title of a fold is seen where the fold itself is.
+    // The title of a fold is visible if the fold itself is.
     const bool is_title = id == Id("summary") && open_.Top().display == Display::kFold;
     TextState content = is_title ? open_.At(open_.Depth() - 2).content : State();
     if (content.shown) OpenEdge(display);
@@ -69,20 +69,20 @@ void PageStructure::Open(ElementId id, Display display) {
     }
     if (HidesContent(display)) content.shown = false;
     if (Has(id, kKeepsSpaces)) content.keeps_spaces = true;
-    // An element that makes no difference to the text is remembered only where its end has to be
-    // told from that of another one of its name.
+    // An element that does not affect the text is pushed only inside one of the same name, so that
+    // their end tags can be told apart.
     const bool plain = display == Display::kInline && content == State();
     if (!plain || open_.Innermost(id) > 0) open_.Push({id, display, content});
 }
 
-/// Whether a paragraph goes no further than to the start of `id`.
+/// Whether the start of `id` ends an open paragraph.
 bool PageStructure::EndsParagraph(ElementId id) const {
     if (id == Id("table") && is_in_quirks_mode_) return false;
     return EdgeLines(ElementOf(id).display).value_or(0) > 0 && !Has(id, kInParagraph);
 }
 
-/// Closes all that is open in the table inside of the place where `part` belongs; a cell makes its
-/// own row where there is none.
+/// Closes everything in the innermost table down to where `part` belongs. Opens a row for a cell if
+/// there is none.
 void PageStructure::MakePlaceFor(ElementId part) {
     std::size_t place = open_.Innermost(Id("table"));
     if (part == Id("tr") || IsCell(part)) {
@@ -99,12 +99,12 @@ void PageStructure::MakePlaceFor(ElementId part) {
 
 void PageStructure::Close(ElementId id) {
     if (CloseInnermost(id)) return;
-    // These two count without a start tag, too.
+    // These two end tags take effect even without a start tag.
     if ((id == Id("p") || id == Id("br")) && State().shown) OpenEdge(ElementOf(id).display);
 }
 
-/// Closes the innermost open `id` with all in it, unless it lies outside of the cell or table at
-/// hand.
+/// Closes the innermost open `id` and everything in it; false if it is not open inside the current
+/// cell or table.
 bool PageStructure::CloseInnermost(ElementId id) {
     std::size_t barrier = 0;
     if (IsTablePart(id)) {
@@ -125,7 +125,7 @@ std::size_t PageStructure::InnermostOf(std::initializer_list<ElementId> ids) con
     return innermost;
 }
 
-/// Closes the innermost elements until this many are open.
+/// Closes the innermost elements until `depth` are open.
 void PageStructure::PopTo(std::size_t depth) {
     while (open_.Depth() > depth) {
         const Display closed = open_.Top().display;
@@ -154,7 +154,8 @@ void PageStructure::CloseEdge(Display display) {
     if (const auto lines = EdgeLines(display)) assembler_.BlockEdge(*lines);
 }
 
-/// Notes that the innermost `whole`, a table or a row, has a part; true when it had one before.
+/// Records that the innermost `whole`, a table or a row, has a part. Returns whether it had one
+/// before.
 bool PageStructure::MarkPart(ElementId whole) {
     return std::exchange(open_.At(open_.Innermost(whole)).has_part, true);
 }

@@ -9,8 +9,8 @@
 
 namespace page_text {
 
-/// Knows which elements the current position lies in, opens and closes them as a browser does
-/// however the tags stand, and tells the assembler of every edge that shows in the text.
+/// Tracks the open elements. Opens and closes them as a browser does, however badly the tags are
+/// nested, and reports every edge that affects the text to the assembler.
 class PageStructure {
   public:
     PageStructure(TextAssembler& assembler, bool is_in_quirks_mode)
@@ -18,12 +18,12 @@ class PageStructure {
 
     /// How text at the current position is shown.
     const TextState& State() const { return open_.Top().content; }
-    /// Between the parts of a table, where white space is nothing.
+    /// Whether the position is between the parts of a table, where white space is ignored.
     bool BetweenTableParts() const;
 
-    /// A start tag.
+    /// Handles a start tag.
     void Open(ElementId id, Display display);
-    /// An end tag.
+    /// Handles an end tag.
     void Close(ElementId id);
 
   private:

@@ -15,7 +15,7 @@ bool StartsIgnoringCase(std::string_view subject, std::string_view lower_case) {
     return EqualsIgnoringCase(subject.substr(0, lower_case.size()), lower_case);
 }
 
-/// Takes the next quoted text off `rest` with what stands in front of it.
+/// Removes everything up to and including the next quoted text from `rest` and returns that text.
 std::optional<std::string_view> TakeQuoted(std::string_view& rest) {
     const std::size_t quote = rest.find_first_of("\"'");
     if (quote == std::string_view::npos) return std::nullopt;
@@ -26,8 +26,8 @@ std::optional<std::string_view> TakeQuoted(std::string_view& rest) {
     return taken;
 }
 
-// The public identifiers of the HTML versions that stand for quirks mode. Browsers know some forty;
-// these are the ones that pages have.
+// Prefixes of the public identifiers that mean quirks mode. Browsers know about forty; these are
+// the ones that occur in pages.
 constexpr std::string_view kQuirksVersions[] = {
     "-//ietf//dtd html",
     "-//w3c//dtd html 3",
@@ -35,13 +35,13 @@ constexpr std::string_view kQuirksVersions[] = {
     "-//w3c//dtd html 4.0 transitional//",
 };
 
-// These do when no system identifier follows.
+// These mean it only if no system identifier follows.
 constexpr std::string_view kQuirksVersionsAlone[] = {
     "-//w3c//dtd html 4.01 frameset//",
     "-//w3c//dtd html 4.01 transitional//",
 };
 
-/// `doctype` is what follows the word.
+/// `doctype` is the text after the word "doctype".
 bool IsQuirksDoctype(std::string_view doctype) {
     doctype = TrimMarkupSpace(doctype);
     constexpr std::string_view kHtml = "html";
@@ -67,7 +67,7 @@ bool IsInQuirksMode(std::string_view page) {
             if (!StartsIgnoringCase(text, kDoctype)) continue;
             return IsQuirksDoctype(text.substr(kDoctype.size()));
         }
-        // A doctype counts in front of everything else.
+        // A doctype counts only before everything else.
         const bool is_blank =
             kind == Tokenizer::Kind::kText && std::all_of(text.begin(), text.end(), IsMarkupSpace);
         if (!is_blank) break;

@@ -4,8 +4,8 @@
 
 namespace page_text {
 
-/// Whether a browser reads `page` in quirks mode, the ways of the browsers that the oldest pages
-/// were written for: its doctype tells, and so does a page without one.
+/// Whether a browser renders `page` in quirks mode, that is, like the browsers of the oldest pages.
+/// Its doctype decides; a page without one is in quirks mode.
 bool IsInQuirksMode(std::string_view page);
 
 }  // namespace page_text

@@ -6,12 +6,11 @@
 
 namespace page_text {
 
-/// `bytes`, which are in the encoding that the system's converter knows as `charset`, as UTF-8;
-/// what is no character becomes the replacement character. Nothing when the system does not know
-/// it.
+/// Converts `bytes` from `charset`, as the system's converter names it, to UTF-8. Invalid bytes
+/// become the replacement character. Returns nothing if the system does not know the encoding.
 std::optional<std::string> ConvertToUtf8(std::string_view bytes, const std::string& charset);
 
-/// `utf8` in the local 8-bit encoding.
+/// `utf8` converted to the local 8-bit encoding.
 std::string ToLocalEncoding(std::string utf8);
 
 }  // namespace page_text

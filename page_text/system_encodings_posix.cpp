@@ -25,12 +25,12 @@ class Converter {
 
     bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
-    /// Converts the front of `bytes`, takes it off them and appends it to `utf8`; once they are all
-    /// taken, a letter that was held back to be joined with a following accent. False when it
-    /// stopped at bytes that are no character.
+    /// Converts as much of `bytes` as it can, removes it from them and appends the result to
+    /// `utf8`. With empty `bytes`, appends a letter that was held back in case an accent follows.
+    /// Returns false if it stopped at bytes that are not a character.
     bool Step(std::string_view& bytes, std::string& utf8) {
         std::array<char, 4096> buffer;
-        char* in = const_cast<char*>(bytes.data());  // Only read, whatever the signature says.
+        char* in = const_cast<char*>(bytes.data());  // iconv does not write to it.
         std::size_t in_left = bytes.size();
         char* out = buffer.data();
         std::size_t out_left = buffer.size();
@@ -61,7 +61,7 @@ std::optional<std::string> ConvertToUtf8(std::string_view bytes, const std::stri
     return utf8;
 }
 
-/// The systems other than Windows have come to use UTF-8.
+/// POSIX locales use UTF-8, so nothing is converted.
 std::string ToLocalEncoding(std::string utf8) {
     return utf8;
 }

@@ -16,13 +16,13 @@ struct NamedCodePage {
     unsigned code_page;
 };
 
-// Names that do not tell the code page's number.
+// Names that do not contain the code page's number.
 constexpr NamedCodePage kNamedCodePages[] = {
     {"big5-hkscs", 950}, {"euc-jp", 20932}, {"gb18030", 54936},      {"iso-2022-jp", 50220},
     {"koi8-r", 20866},   {"koi8-u", 21866}, {"mac-cyrillic", 10007}, {"macintosh", 10000},
 };
 
-/// The number that follows `prefix` in `charset`; 0 when it does not begin so.
+/// The number after `prefix` in `charset`; 0 if `charset` does not start with it.
 unsigned NumberAfter(std::string_view prefix, std::string_view charset) {
     unsigned number = 0;
     if (charset.starts_with(prefix)) {
@@ -31,7 +31,7 @@ unsigned NumberAfter(std::string_view prefix, std::string_view charset) {
     return number;
 }
 
-/// The code page called `charset`; 0 when there is none that this system can convert.
+/// The code page called `charset`; 0 if there is none that this system can convert.
 unsigned CodePageOf(std::string_view charset) {
     unsigned code_page = 0;
     for (const NamedCodePage& named : kNamedCodePages) {
@@ -44,11 +44,11 @@ unsigned CodePageOf(std::string_view charset) {
     return code_page != 0 && IsValidCodePage(code_page) ? code_page : 0;
 }
 
-// The system's calls count in int.
+// The system's calls take sizes as int.
 constexpr std::size_t kChunk = std::size_t{1} << 20;
 
-/// Appends `bytes` from one code page to `converted` in another. A long text goes in chunks that
-/// end at line ends where there are any: no character lies across one.
+/// Converts `bytes` from one code page to another and appends them to `converted`. Long text is
+/// split into chunks, at line ends where possible, so that no character is cut in two.
 void Convert(std::string_view bytes, unsigned from, unsigned to, std::string& converted) {
     std::wstring wide;
     while (!bytes.empty()) {

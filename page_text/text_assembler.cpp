@@ -10,7 +10,7 @@ bool Collapses(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
-/// The end of what stands at `begin` and comes out as it is: words with one blank between them.
+/// The end of the text from `begin` on that needs no change: words separated by single blanks.
 std::size_t EndOfPlainWords(std::string_view text, std::size_t begin) {
     const auto is_letter = [](char c) { return static_cast<unsigned char>(c) > ' '; };
     std::size_t at = begin;
@@ -27,7 +27,7 @@ std::size_t EndOfPlainWords(std::string_view text, std::size_t begin) {
 
 void TextAssembler::AppendPendingBreaks() {
     if (pending_breaks_ == 0) return;
-    // Nothing stands above the first line.
+    // No empty lines before the first line.
     if (!text_.empty()) text_.append(static_cast<std::size_t>(pending_breaks_), '\n');
     pending_breaks_ = 0;
 }

@@ -9,7 +9,7 @@ namespace page_text {
 
 namespace {
 
-/// The position after the next `pattern`, or the end of `page`.
+/// The position after the next `pattern`, or the end of `page` if there is none.
 std::size_t After(std::string_view page, std::string_view pattern, std::size_t from) {
     const std::size_t found = page.find(pattern, from);
     return found == std::string_view::npos ? page.size() : found + pattern.size();
@@ -21,7 +21,7 @@ bool EndsTagName(char c) {
 
 }  // namespace
 
-/// True when the "<" at `less_than` begins a tag, a comment or a declaration; else it is text.
+/// Whether the "<" at `less_than` starts a tag, a comment or a declaration; otherwise it is text.
 bool Tokenizer::StartsMarkup(std::size_t less_than) const {
     if (less_than + 1 >= page_.size()) return false;
     const char next = page_[less_than + 1];
@@ -47,13 +47,14 @@ Tokenizer::Kind Tokenizer::Next() {
     return Kind::kEnd;
 }
 
-/// Reads the markup at the current position; kEnd when it comes to nothing.
+/// Reads the markup at the current position. Returns kEnd for a comment or other markup that yields
+/// nothing.
 Tokenizer::Kind Tokenizer::ReadMarkup() {
     const char next = page_[at_ + 1];
     if (IsLetter(next)) return ReadTag(at_ + 1) ? Kind::kStartTag : Kind::kEnd;
     if (next == '/' && IsLetter(page_[at_ + 2]))
         return ReadTag(at_ + 2) ? Kind::kEndTag : Kind::kEnd;
-    // The dashes may be those that began the comment: "<!-->" is a whole one.
+    // The closing dashes may be the opening ones: "<!-->" is a complete comment.
     const bool is_comment = page_.compare(at_, 4, "<!--") == 0;
     const std::size_t begin = at_ + 2;
     at_ = After(page_, is_comment ? "-->" : ">", begin);
@@ -62,7 +63,7 @@ Tokenizer::Kind Tokenizer::ReadMarkup() {
     return Kind::kDeclaration;
 }
 
-/// Reads the tag with the name at `name_begin`; false when the page ends in it.
+/// Reads the tag whose name starts at `name_begin`; false if the page ends inside it.
 bool Tokenizer::ReadTag(std::size_t name_begin) {
     std::size_t name_end = name_begin;
     while (name_end < page_.size() && !EndsTagName(page_[name_end])) {

@@ -8,32 +8,32 @@ namespace page_text {
 /// A start or end tag, as views into the page.
 struct Tag {
     std::string_view name;        ///< As written, case included.
-    std::string_view attributes;  ///< What follows the name, for an AttributeReader.
+    std::string_view attributes;  ///< Everything after the name, for an AttributeReader.
 };
 
-/// Cuts a page into text, tags and declarations, dropping comments. Whatever a construct that is
-/// never closed has swallowed is gone, as in a browser, so the page is gone through once.
+/// Splits a page into text, tags and declarations, and drops comments. An unclosed construct
+/// swallows the rest of the page, as in a browser, so one pass is enough.
 class Tokenizer {
   public:
     enum class Kind { kText, kStartTag, kEndTag, kDeclaration, kEnd };
 
     explicit Tokenizer(std::string_view page) : page_(page) {}
 
-    /// Steps to the next piece of the page.
+    /// Advances to the next piece of the page.
     Kind Next();
 
-    /// The piece, after Next has told its kind. Text is never empty; that of a declaration is what
-    /// stands between "<!" and ">".
+    /// The current piece, of the kind that Next returned. Text is never empty; the text of a
+    /// declaration is what is between "<!" and ">".
     std::string_view Text() const { return text_; }
     const Tag& LastTag() const { return tag_; }
 
-    /// How much of the page has been gone through.
+    /// The number of bytes read so far.
     std::size_t Position() const { return at_; }
 
-    /// Takes what follows up to the end tag of `element`, in which nothing else is markup, and the
-    /// end tag with it.
+    /// Returns everything up to the end tag of `element`, in which nothing else is markup. Skips
+    /// the end tag, too.
     std::string_view TakeRawText(std::string_view element);
-    /// Passes over a line end, if one is next.
+    /// Skips a line end if one comes next.
     void SkipLineEnd();
 
   private:

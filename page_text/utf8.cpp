@@ -15,8 +15,8 @@ bool IsContinuation(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
 
-/// What a first byte asks for: the character's length, and the range of its second byte, which is
-/// where too long spellings, surrogates and numbers past the last character show.
+/// What a first byte implies: the character's length and the range of its second byte. The range
+/// excludes overlong forms, surrogates and numbers beyond the last character.
 struct Lead {
     std::size_t length;
     unsigned char second_from, second_to;
@@ -34,7 +34,8 @@ Lead LeadOf(unsigned char byte) {
     return {4, 0x80, 0xBF};
 }
 
-/// How many bytes at the start of `bytes` fit one character, and whether they complete it.
+/// The number of bytes at the start of `bytes` that can belong to one character. Sets `whole` to
+/// whether they complete it.
 std::size_t MatchCharacter(std::string_view bytes, bool& whole) {
     const Lead lead = LeadOf(static_cast<unsigned char>(bytes[0]));
     std::size_t matched = 1;
@@ -49,7 +50,8 @@ std::size_t MatchCharacter(std::string_view bytes, bool& whole) {
     return matched;
 }
 
-/// How many bytes at the start of `bytes` are ASCII, eight at a time as most pages are mostly that.
+/// The number of ASCII bytes at the start of `bytes`. Checks eight at a time, because most pages
+/// are mostly ASCII.
 std::size_t AsciiLength(std::string_view bytes) {
     std::size_t length = 0;
     for (unsigned long long word; length + sizeof word <= bytes.size(); length += sizeof word) {
@@ -123,14 +125,14 @@ std::string FromUtf16(std::string_view bytes, bool big_endian) {
             AppendUtf8(0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00), utf8);
             at += 2;
         } else {
-            AppendUtf8(unit, utf8);  // Half a pair by itself becomes the replacement character.
+            AppendUtf8(unit, utf8);  // A lone surrogate becomes the replacement character.
         }
     }
     return utf8;
 }
 
 char32_t Windows1252(unsigned char byte) {
-    // The bytes that the code page leaves open stand for the control characters of their number.
+    // Bytes that the code page leaves undefined map to the control characters with their number.
     static constexpr std::array<char16_t, 32> kFrom80 = {
         0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
         0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

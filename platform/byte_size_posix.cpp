@@ -7,7 +7,8 @@ namespace platform {
 
 namespace {
 
-/// `hundredths` of a unit, below 1000 of it, with three significant digits; the rest is cut.
+/// Formats a number below 1000, given in hundredths, with three significant digits; the rest is
+/// truncated.
 std::string ThreeDigits(std::uint64_t hundredths) {
     std::string digits = std::to_string(hundredths / 100);
     if (digits.size() == 3) return digits;
@@ -23,7 +24,7 @@ std::string StrFormatByteSize(std::int32_t bytes) {
     if (count < 1024) return std::to_string(count) + " bytes";
 
     static constexpr std::array<const char*, 3> kUnits = {" KB", " MB", " GB"};
-    // A thousand of a unit would take four digits and is given in the next one.
+    // 1000 or more of a unit would take four digits, so the next unit is used.
     std::uint64_t size = 1024;
     std::size_t unit = 0;
     while (count >= 1000 * size) {

@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include <shlwapi.h>
-// shlwapi.h renames whatever is called so.
+// shlwapi.h defines a macro with this name.
 #undef StrFormatByteSize
 
 #include <array>

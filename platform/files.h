@@ -11,93 +11,93 @@
 
 namespace platform {
 
-/// How a change to the files went.
+/// The result of a change to the files.
 struct FileResult {
-    std::string why_not;  ///< in the system's words where it has any; "" when all went well
+    std::string why_not;  ///< the system's message if it has one; "" on success
 
     explicit operator bool() const { return why_not.empty(); }
 };
 
-/// Why a path is refused that the system never gets to see.
+/// The reason given for a path that is refused without asking the system.
 inline constexpr char kNoName[] = "not a name that this system allows";
 
-/// Reads what is in a folder one after the other: a large folder holds up nobody.
+/// Reads the entries of a folder one by one, so that a large folder holds up nobody.
 class FolderReader {
   public:
-    enum class Kind { File, Folder, Link };  ///< a link is one, whatever it leads to
+    enum class Kind { File, Folder, Link };  ///< a symbolic link is a Link, whatever it leads to
     struct Entry {
         std::string name;
         Kind kind;
     };
     virtual ~FolderReader() = default;
 
-    /// The next one, in any order; nothing at the end and on a fault. Whether it gives what comes
-    /// or goes meanwhile is left open; it never gives one thing twice.
+    /// The next entry, in any order; nothing at the end or on a fault. An entry that is created or
+    /// deleted meanwhile may be missing. No entry is returned twice.
     virtual std::optional<Entry> Next() = 0;
 };
 
-/// Reads any part of a file, which may grow meanwhile.
+/// Reads any part of a file. The file may grow meanwhile.
 class FileReader {
   public:
     virtual ~FileReader() = default;
 
-    /// Reads up to `most` bytes from `offset` on into `to` and returns how many there were; 0 at
-    /// the end and on a fault.
+    /// Reads up to `most` bytes at `offset` into `to` and returns their number; 0 at the end or on
+    /// a fault.
     virtual std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t most) = 0;
 };
 
-/// A folder is being filled by this process while this lives.
+/// While this object exists, this process is the one that fills the folder.
 class FolderClaim {
   public:
     virtual ~FolderClaim() = default;
 };
 
-/// The system's files, named by the program's own path text: "\" separates, "c:" is the user's home
-/// folder where the system knows no drives, "z:" and a leading "\" are its root. "." and ".." are
-/// resolved in the text, clamped at the root, before the system sees the path. A path that holds a
-/// NUL, or a name that the system would take for something else, is a fault. Pipes and devices are
-/// no files: none is opened, so nobody waits for one. A fault is the returned value, never an
-/// exception.
+/// The system's files, named by the program's own path text: "\" separates names; "c:" is the
+/// user's home folder if the system has no drives; "z:" and a leading "\" are then the root. "."
+/// and ".." are resolved in the text, clamped at the root, before the system sees the path. A path
+/// that contains a NUL, or a name with a special meaning to the system, is a fault. Pipes and
+/// devices are not files and are never opened, because opening one may block. Faults are returned
+/// values, never exceptions.
 class Files {
   public:
     virtual ~Files() = default;
 
-    /// The folder that the program keeps its own lists in, without a final "\".
+    /// The folder that holds the program's own lists, without a final "\".
     virtual std::string ProgramFolder() const = 0;
 
-    /// Creates exactly this folder. A fault also when it exists already.
+    /// Creates this folder, but not its parents. It is a fault if it exists already.
     virtual FileResult CreateFolder(std::string_view path) = 0;
 
-    /// The length of a file in bytes, 0 for a folder; nothing when neither is there.
+    /// The length of a file in bytes; 0 for a folder; nothing if neither exists.
     virtual std::optional<std::uint64_t> FileLength(std::string_view path) const = 0;
 
     virtual bool FolderExists(std::string_view path) const = 0;
 
-    /// Nothing on a fault, also when the file is larger than the memory.
+    /// The file's contents; nothing on a fault, for example if the file does not fit into memory.
     virtual std::optional<std::string> ReadFile(std::string_view path) const = 0;
 
-    /// The same for a file of at most `longest` bytes; nothing when it is longer.
+    /// The same, but nothing if the file is longer than `longest` bytes.
     virtual std::optional<std::string> ReadShortFile(std::string_view path,
                                                      std::uint64_t longest) const {
         const auto length = FileLength(path);
         return length && *length <= longest ? ReadFile(path) : std::nullopt;
     }
 
-    /// Reads a file part by part; null when it cannot be opened.
+    /// Opens a file for reading in parts; null if it cannot be opened.
     virtual std::unique_ptr<FileReader> OpenFile(std::string_view path) const = 0;
 
-    /// Makes the file consist of `parts`, one after the other, whatever was there before. It is
-    /// whole or untouched: on a fault (a full disk, say) the old file stays, and no new one is
-    /// left.
+    /// Replaces the file's contents by `parts`, in order, or creates the file. All or nothing: on a
+    /// fault, such as a full disk, an old file stays unchanged and no new one is left behind.
     virtual FileResult WriteFile(std::string_view path,
                                  std::initializer_list<std::string_view> parts) = 0;
 
-    /// Adds `parts` at the file's end, one after the other, creating it when missing. A fault adds
-    /// nothing.
+    /// Appends `parts`, in order, and creates the file if it is missing. On a fault nothing is
+    /// added.
     virtual FileResult AppendFile(std::string_view path,
                                   std::initializer_list<std::string_view> parts) = 0;
 
-    /// The same where nothing is yet, not even a symbolic link. False also when something is.
+    /// The same for a file that must not exist. False if anything has that name, even a symbolic
+    /// link, or on a fault.
     virtual bool WriteNewFile(std::string_view path,
                               std::initializer_list<std::string_view> parts) {
         return !FileLength(path) && AppendFile(path, parts);
@@ -105,27 +105,29 @@ class Files {
 
     virtual bool DeleteFile(std::string_view path) = 0;
 
-    /// Deletes every file in `folder` whose name ends in `suffix`, which is ASCII (case as the
-    /// system compares names).
+    /// Deletes every file in `folder` whose name ends with `suffix`, which is ASCII. Compares case
+    /// as the system does.
     virtual void DeleteBySuffix(std::string_view folder, std::string_view suffix) = 0;
 
-    /// The names of the folders directly in `folder`, sorted; none that path text cannot hold.
+    /// The names of the folders directly in `folder`, sorted. Omits names that path text cannot
+    /// express.
     virtual std::vector<std::string> Subfolders(std::string_view folder) const = 0;
 
-    /// Reads what is in `folder`, but for names that path text cannot hold; null when it cannot be
-    /// opened.
+    /// Opens `folder` to read its entries, except those whose names path text cannot express; null
+    /// if it cannot be opened.
     virtual std::unique_ptr<FolderReader> OpenFolder(std::string_view folder) const = 0;
 
-    /// Whether `path`, with "." and ".." resolved and symbolic links followed, lies in `folder` or
-    /// is it. The parts of both that do not exist yet count as they are written.
+    /// Whether `path`, with "." and ".." resolved and symbolic links followed, is `folder` or lies
+    /// inside it. Parts of either that do not exist yet are taken as written.
     virtual bool IsInside(std::string_view path, std::string_view folder) const = 0;
 
     /// Whether `path` itself is a symbolic link, whatever it leads to.
     virtual bool IsLink(std::string_view path) const = 0;
 
-    /// Claims a folder, by whatever path, until the claim is deleted or the process has ended. Null
-    /// while another claim to it lives, in this process or any other. Nothing of this is seen in
-    /// the folder. Where the system keeps no such claims (some network drives), all get theirs.
+    /// Claims a folder until the claim is deleted or the process ends. Null while another claim to
+    /// the same folder exists, in any process and by whatever path. Nothing of this shows in the
+    /// folder. If the system cannot keep the claim, as on some network drives, every claim
+    /// succeeds.
     virtual std::unique_ptr<FolderClaim> ClaimFolder(std::string_view folder) = 0;
 };
 

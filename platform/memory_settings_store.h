@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// Settings that end with the program, for runs that must not touch the stored ones.
+/// Settings that are lost when the program ends, for runs that must not change the stored ones.
 class MemorySettingsStore final : public SettingsStore {
   public:
     std::string Get(const std::string& application, const std::string& section,

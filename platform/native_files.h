@@ -10,63 +10,63 @@
 
 #include "platform/files.h"
 
-/// What system_files.cpp needs of the system and every system does in a way of its own. Faults are
-/// returned values, and no name is converted through a locale.
+/// What system_files.cpp needs from the system and what each system does differently. Faults are
+/// returned values. No name is converted through a locale.
 namespace platform::native {
 
-/// A path or a name as the system's own calls take it.
+/// A path or name in the form that the system's calls take.
 using Path = std::filesystem::path::string_type;
 using PathView = std::basic_string_view<Path::value_type>;
 
-/// The path of the place that a path text names; nothing where there is none, and for a name that
-/// the system would take for something else (a device, a stream of another file).
+/// The system path for a path text; nothing if there is none or if a name in it means something
+/// else to the system (a device, a stream of another file).
 std::optional<Path> PathOf(std::string_view path_text);
 
-/// A file's name as path text; nothing for one that path text cannot hold.
+/// A file's name as path text; nothing if path text cannot express it.
 std::optional<std::string> TextOf(const Path& name);
 
-/// Whether the system takes both for one name.
+/// Whether the system treats both as the same name.
 bool IsSameName(PathView a, PathView b);
 
 struct Status {
     bool is_folder;
-    bool is_file;  ///< neither for a pipe or a device
+    bool is_file;  ///< a pipe or device is neither file nor folder
     std::uint64_t length;
 };
 
-/// Of what is there when links are followed. Nothing on a fault; `errno` is ENOENT or ENOTDIR when
-/// nothing is there.
+/// The status of what `path` leads to when links are followed. Nothing on a fault; `errno` is
+/// ENOENT or ENOTDIR if nothing exists there.
 std::optional<Status> StatusOf(const Path& path);
 
 /// Whether the path itself is a symbolic link, whatever it leads to.
 bool IsLink(const Path& path);
 
-/// Where the path leads when every link on the way is followed. Nothing on a fault; `errno` is
-/// ENOENT or ENOTDIR when nothing is there. A root is given, and may be taken, without a separator.
+/// The path with every link followed. Nothing on a fault; `errno` is ENOENT or ENOTDIR if nothing
+/// exists there. A root is returned, and accepted, without its separator.
 std::optional<Path> FinalPath(const Path& path);
 
-/// As std::fopen does, with `mode` "rb", "ab", "wb" or "wbx". The last makes a file that must not
-/// be there; `errno` is EEXIST when it is.
+/// Like std::fopen. `mode` is "rb", "ab", "a+b", "wb" or "wbx". "wbx" creates a file that must not
+/// exist yet; otherwise `errno` is EEXIST.
 std::FILE* Open(const Path& path, const char* mode);
 
-/// Moves to `offset` bytes from the beginning.
+/// Moves to `offset` bytes from the file's start.
 bool Seek(std::FILE* file, std::uint64_t offset);
 
 bool MakeFolder(const Path& path);
 
-/// The system's words for why the last call of its own failed; never "".
+/// The system's message about its last failed call; never "".
 std::string WhyItFailed();
 
-/// Deletes a file, no folder.
+/// Deletes a file, but never a folder.
 bool Unlink(const Path& path);
 
 struct Entry {
     Path name;
-    bool is_folder;  ///< also for a link that leads to one
+    bool is_folder;  ///< also true for a link to a folder
     bool is_link;
 };
 
-/// What is in a folder, itself and its parent aside, one after the other.
+/// The entries of a folder, except "." and "..".
 class FolderEntries {
   public:
     explicit FolderEntries(const Path& folder);
@@ -76,7 +76,7 @@ class FolderEntries {
 
     bool IsOpen() const { return state_ != nullptr; }
 
-    /// Nothing at the end, and on a fault.
+    /// The next entry; nothing at the end or on a fault.
     std::optional<Entry> Next();
 
   private:
@@ -84,7 +84,7 @@ class FolderEntries {
     std::unique_ptr<State> state_;
 };
 
-/// A claim to a folder as `Files::ClaimFolder` says.
+/// Claims a folder as described at `Files::ClaimFolder`.
 std::unique_ptr<FolderClaim> ClaimFolder(const Path& folder);
 
 }  // namespace platform::native

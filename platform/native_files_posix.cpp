@@ -89,7 +89,7 @@ std::optional<Entry> FolderEntries::Next() {
 
 namespace {
 
-/// A lock on the folder itself. The system takes it away when the process ends, however it does.
+/// A lock on the folder itself. The system releases it when the process ends, however that happens.
 class FolderLock : public FolderClaim {
   public:
     explicit FolderLock(int folder) : folder_(folder) {}

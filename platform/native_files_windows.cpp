@@ -19,7 +19,7 @@ namespace platform::native {
 
 namespace {
 
-/// From the system's single-byte code page; nothing for bytes that are no text in it.
+/// Converts from the system's ANSI code page; nothing for bytes that are invalid in it.
 std::optional<Path> Widened(std::string_view text) {
     Path wide(text.size(), L'\0');
     const int size = static_cast<int>(text.size());
@@ -30,12 +30,12 @@ std::optional<Path> Widened(std::string_view text) {
     return wide;
 }
 
-/// Whether the system, and every other program, knows a device by this name, as they do with any
+/// Whether this name means a device to the system and to other programs, as it does with any
 /// extension: "con", "nul.txt", "com1".
 bool IsDevice(PathView name) {
     Path stem(name.substr(0, name.find(L'.')));
     stem.resize(stem.find_last_not_of(L' ') + 1);
-    // The numbers 1 to 9 are alike; the raised 1, 2 and 3 count too.
+    // The numbers 1 to 9 are equivalent, and so are the superscripts 1, 2 and 3.
     if (stem.size() == 4 && PathView(L"23456789\xB9\xB2\xB3").find(stem[3]) != PathView::npos) {
         stem[3] = L'1';
     }
@@ -45,9 +45,9 @@ bool IsDevice(PathView name) {
                        [&stem](PathView device) { return IsSameName(stem, device); });
 }
 
-/// Whether every program takes `name` for the name of a file and of this one: what follows a ":"
-/// would be a stream of another file, "<" and ">" are wildcards, too, and dots and blanks at the
-/// end are dropped by most, which then find a neighbour.
+/// Whether every program takes `name` as the name of this file. The text after a ":" would be a
+/// stream of another file, "<" and ">" are wildcards, too, and most programs drop trailing dots and
+/// blanks and then find another file.
 bool IsPlainName(PathView name) {
     return name.find_first_of(L"<>:\"|?*") == PathView::npos && !name.ends_with(L'.') &&
            !name.ends_with(L' ') && !IsDevice(name) &&
@@ -60,8 +60,8 @@ struct CloseHandleOf {
 using OpenedFile = std::unique_ptr<void, CloseHandleOf>;
 using Mutex = std::unique_ptr<void, CloseHandleOf>;
 
-/// A mutex named for the folder, which nobody waits for: that it is there says all. The system
-/// deletes it with the last process that has it.
+/// A mutex named after the folder. Nobody waits for it; its existence is the claim. The system
+/// deletes it with the last process that holds it.
 class FolderMutex : public FolderClaim {
   public:
     explicit FolderMutex(Mutex mutex) : mutex_(std::move(mutex)) {}
@@ -70,8 +70,8 @@ class FolderMutex : public FolderClaim {
     Mutex mutex_;
 };
 
-/// Opens a file or folder, the one that links lead to, to ask about it; null with `errno` ENOENT
-/// when it is not there.
+/// Opens a file or folder for queries and follows links; null with `errno` ENOENT if it does not
+/// exist.
 OpenedFile OpenToAsk(const Path& path) {
     constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
@@ -91,10 +91,11 @@ bool IsFolder(DWORD attributes) {
 std::optional<Path> PathOf(std::string_view path_text) {
     const std::optional<std::string> resolved = ResolvePathText(path_text);
     if (!resolved) return std::nullopt;
-    // With this in front a path may be longer than 260 characters, and is taken as it stands.
+    // With this prefix a path may be longer than 260 characters, and the system does not
+    // reinterpret it.
     Path path = L"\\\\?\\";
     path.append({static_cast<wchar_t>(resolved->front()), L':'});
-    // Name by name: in some code pages the "\" is half of a character.
+    // Convert name by name: in some code pages "\" can be the second byte of a character.
     std::string_view rest = std::string_view(*resolved).substr(2);
     while (!rest.empty()) {
         rest.remove_prefix(1);
@@ -114,7 +115,7 @@ std::optional<std::string> TextOf(const Path& name) {
     const int length = WideCharToMultiByte(CP_ACP, 0, name.data(), size, text.data(),
                                            static_cast<int>(text.size()), nullptr, nullptr);
     text.resize(static_cast<std::size_t>(length));
-    // A letter that the code page has not would come back as another.
+    // A character that the code page lacks would come back as another one.
     return IsPlainName(name) && Widened(text) == name ? std::optional(text) : std::nullopt;
 }
 
@@ -144,8 +145,8 @@ std::optional<Path> FinalPath(const Path& path) {
     Path followed(32768, L'\0');
     const auto size = static_cast<DWORD>(followed.size());
     const DWORD length = file ? GetFinalPathNameByHandleW(file.get(), followed.data(), size, 0) : 0;
-    // Some systems cannot tell it for a long path: it is looked for from the folder, then. Above a
-    // drive there is nothing to look in.
+    // Some systems cannot do this for a long path; ENOENT makes the caller continue with the parent
+    // folder. A drive has no parent.
     if (file || is_drive) errno = is_drive ? EIO : ENOENT;
     if (length == 0 || length >= size) return std::nullopt;
     followed.resize(length);
@@ -154,7 +155,7 @@ std::optional<Path> FinalPath(const Path& path) {
 }
 
 std::FILE* Open(const Path& path, const char* mode) {
-    // The system's C library has no "x".
+    // The system's C library does not know the mode "x".
     const int flags = mode[0] == 'r' ? _O_RDONLY
                       : mode[0] == 'a'
                           ? _O_WRONLY | _O_APPEND
@@ -172,7 +173,7 @@ bool MakeFolder(const Path& path) {
 }
 
 std::string WhyItFailed() {
-    // The C library's calls are made of the system's, which leave their number here, too.
+    // The C library's calls are built on the system's and leave their error code here, too.
     const DWORD error = GetLastError();
     std::array<char, 512> words{};
     const DWORD length =
@@ -190,7 +191,7 @@ bool Unlink(const Path& path) {
 struct FolderEntries::State {
     HANDLE search;
     WIN32_FIND_DATAW entry;
-    bool any;  ///< `entry` is one that was not given yet
+    bool any;  ///< `entry` has not been returned yet
 };
 
 FolderEntries::FolderEntries(const Path& folder) {
@@ -221,12 +222,12 @@ std::optional<Entry> FolderEntries::Next() {
 std::unique_ptr<FolderClaim> ClaimFolder(const Path& folder) {
     Path place = FinalPath(folder).value_or(folder);
     CharUpperBuffW(place.data(), static_cast<DWORD>(place.size()));
-    // A path is too long for a name, and its separators mean something else there.
+    // A path may be too long for a mutex name, and "\" has a special meaning in one.
     const std::wstring name =
         L"Global\\Vantorin fills " + std::to_wstring(std::hash<Path>{}(place));
     Mutex mutex(CreateMutexW(nullptr, FALSE, name.c_str()));
     const DWORD error = GetLastError();
-    // Another user's may be there without our being allowed to have it.
+    // Another user's mutex may exist even though we may not open it.
     if (error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED) return nullptr;
     return std::make_unique<FolderMutex>(std::move(mutex));
 }

@@ -4,17 +4,16 @@
 
 namespace platform {
 
-/// What a file is shown as. A browser goes by the file's name: "*.txt" is plain text, whatever
-/// stands in it.
+/// How a file is shown. A browser goes by the name: "*.txt" is plain text, whatever it contains.
 enum class PageKind { Markup, PlainText };
 
-/// Reads a page as a person sees it.
+/// Extracts the visible text of a page.
 class PageText {
   public:
     virtual ~PageText() = default;
 
-    /// The visible text of the body of the page whose file consists of `file_bytes`, blocks and
-    /// breaks on lines of their own (LF), in the local 8-bit encoding. Takes any bytes, in linear
+    /// The visible text of the page's body in the local 8-bit encoding, with blocks and breaks on
+    /// lines of their own (LF). `file_bytes` is the whole file. Accepts any bytes, takes linear
     /// time, and may let events run meanwhile.
     virtual std::string InnerText(std::string file_bytes, PageKind kind) = 0;
 };

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// What path_text.cpp needs to know of the system's own rules for paths.
+/// The system's rules for paths, as needed by path_text.cpp.
 namespace platform {
 
 constexpr bool IsSeparator(char c) {
@@ -13,10 +13,10 @@ constexpr bool IsSeparator(char c) {
 /// Whether `path` begins with a letter and ":".
 bool HasDrive(std::string_view path);
 
-/// Whether the system has the drive that a resolved text begins with.
+/// Whether the system has the drive at the start of a resolved text.
 bool IsOnDrive(std::string_view resolved);
 
-/// What a path without a drive is taken from, as a resolved text; "" when it leads nowhere.
+/// The folder that a path without a drive is relative to, as resolved text; "" if there is none.
 std::string BaseOf(std::string_view path);
 
 }  // namespace platform

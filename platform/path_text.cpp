@@ -10,8 +10,9 @@ namespace platform {
 
 namespace {
 
-/// Whether resolving would change nothing, which is so for most paths: whoever checks one resolves
-/// it, and so does whoever opens it then. Names that begin with a dot count as something to do.
+/// Whether resolving would change nothing. This is true of most paths, because whoever checks a
+/// path resolves it, and whoever opens it resolves it again. Names that start with a dot count as
+/// unresolved.
 bool IsResolved(std::string_view path) {
     if (!HasDrive(path) || path[0] < 'a' || path.find('/') != path.npos || !IsOnDrive(path))
         return false;
@@ -22,7 +23,8 @@ bool IsResolved(std::string_view path) {
     return true;
 }
 
-/// Up to the first separator. Most paths have one kind of them, so each is searched for by itself.
+/// The length of the first name. Most paths contain one kind of separator, so each kind is searched
+/// for separately.
 std::size_t NameLength(std::string_view path) {
     const std::string_view name = path.substr(0, path.find('\\'));
     return std::min(name.find('/'), name.size());

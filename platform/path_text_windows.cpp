@@ -13,7 +13,7 @@ bool IsOnDrive(std::string_view resolved) {
 }
 
 std::string BaseOf(std::string_view path) {
-    // A share of the network: paths are built name by name, and its two "\" would become one.
+    // A network share. Resolving builds a path name by name, which would turn its two "\" into one.
     if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return {};
     std::array<char, MAX_PATH> buffer;
     const DWORD length = GetCurrentDirectoryA(buffer.size(), buffer.data());
@@ -24,7 +24,7 @@ std::string BaseOf(std::string_view path) {
 
 std::optional<std::string> SystemPathOf(std::string_view path) {
     std::optional<std::string> system_path = ResolvePathText(path);
-    // "c:" alone would be the current folder of that drive.
+    // "c:" alone would mean the current folder of that drive.
     if (system_path && system_path->ends_with(':')) system_path->append("\\");
     return system_path;
 }

@@ -9,7 +9,7 @@
 
 namespace platform {
 
-/// The system as the program sees it: one of each, for the life of the process.
+/// The program's interfaces to the system. There is one of each for the life of the process.
 struct Services {
     EventLoop& events;
     Files& files;
@@ -19,10 +19,10 @@ struct Services {
     MessageBoxes& boxes;
 };
 
-/// The services in use. Installed before anything else runs.
+/// The services in use. They are installed before anything else runs.
 const Services& System();
 
-/// Makes `services` the ones in use; they must outlive their use. Null takes them away.
+/// Sets the services in use, or removes them if null. They must outlive their use.
 void InstallSystem(const Services* services);
 
 }  // namespace platform

@@ -4,16 +4,16 @@
 
 namespace platform {
 
-/// Per-user settings that outlive the program, as strings by application, section and key.
+/// Per-user settings that persist, stored as strings by application, section and key.
 class SettingsStore {
   public:
     virtual ~SettingsStore() = default;
 
-    /// The stored value, or `fallback` when there is none or the store cannot be read.
+    /// The stored value, or `fallback` if there is none or the store cannot be read.
     virtual std::string Get(const std::string& application, const std::string& section,
                             const std::string& key, const std::string& fallback) const = 0;
 
-    /// Stores a value; a store that cannot be written is passed over silently.
+    /// Stores a value. If the store cannot be written, nothing happens.
     virtual void Put(const std::string& application, const std::string& section,
                      const std::string& key, const std::string& value) = 0;
 };

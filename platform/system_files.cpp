@@ -25,11 +25,11 @@ FileResult Fault() {
     return {native::WhyItFailed()};
 }
 
-/// Writes one part after the other, as they may be too large for a copy that holds them all, and
-/// closes the file: some systems tell only then that the disk was full.
+/// Writes one part after the other, because a copy of all of them might not fit into memory. Closes
+/// the file, because some systems report a full disk only then.
 FileResult WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> parts) {
-    // A page goes to the system in one piece; with a buffer of its own the library would first ask
-    // how large a one the disk likes.
+    // This buffer passes a page to the system in one piece. For a buffer of its own, the library
+    // would first ask the system for the best size.
     std::array<char, 64 * 1024> buffer;
     std::setvbuf(file, buffer.data(), _IOFBF, buffer.size());
     const bool written = std::all_of(parts.begin(), parts.end(), [file](std::string_view part) {
@@ -40,7 +40,7 @@ FileResult WriteAndClose(std::FILE* file, std::initializer_list<std::string_view
     return result;
 }
 
-/// Writes to a new file, as it came from `native::Open`, and leaves none on a fault.
+/// Fills the new file that `native::Open` has returned. Leaves no file behind on a fault.
 FileResult FillNewFile(const Path& path, std::FILE* file,
                        std::initializer_list<std::string_view> parts) {
     if (file == nullptr) return Fault();
@@ -49,23 +49,22 @@ FileResult FillNewFile(const Path& path, std::FILE* file,
     return result;
 }
 
-/// Opens for adding at the end. Only of a file that is not read does the library first ask where
-/// that is.
+/// Opens for appending. With "a+b" the library does not ask the system for the file's end first;
+/// "ab" is for a file that may not be read.
 std::FILE* OpenToAppend(const Path& path) {
     std::FILE* const file = native::Open(path, "a+b");
     return file != nullptr ? file : native::Open(path, "ab");
 }
 
-/// A name for the file that is written in the target's place and takes its name when it is whole.
-/// The sweep of the placeholders takes such a file along, should the program be killed in between.
+/// The name of the file that is written first and renamed to `path` when complete. If the program
+/// is killed in between, the sweep of the placeholders removes it.
 Path TemporaryBeside(const Path& path, int number) {
     const std::string name = "~vantorin" + std::to_string(number) + ".tmp";
     return path.substr(0, path.rfind(kSeparator) + 1).append(name.begin(), name.end());
 }
 
-/// Where `path` leads when every link on the way is followed; what does not exist yet counts as it
-/// is written. Nothing when that cannot be known: a link to nowhere, for one, leads wherever a
-/// write through it would go.
+/// The path with every link followed; what does not exist yet is taken as written. Nothing if the
+/// target is unknown, as with a dangling link, which leads wherever a write through it would go.
 std::optional<Path> FollowLinks(std::string_view path_text) {
     std::optional<Path> path = native::PathOf(path_text);
     Path missing;
@@ -137,8 +136,7 @@ FileResult SystemFiles::CreateFolder(std::string_view path) {
 
 std::optional<std::uint64_t> SystemFiles::FileLength(std::string_view path) const {
     auto status = StatusOf(path);
-    // A first failure is not believed, since the system may have been busy with the file, unless it
-    // says that nothing is there.
+    // Unless the system says that nothing is there, ask again: it may have been busy with the file.
     if (!status && errno != ENOENT && errno != ENOTDIR) status = StatusOf(path);
     if (!status) return std::nullopt;
     return status->is_folder ? 0 : status->length;
@@ -165,7 +163,7 @@ std::optional<std::string> SystemFiles::ReadShortFile(std::string_view path,
     std::string bytes;
     try {
         bytes.resize(status->length);
-    } catch (const std::exception&) {  // larger than the memory
+    } catch (const std::exception&) {  // does not fit into memory
         return std::nullopt;
     }
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
@@ -213,7 +211,7 @@ FileResult SystemFiles::AppendFile(std::string_view path,
     if (file == nullptr) return Fault();
     FileResult result = WriteAndClose(file, parts);
     if (result) return result;
-    // Were this to fail too, nothing more could be done about the part that was written.
+    // If this fails, too, the part that was written stays.
     std::error_code error;
     std::filesystem::resize_file(*native_path, status->length, error);
     return result;

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Character classes of single bytes: A to Z only, so that the bytes of other alphabets stay as
-/// they are.
+/// Character classes of single bytes. Only A to Z count as letters, so the bytes of other alphabets
+/// are never changed.
 namespace text {
 
 constexpr bool IsLetter(char c) {

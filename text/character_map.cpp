@@ -10,18 +10,20 @@ namespace text {
 
 namespace {
 
-/// Characters that are counted together: plain loops of fixed length become vector instructions.
+/// Characters counted per block. Compilers turn plain loops of fixed length into vector
+/// instructions.
 constexpr std::size_t kBlock = 32;
 
 std::size_t IndexOf(char character) {
     return static_cast<unsigned char>(character);
 }
 
-/// Where characters to replace are this close together, the following stretch is not searched.
+/// Two characters to replace that are less than `kNear` apart suggest a dense stretch: the next
+/// `kStretch` characters are mapped one by one instead of searched.
 constexpr std::size_t kNear = 8;
 constexpr std::size_t kStretch = 16;
 
-/// Finds the next of some characters in a text, going through the text once for each.
+/// Finds the next of several characters in a text. Each character is searched for separately.
 class NextOf {
   public:
     NextOf(std::string_view subject, std::string_view characters)
@@ -31,7 +33,8 @@ class NextOf {
         }
     }
 
-    /// The first place from `at` on, which never goes back; the text's end when there is none.
+    /// The first place at or after `at`, or the text's end if there is none. `at` must not decrease
+    /// from call to call.
     std::size_t AtOrAfter(std::size_t at) {
         std::size_t nearest = subject_.size();
         for (std::size_t i = 0; i < characters_.size(); ++i) {
@@ -114,7 +117,7 @@ std::string CharacterMap::AppliedTo(std::string_view subject, std::size_t spare)
     return result;
 }
 
-/// By how much the text becomes longer, what becomes shorter not counted.
+/// By how much the text can grow. Characters that become shorter are not subtracted.
 std::size_t CharacterMap::Growth(std::string_view subject) const {
     std::size_t growth = 0;
     for (const char character : changed_) {
@@ -132,9 +135,9 @@ std::size_t CharacterMap::Growth(std::string_view subject) const {
     return growth;
 }
 
-/// Writes what `subject` becomes from `out` on and returns its end. `out` may be the beginning of
-/// `subject` itself where nothing becomes longer. Searches for the next character to replace, and
-/// after one that was near goes from character to character, since they may be dense.
+/// Writes what `subject` becomes to `out` and returns the end. `out` may be the start of `subject`
+/// itself if nothing becomes longer. Searches for the next character to replace; after a near one
+/// it maps a stretch character by character, because more may follow closely.
 char* CharacterMap::Write(std::string_view subject, char* out) const {
     NextOf next(subject, changed_);
     for (std::size_t at = 0; at < subject.size();) {
@@ -149,7 +152,7 @@ char* CharacterMap::Write(std::string_view subject, char* out) const {
     return out;
 }
 
-/// The same from character to character. No branch depends on the characters.
+/// The same, one character at a time. No branch depends on the characters.
 char* CharacterMap::WriteEach(std::string_view subject, char* out) const {
     if (!grows_) {
         for (const char character : subject) {
@@ -159,7 +162,7 @@ char* CharacterMap::WriteEach(std::string_view subject, char* out) const {
         return out;
     }
     for (const char character : subject) {
-        // The whole array; what is too much is written over by the next.
+        // Copies the whole array; the next character overwrites the excess.
         std::memcpy(out, texts_[IndexOf(character)].data(), kLongest);
         out += sizes_[IndexOf(character)];
     }

@@ -8,28 +8,28 @@
 
 namespace text {
 
-/// Replacements of single characters, made in one pass: each character becomes a short text of its
-/// own wherever it stands. Where they are rare the time is that of searching for them; it never
-/// becomes much more than that of going from character to character, however dense they are.
+/// Replaces single characters by short texts, all in one pass. If they are rare, the cost is that
+/// of searching for them; however dense they are, it is never much more than that of mapping every
+/// character.
 class CharacterMap {
   public:
-    /// Every character stays.
+    /// Replaces nothing.
     CharacterMap();
 
-    /// Adds a replacement, to be made after those that were added before. False, and nothing added,
-    /// when a character would become too long a text.
+    /// Adds a replacement that applies to the result of those added before. If a character would
+    /// become too long a text, returns false and adds nothing.
     bool Add(char character, std::string_view replacement);
 
     /// What `character` becomes.
     std::string_view Of(char character) const;
-    /// The characters that were replaced.
+    /// The characters that are replaced.
     const std::string& Changed() const { return changed_; }
 
-    /// Whether `subject` has any of them.
+    /// Whether `subject` contains any of them.
     bool Changes(std::string_view subject) const;
-    /// Makes the replacements, in place where no character becomes longer.
+    /// Makes the replacements; in place if no character becomes longer.
     void ApplyTo(std::string& subject) const;
-    /// The same on a copy, made with room for `spare` characters more.
+    /// The same on a copy with room for `spare` more characters.
     std::string AppliedTo(std::string_view subject, std::size_t spare = 0) const;
 
   private:
@@ -43,7 +43,7 @@ class CharacterMap {
     std::array<Short, 256> texts_{};
     std::array<std::uint8_t, 256> sizes_;
     std::string changed_;
-    bool grows_ = false;  // some character becomes longer
+    bool grows_ = false;  // at least one character becomes longer
 };
 
 }  // namespace text

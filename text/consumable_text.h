@@ -8,36 +8,35 @@
 
 namespace text {
 
-/// A text that is appended to at its end and eaten from its front.
+/// A text that grows at its end and is consumed from its front.
 ///
-/// The link scanner steps through a page by dropping what it has seen, while data may be appended
-/// to the same text, or the text be emptied, whenever events run. Keeping the eaten part as an
-/// offset makes each step cost nothing, and keeping the offset here, beside the bytes, means that
-/// whoever assigns a new text cannot leave a stale position behind in somebody's loop.
+/// The link scanner drops what it has seen of a page while data may be appended to the same text,
+/// or the text be emptied, whenever events run. An offset makes each step free. It is kept here
+/// beside the bytes, so that assigning a new text leaves no stale position behind in someone's
+/// loop.
 class ConsumableText {
   public:
     ConsumableText() = default;
     explicit ConsumableText(std::string bytes) : bytes_(std::move(bytes)) {}
 
-    /// What is left. Valid until the text is next changed, so never across a place where events
-    /// run.
+    /// What is left. Valid until the text changes, so never across a place where events run.
     std::string_view View() const { return std::string_view(bytes_).substr(eaten_); }
     std::size_t Size() const { return bytes_.size() - eaten_; }
     bool Empty() const { return Size() == 0; }
-    /// What the text takes, the eaten part with it.
+    /// The bytes held, including the consumed part.
     std::size_t BytesHeld() const { return bytes_.size(); }
 
-    /// Replaces the whole text, and begins a new generation of it.
+    /// Replaces the whole text and starts a new generation.
     void Assign(std::string bytes) {
         Replace(std::move(bytes));
         ++generation_;
     }
 
-    /// Tells whoever lets events run in the middle of work on the text whether it is still the same
-    /// text, appended to or further eaten perhaps, or was replaced by another.
+    /// Changes when the text is replaced, but not when it is appended to or consumed. Code that
+    /// lets events run in the middle compares it before and after.
     unsigned Generation() const { return generation_; }
 
-    /// Empties the text and gives its memory back.
+    /// Empties the text and frees its memory.
     void Clear() { Assign(std::string()); }
 
     void Append(std::string_view more) {
@@ -55,8 +54,7 @@ class ConsumableText {
         }
     }
 
-    /// The text as one plain string that may be edited in place (what was eaten is really gone
-    /// then).
+    /// What is left, as a plain string that may be edited in place. Erases the consumed part.
     std::string& Edit() {
         bytes_.erase(0, eaten_);
         eaten_ = 0;
@@ -64,11 +62,11 @@ class ConsumableText {
     }
 
   private:
-    /// From here on a text grows by a quarter: the next doubling might be more than there is.
+    /// Above this size a text grows by a quarter: doubling might exceed the available memory.
     static constexpr std::size_t kLarge = std::size_t{16} << 20;
 
-    /// Growing holds the old text beside the new one for a moment. A text of this size therefore
-    /// grows only once more: room that is not written to takes no memory yet.
+    /// While a text grows, the old and the new one exist side by side. A text of this size
+    /// therefore reserves its maximum at once: memory that is never written to costs nothing yet.
     static constexpr std::size_t kHuge = std::size_t{512} << 20;
     static constexpr std::size_t kRoomForHuge = std::size_t{1} << 31;
 
@@ -77,12 +75,12 @@ class ConsumableText {
         if (needed < kHuge || needed > kRoomForHuge) return GrowTo(quarter_more);
         try {
             GrowTo(kRoomForHuge);
-        } catch (const std::bad_alloc&) {  // where even room has to be paid for
+        } catch (const std::bad_alloc&) {  // the system commits memory when it is reserved
             GrowTo(quarter_more);
         }
     }
 
-    /// A string doubles when it is asked to reserve more, so a fresh one is filled.
+    /// `reserve` on an existing string may double it, so a new string is filled instead.
     void GrowTo(std::size_t capacity) {
         std::string grown;
         grown.reserve(capacity);
@@ -90,7 +88,7 @@ class ConsumableText {
         bytes_.swap(grown);
     }
 
-    /// The old text's memory is given back, which moving a short text in would not do.
+    /// Swaps, because move-assigning a short text would keep the old text's memory.
     void Replace(std::string bytes) {
         bytes_.swap(bytes);
         eaten_ = 0;

@@ -5,13 +5,13 @@
 
 namespace text {
 
-/// The fields of a text split at `separator` (one character), one after the other; blanks around
-/// the text are no part of it. The text must stay as it is meanwhile.
+/// Iterates over the fields of a text split at `separator` (one character). Blanks at both ends of
+/// the text are ignored. The text must outlive the walker and must not change.
 class FieldWalker {
   public:
     FieldWalker(std::string_view text, std::string_view separator);
 
-    /// The next field, an empty one too; nothing after the last.
+    /// The next field, which may be empty; nothing after the last.
     std::optional<std::string_view> Next();
 
   private:

@@ -6,7 +6,7 @@
 
 namespace text {
 
-/// What an address may begin with.
+/// The scheme that an address may begin with.
 inline constexpr std::string_view kHttp = "http://";
 
 /// Whether `address` begins with "http://", in any case.
@@ -14,7 +14,7 @@ inline bool HasHttp(std::string_view address) {
     return LowerCase(Left(address, kHttp.size())) == kHttp;
 }
 
-/// `address` without an "http://", in any case, at its beginning.
+/// `address` without a leading "http://", in any case.
 inline std::string_view WithoutHttp(std::string_view address) {
     return HasHttp(address) ? address.substr(kHttp.size()) : address;
 }

@@ -13,10 +13,10 @@ namespace {
 
 struct Number {
     double value;
-    std::string_view rest;  ///< what follows it
+    std::string_view rest;  ///< the text after the number
 };
 
-/// The value of a number, without a sign, that no double can hold.
+/// The value of an unsigned number outside the range of a double: zero or infinity.
 double ValueBeyondDouble(std::string_view digits) {
     const std::size_t e = std::min(digits.find_first_of("eE"), digits.size());
     const std::size_t point = std::min(digits.find('.'), e);
@@ -30,7 +30,7 @@ double ValueBeyondDouble(std::string_view digits) {
 std::optional<Number> ReadNumber(std::string_view subject) {
     const bool negative = subject.starts_with('-');
     if (negative || subject.starts_with('+')) subject.remove_prefix(1);
-    // from_chars would take one more sign, "inf" and "nan".
+    // from_chars would accept a second sign, "inf" and "nan".
     if (subject.find_first_of("0123456789.") != 0) return std::nullopt;
     double value = 0;
     const auto [end, error] =
@@ -54,7 +54,7 @@ std::optional<double> WholeNumber(std::string_view subject) {
 }
 
 std::optional<std::int32_t> RoundHalfEven(double value) {
-    // The default rounding of floating-point numbers, which nothing here changes, is half to even.
+    // Half to even is the default rounding mode, and nothing here changes it.
     const double rounded = std::nearbyint(value);
     if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
           rounded <= std::numeric_limits<std::int32_t>::max())) {

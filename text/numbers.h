@@ -7,20 +7,20 @@
 
 namespace text {
 
-/// The decimal number that `subject` begins with, after any blanks ("12 sec" is 12, "-.5x" is
-/// -0.5); 0 when it begins with none. Never fails: a number too large for a double is infinity.
+/// The decimal number at the start of `subject`, after any blanks: "12 sec" is 12, "-.5x" is -0.5.
+/// 0 if there is none. Never fails: a number too large for a double is infinity.
 double LeadingNumber(std::string_view subject);
 
-/// The value of `subject` when the whole of it, blanks around it aside, is one decimal number with
+/// The value of `subject` if all of it, apart from blanks at both ends, is one decimal number with
 /// an optional sign, fraction and exponent; nothing otherwise.
 std::optional<double> WholeNumber(std::string_view subject);
 
-/// `value` rounded to the nearest whole number, an exact half to the even neighbour; nothing when
-/// that does not fit 32 bits.
+/// `value` rounded to the nearest whole number, halves to even; nothing if it does not fit in 32
+/// bits.
 std::optional<std::int32_t> RoundHalfEven(double value);
 
-/// Adds `amount` to `counter`. A sum that does not fit the counter's width leaves it as it was and
-/// returns false.
+/// Adds `amount` to `counter`. If the sum does not fit the counter's width, returns false and
+/// leaves the counter unchanged.
 template <typename Counter>
 bool AddWithinWidth(Counter& counter, std::int64_t amount) {
     const std::int64_t old = counter;

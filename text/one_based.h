@@ -6,7 +6,7 @@
 
 namespace text {
 
-/// A fixed array whose elements are numbered 1 to N, as connections and filters are.
+/// A fixed array with indices from 1 to N, like the numbers of connections and filters.
 template <typename T, int N>
 class OneBased {
   public:

@@ -8,10 +8,10 @@ namespace text {
 
 namespace {
 
-/// The characters that patterns are found by, roughly the rarer in pages the earlier.
+/// Candidates for anchors, roughly from the rarest in pages to the most frequent.
 constexpr std::string_view kRareFirst = "=:.;?/'\"<>zqxjkvbywgpfmucdlhrsinoate ";
 
-/// One close look for so many characters costs no more than the search itself.
+/// One close look per this many characters costs no more than the search itself.
 constexpr std::size_t kCharactersPerLook = 8;
 constexpr std::size_t kLooksAtLeast = 1000;
 
@@ -27,7 +27,8 @@ std::size_t IndexOf(char character) {
     return static_cast<unsigned char>(character);
 }
 
-/// Notes that `pattern` has `neighbour` on one side of its anchor, or has no more on that side.
+/// Notes that `pattern` has `neighbour` on one side of its anchor. If it is empty, the pattern ends
+/// there and any neighbour fits.
 void AddNeighbour(std::string_view neighbour, std::size_t pattern,
                   std::array<PatternScan::Patterns, 256>& by_neighbour) {
     if (!neighbour.empty()) {
@@ -63,14 +64,14 @@ void PatternScan::AddAnchor(std::size_t pattern) {
     AddNeighbour(text.substr(offset + 1, 1), pattern, anchor->by_next);
 }
 
-/// Whether the anchor at `anchor_at` is that of `pattern` in an occurrence of it.
+/// Whether `pattern` occurs with its anchor at `anchor_at`.
 bool PatternScan::IsAround(std::string_view subject, std::size_t anchor_at,
                            std::size_t pattern) const {
     if (anchor_at < offsets_[pattern]) return false;
     return subject.substr(anchor_at - offsets_[pattern]).starts_with(patterns_[pattern]);
 }
 
-/// Adds to `occur` those of the anchor's patterns that may occur.
+/// Adds to `occur` the anchor's patterns that may occur.
 void PatternScan::Search(std::string_view subject, const Anchor& anchor, Patterns& occur) const {
     const std::size_t most_looks = subject.size() / kCharactersPerLook + kLooksAtLeast;
     std::size_t looks = 0;

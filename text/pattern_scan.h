@@ -11,30 +11,31 @@ namespace text {
 
 /// Finds out which of several patterns occur in a text.
 ///
-/// A pattern is found by one of its characters, one that is rare in pages. Many patterns have the
-/// same, so a text is searched for a few characters, and looked at closely only where the
-/// neighbours fit, too.
+/// Each pattern is found by its anchor, a character of it that is rare in pages. Many patterns
+/// share an anchor, so the text is searched for only a few characters and compared in full only
+/// where the neighbours fit, too.
 class PatternScan {
   public:
     static constexpr std::size_t kShortest = 5;
     static constexpr std::size_t kMost = 60;
     using Patterns = std::bitset<kMost>;  ///< by index
 
-    /// `patterns` are at most `kMost`; one that is shorter than `kShortest` is not worth the
-    /// trouble and counts as occurring everywhere.
+    /// Takes at most `kMost` patterns. One shorter than `kShortest` is not worth searching for and
+    /// counts as occurring everywhere.
     explicit PatternScan(const std::vector<std::string>& patterns);
 
-    /// The patterns that may occur in `subject`: those that do; in a text that is full of pieces of
-    /// patterns, for which looking closely at each takes too long, perhaps others too. Those in
-    /// `not_asked` are not looked for and count as occurring.
+    /// The patterns that may occur in `subject`. No pattern that occurs is missing. A text full of
+    /// near matches may yield others, too, because checking each would take too long. Patterns in
+    /// `not_asked` are not searched for and count as occurring.
     Patterns MayOccur(std::string_view subject, Patterns not_asked = {}) const;
 
   private:
-    /// A character by which patterns are found.
+    /// A character by which patterns are found, with those patterns.
     struct Anchor {
         char character;
         Patterns patterns;
-        /// The patterns that a neighbour on this side fits; those that end here fit any.
+        /// For each neighbour on this side, the patterns it fits. Any fits a pattern that ends
+        /// here.
         std::array<Patterns, 256> by_previous, by_next;
     };
 
@@ -43,7 +44,7 @@ class PatternScan {
     void Search(std::string_view subject, const Anchor& anchor, Patterns& occur) const;
 
     std::vector<std::string> patterns_;
-    std::vector<std::size_t> offsets_;  // of its anchor, for each pattern
+    std::vector<std::size_t> offsets_;  // of each pattern's anchor
     Patterns short_;
     std::vector<Anchor> anchors_;
 };

@@ -9,8 +9,8 @@ namespace text {
 
 namespace {
 
-/// Whether an occurrence of `pattern` can have characters of `made`, which stands where something
-/// else stood before. Where nothing stands now, what was around it has met.
+/// Whether an occurrence of `pattern` can overlap `made`, a replacement that was just inserted. If
+/// `made` is empty, the text on both sides has met, and any pattern may have formed.
 bool CanTouch(std::string_view pattern, std::string_view made) {
     if (made.empty()) return true;
     for (std::size_t skip = 0; skip < made.size(); ++skip) {
@@ -30,7 +30,7 @@ bool Replacements::Step::FindsAnyIn(std::string_view subject) const {
     return characters ? characters->Changes(subject) : Contains(subject, rule.pattern);
 }
 
-/// False when nothing was found.
+/// Returns false if nothing was found.
 bool Replacements::Step::ApplyTo(std::string& subject) const {
     if (!characters) return ReplaceAllIn(subject, rule.pattern, rule.replacement);
     if (!characters->Changes(subject)) return false;
@@ -39,7 +39,7 @@ bool Replacements::Step::ApplyTo(std::string& subject) const {
 }
 
 std::string Replacements::Step::AppliedTo(std::string_view subject) const {
-    const std::size_t spare = subject.size() / 4 + 64;  // for the steps that come after
+    const std::size_t spare = subject.size() / 4 + 64;  // for the later steps
     if (characters) return characters->AppliedTo(subject, spare);
     std::string copy;
     copy.reserve(subject.size() + spare);
@@ -48,7 +48,7 @@ std::string Replacements::Step::AppliedTo(std::string_view subject) const {
     return copy;
 }
 
-/// Whether `pattern` can occur in a text in which it did not before this step.
+/// Whether this step can create an occurrence of `pattern`.
 bool Replacements::Step::CanMake(std::string_view pattern) const {
     if (!characters) return CanTouch(pattern, rule.replacement);
     const std::string& changed = characters->Changed();
@@ -86,7 +86,7 @@ std::vector<std::string> Replacements::PatternsOf(const Steps& steps) {
     return patterns;
 }
 
-/// The later steps whose patterns can occur after this step where they did not before.
+/// The later steps for whose patterns this step can create occurrences.
 Replacements::Indices Replacements::MadeBy(std::size_t step) const {
     Indices made;
     for (std::size_t later = step + 1; later < steps_.size(); ++later) {
@@ -110,8 +110,8 @@ std::optional<std::string> Replacements::AppliedTo(std::string_view subject) con
     return std::nullopt;
 }
 
-/// Makes the steps from `first` on. Those in `may_find` may find something in `subject` as it was
-/// looked through last, and those in `made` since then.
+/// Applies the steps from `first` on. The patterns in `may_find` may occur in `subject` as last
+/// scanned; those in `made` may have been created since.
 void Replacements::ApplyFrom(std::size_t first, Indices may_find, Indices made,
                              std::string& subject) const {
     for (std::size_t i = first; i < steps_.size(); ++i) {

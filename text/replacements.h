@@ -12,13 +12,13 @@
 
 namespace text {
 
-/// Literal replacements that are made in a whole text, each as `ReplaceAllIn` makes it and one
-/// after the other, so that a later one may find what an earlier one has made.
+/// A sequence of literal replacements. Each one works like `ReplaceAllIn` on the whole text, one
+/// after the other, so a later one finds what an earlier one has made.
 ///
-/// Most texts hold few of the patterns or none, and large ones are gone through while the window
-/// waits. So one pass finds out which patterns occur at all, and only those get a pass of their
-/// own; when one has been replaced, those that it can have made are looked for again. Neighbouring
-/// replacements of single characters are made together.
+/// Most texts contain few of the patterns or none, and the window waits while a large one is
+/// processed. So one scan finds out which patterns occur at all, and only those get a pass of their
+/// own. After a replacement, only the patterns that it can have created are searched for again.
+/// Adjacent replacements of single characters share one pass.
 class Replacements {
   public:
     struct Rule {
@@ -26,19 +26,19 @@ class Replacements {
         std::string replacement;
     };
 
-    /// For at most `PatternScan::kMost` rules.
+    /// Takes at most `PatternScan::kMost` rules.
     explicit Replacements(const std::vector<Rule>& rules);
 
     void ApplyTo(std::string& subject) const;
 
-    /// The same on a copy, made only when it is needed: nothing when no pattern is found.
+    /// The same on a copy; nothing, and no copy, if no pattern occurs.
     std::optional<std::string> AppliedTo(std::string_view subject) const;
 
   private:
-    /// One replacement, or several neighbouring ones of single characters.
+    /// One replacement, or several adjacent ones of single characters.
     struct Step {
         Rule rule;
-        std::unique_ptr<CharacterMap> characters;  ///< in place of the rule
+        std::unique_ptr<CharacterMap> characters;  ///< used instead of `rule` if set
 
         bool FindsAnyIn(std::string_view subject) const;
         bool ApplyTo(std::string& subject) const;
@@ -54,7 +54,7 @@ class Replacements {
     void ApplyFrom(std::size_t first, Indices may_find, Indices made, std::string& subject) const;
 
     Steps steps_;
-    PatternScan scan_;  // of the steps' patterns; those of single characters are always tried
+    PatternScan scan_;  // of the steps' patterns; single characters are too short and always tried
 };
 
 }  // namespace text

@@ -12,11 +12,11 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// How many neighbouring places are looked at together.
+/// How many adjacent places are compared at once.
 constexpr std::size_t kBlock = 64;
 
-/// Those of `kBlock` neighbouring places that have `head` there and `tail` at `distance` behind it.
-/// The plain loop of fixed length is what compilers turn into vector instructions.
+/// The places among `kBlock` adjacent ones that have `head`, and `tail` at `distance` after it.
+/// Compilers turn the plain loop of fixed length into vector instructions.
 class Candidates {
   public:
     Candidates(const char* place, char head, std::size_t distance, char tail) {
@@ -29,7 +29,7 @@ class Candidates {
         any_ = any != 0;
     }
 
-    /// The first one from `from` on; `kBlock` when there is none.
+    /// The first one at or after `from`; `kBlock` if there is none.
     std::size_t Next(std::size_t from) const {
         if (!any_ || from == kBlock) return kBlock;
         const void* const found = std::memchr(marks_.data() + from, 1, kBlock - from);
@@ -42,8 +42,8 @@ class Candidates {
     bool any_;
 };
 
-/// Whether `pattern`, of two characters or more, stands at `place`, behind which there is room for
-/// it.
+/// Whether `pattern`, which is not empty, is at `place`. The caller makes sure that it fits before
+/// the text's end.
 inline bool IsAt(const char* place, std::string_view pattern) {
     return *place == pattern.front() && place[pattern.size() - 1] == pattern.back() &&
            (pattern.size() == 2 || std::memcmp(place, pattern.data(), pattern.size()) == 0);
@@ -51,10 +51,10 @@ inline bool IsAt(const char* place, std::string_view pattern) {
 
 /// Offset of the first `pattern` at or after offset `from`, or kNone. The pattern is not empty.
 ///
-/// Responses of any size and content go through dozens of passes while the window waits, so this
-/// must be fast on every input. Looking for the first character alone, as the standard library
-/// does, is a hundred times slower on a run of blanks than on ordinary text; looking for the first
-/// and the last together costs about the same on everything.
+/// Responses of any size and content go through dozens of passes while the window waits, so no
+/// input may make this slow. The standard library searches for the first character alone, which is
+/// a hundred times slower on a run of blanks than on ordinary text. Searching for the first and the
+/// last together costs about the same on everything.
 std::size_t Find(std::string_view subject, std::string_view pattern, std::size_t from) {
     if (pattern.size() == 1) return subject.find(pattern[0], from);
     if (subject.size() < pattern.size()) return kNone;
@@ -68,7 +68,7 @@ std::size_t Find(std::string_view subject, std::string_view pattern, std::size_t
             if (IsAt(begin + at + i, pattern)) return at + i;
         }
     }
-    // In so short a rest the library's way is not bad either, and there are many short texts.
+    // For the short remainder, and for the many short texts, the library's search is fast enough.
     return at < places ? subject.find(pattern, at) : kNone;
 }
 
@@ -80,10 +80,10 @@ std::size_t Count(std::string_view subject, std::string_view pattern, std::size_
     return count;
 }
 
-/// Writes `subject`, with every `pattern` from offset `first` on replaced, from `out` on and
-/// returns the end of what it wrote. `out` may lie in the same buffer as `subject`, as long as it
-/// never overtakes what is still to be read. Occurrences may follow one another closely, so after
-/// one that was near it goes from character to character for a while.
+/// Writes `subject`, with every `pattern` from offset `first` on replaced, to `out` and returns the
+/// end of what it wrote. `out` may lie in the same buffer as `subject` if writing never overtakes
+/// reading. Occurrences may be dense, so after a near one the next block is compared character by
+/// character.
 char* WriteReplaced(std::string_view subject, std::string_view pattern,
                     std::string_view replacement, std::size_t first, char* out) {
     constexpr std::size_t kNear = 16;
@@ -102,7 +102,7 @@ char* WriteReplaced(std::string_view subject, std::string_view pattern,
                 *out++ = subject[at++];
                 continue;
             }
-            if (replacement.size() == 1) {  // often, and copying it would be a call
+            if (replacement.size() == 1) {  // frequent, and avoids a call
                 *out = replacement.front();
             } else {
                 std::copy(replacement.begin(), replacement.end(), out);
@@ -115,9 +115,9 @@ char* WriteReplaced(std::string_view subject, std::string_view pattern,
     return out;
 }
 
-/// The replacement is longer than the pattern. There is never more than one other copy of the text,
-/// of exactly the size needed, and none where the buffer has room: then the text moves to the
-/// buffer's end first, so that the writing runs behind the reading all the way.
+/// For a replacement longer than the pattern. Allocates at most one other copy of the text, of
+/// exactly the size needed, and none if the buffer has room: the text then first moves to the
+/// buffer's end, so that writing stays behind reading.
 void ReplaceGrowing(std::string& subject, std::string_view pattern, std::string_view replacement,
                     std::size_t first) {
     const std::size_t old_size = subject.size();

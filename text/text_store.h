@@ -8,8 +8,8 @@
 
 namespace text {
 
-/// Keeps many short texts until all of them go at once. A text takes its own length and no more,
-/// and stays where it is.
+/// Stores many short texts that are freed all at once. A text takes no more than its own length and
+/// never moves.
 class TextStore {
   public:
     /// A copy of `text`, valid until `Clear`.
@@ -18,7 +18,7 @@ class TextStore {
         if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size() < text.size()) {
             blocks_.emplace_back().reserve(std::max(kBlockSize, text.size()));
         }
-        // Within its capacity a string does not move.
+        // A string does not move within its capacity.
         std::string& block = blocks_.back();
         block.append(text);
         return std::string_view(block).substr(block.size() - text.size());

@@ -8,8 +8,9 @@ namespace platform {
 
 namespace {
 
-/// How long an address of a host is tried while it has others. Hosts whose first address leads
-/// nowhere (IPv6 on a network that drops it) would else never be reached before the timeout.
+/// How long one address of a host is tried while there are others. Without this limit, a host whose
+/// first address leads nowhere (IPv6 on a network that drops it) would not be reached before the
+/// timeout.
 constexpr std::chrono::seconds kPatience{3};
 
 constexpr std::chrono::milliseconds kBetweenLooks{100};
@@ -75,16 +76,16 @@ void Connector::Decided() {
     }
     const native::Handle handle = std::exchange(handle_, native::kNoHandle);
     Drop();
-    const Connected connected = std::move(connected_);  // this object may go while it runs
+    const Connected connected = std::move(connected_);  // it may destroy this object
     connected(handle);
 }
 
-/// Of several addresses, one that somebody answered for tells more than one that leads nowhere.
+/// Of several failures, one with an answer from somebody tells more than "unreachable".
 void Connector::NoteFailure(SocketFailure why) {
     if (tried_ == SocketFailure::Unreachable) tried_ = why;
 }
 
-/// Lets go of the address that is being tried.
+/// Abandons the current attempt.
 void Connector::Drop() {
     patience_.stop();
     decided_.reset();

@@ -13,19 +13,20 @@
 
 namespace platform {
 
-/// Connects to a host: looks its addresses up and tries one after the other. Gives up when it is
-/// destroyed.
+/// Connects to a host: looks up its addresses and tries one after the other. Destroying it ends the
+/// attempt.
 class Connector : public QObject {
   public:
-    /// Called once, from the event loop, with a connected socket that is the callee's to close. It
-    /// may destroy the connector.
+    /// Called once, from the event loop, with a connected socket that the callee must close. It may
+    /// destroy the connector.
     using Connected = std::function<void(native::Handle)>;
 
     Connector(HostResolver& resolver, const std::string& host, std::uint16_t port,
               Connected connected);
     ~Connector() override;
 
-    /// Why no address is left to try; None while one is. Nobody is called in the end, then.
+    /// Why the attempt has failed; None while an address is left to try. After a failure nobody is
+    /// called.
     SocketFailure Failure() const { return failure_; }
 
   private:
@@ -37,12 +38,12 @@ class Connector : public QObject {
 
     std::uint16_t port_;
     Connected connected_;
-    HostResolver::Addresses addresses_;  // those not tried yet, the next one last
+    HostResolver::Addresses addresses_;  // those left to try, the next one last
     native::Handle handle_ = native::kNoHandle;
     std::unique_ptr<SocketWatch> decided_;
     QTimer look_for_failure_;
     QTimer patience_;
-    SocketFailure tried_ = SocketFailure::Unreachable;  // the best that is known of what was tried
+    SocketFailure tried_ = SocketFailure::Unreachable;  // the most telling failure
     SocketFailure failure_ = SocketFailure::None;
 };
 

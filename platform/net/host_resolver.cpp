@@ -18,15 +18,15 @@ bool IsNameCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_' || c == '.';
 }
 
-/// Whether there can be a host of this name. What a page calls a host may be of any length and hold
-/// any bytes; no name server needs to see that.
+/// Whether a host can have this name. What a page calls a host may have any length and contain any
+/// bytes, and no name server needs to see that.
 bool CanBeName(const std::string& name) {
     return std::all_of(name.begin(), name.end(), IsNameCharacter) &&
            ("." + name + ".").find("..") == std::string::npos;
 }
 
-/// The one spelling of a name: names are the same in any case, and with or without a dot at the
-/// end. "" when it can be neither a name nor an address.
+/// The canonical spelling of a name. Names ignore case, and a final dot changes nothing. "" if
+/// `host` can be neither a name nor an address.
 std::string Normalised(const std::string& host) {
     std::string name = host;
     if (name.ends_with('.')) name.pop_back();

@@ -12,32 +12,32 @@
 
 namespace platform {
 
-/// Finds the addresses of hosts without ever holding up the event loop, however many names are
-/// looked up and however silent the name servers are.
+/// Finds the addresses of hosts. Never blocks the event loop, however many names are looked up and
+/// however slow the name servers are.
 ///
-/// A site's host is asked for again with every file, so an answer is kept for a minute, and those
-/// who ask for the same name at the same time share one question.
+/// Every file of a site asks for its host again. So an answer is kept for a minute, and
+/// simultaneous requests for one name share one query.
 class HostResolver : public QObject {
   public:
     using Addresses = std::vector<native::Address>;
     using Answer = std::function<void(const Addresses&, SocketFailure)>;
 
-    /// The one of this process. It is made when first needed and ends with the application.
+    /// The instance of this process. It is created when first needed and destroyed with the
+    /// application.
     static HostResolver& Shared();
 
-    /// `servers`, such as "127.0.0.1:5353", are asked instead of the system's name servers; "" for
-    /// those.
+    /// `servers`, for example "127.0.0.1:5353", replace the system's name servers; "" keeps those.
     explicit HostResolver(std::string servers = "", QObject* parent = nullptr);
     ~HostResolver() override;
 
-    /// Looks up `host`, a name or an address. `answer` is called once with what was found, best
-    /// first, or with nothing and why: at once where nobody has to be asked, else from the event
-    /// loop, and not at all when `receiver` is gone by then. It must not let events run.
+    /// Looks up `host`, a name or an address. Calls `answer` once, with the addresses, best first,
+    /// or with none and the reason: at once if no server has to be asked, otherwise from the event
+    /// loop. Does not call it if `receiver` is destroyed first. `answer` must not let events run.
     void LookUp(const std::string& host, QObject& receiver, Answer answer);
 
   protected:
     using Clock = std::chrono::steady_clock;
-    /// What the age of an answer is measured by. Virtual, so that tests need not wait for it.
+    /// The clock that measures an answer's age. Virtual, so that tests need not wait.
     virtual Clock::time_point Now() const { return Clock::now(); }
 
   private:

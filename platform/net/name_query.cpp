@@ -6,12 +6,12 @@ namespace platform {
 
 namespace {
 
-/// A question that got no answer is sent again, after twice the time each; 14 s pass before a
-/// single silent server is given up.
+/// An unanswered query is sent again after a wait that doubles each time. A single silent server is
+/// given up after 14 s.
 constexpr int kFirstWaitMilliseconds = 2000;
 constexpr int kTries = 3;
 
-/// Readies c-ares for this process, once.
+/// Initializes c-ares once per process.
 bool Startup() {
     static const bool started =
         native::Startup() && ares_library_init(ARES_LIB_INIT_ALL) == ARES_SUCCESS;
@@ -27,8 +27,8 @@ std::vector<native::Address> AddressesIn(const ares_addrinfo* found) {
     return addresses;
 }
 
-/// A name that a server says is none, or has no address of its own, is unknown; whatever else goes
-/// wrong leaves that open.
+/// If a server says that the name does not exist or has no address, it is unknown. Any other error
+/// leaves that open.
 SocketFailure FailureOf(int status) {
     switch (status) {
         case ARES_SUCCESS:
@@ -66,14 +66,14 @@ NameQuery::NameQuery(const std::string& name, const std::string& servers, Answer
 }
 
 NameQuery::~NameQuery() {
-    answered_ = nullptr;  // c-ares calls back for what it gives up
+    answered_ = nullptr;  // c-ares calls back for every query that it cancels
     if (channel_) ares_destroy(channel_);
 }
 
-/// `search_domains`: whether the name may be one within the system's own domains. One with a dot
-/// is complete; a misspelt one would only be asked for again and again.
+/// `search_domains`: whether to try the name in the system's own domains, too. A name with a dot is
+/// complete, and for a misspelt one this would only add queries.
 bool NameQuery::Open(bool search_domains) {
-    char hosts_then_servers[] = "fb";  // c-ares' letters for them
+    char hosts_then_servers[] = "fb";  // in c-ares' notation
     ares_options options{};
     options.lookups = hosts_then_servers;
     options.timeout = kFirstWaitMilliseconds;
@@ -85,11 +85,11 @@ bool NameQuery::Open(bool search_domains) {
     };
     options.sock_state_cb_data = this;
     int given = ARES_OPT_LOOKUPS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_SOCK_STATE_CB;
-    if (!search_domains) given |= ARES_OPT_DOMAINS;  // of which there are none in the options
+    if (!search_domains) given |= ARES_OPT_DOMAINS;  // the options list none
     return Startup() && ares_init_options(&channel_, &options, given) == ARES_SUCCESS;
 }
 
-/// c-ares wants to be told when one of its sockets is ready for something, or no more.
+/// c-ares calls this to start or stop watching one of its sockets.
 void NameQuery::Watch(ares_socket_t handle, QSocketNotifier::Type type, bool wanted) {
     if (!wanted) {
         watches_.erase({handle, type});
@@ -105,7 +105,7 @@ void NameQuery::Process(ares_socket_t ready) {
     WaitOn();
 }
 
-/// Comes back when a question must be sent again or given up.
+/// Schedules a call for when a query must be sent again or given up.
 void NameQuery::WaitOn() {
     timeval left{};
     if (!ares_timeout(channel_, nullptr, &left)) {
@@ -118,7 +118,7 @@ void NameQuery::WaitOn() {
 void NameQuery::Answer(std::vector<native::Address> addresses, SocketFailure why) {
     if (!answered_) return;
     answered_(std::move(addresses), why);
-    deleteLater();  // c-ares may still be at work with the channel
+    deleteLater();  // c-ares may still be using the channel
 }
 
 }  // namespace platform

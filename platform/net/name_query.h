@@ -16,16 +16,15 @@
 
 namespace platform {
 
-/// One question for the addresses of a name: the system's file of hosts is read, then its name
-/// servers are asked, on the event loop. Destroying it takes the question back.
+/// A query for the addresses of a name. Reads the system's hosts file, then asks its name servers,
+/// all on the event loop. Destroying it cancels the query.
 class NameQuery : public QObject {
   public:
-    /// Called once with the addresses, best first, or with none and why. It must not destroy the
-    /// query, which does that itself afterwards.
+    /// Called once, with the addresses, best first, or with none and the reason. It must not
+    /// destroy the query, which destroys itself afterwards.
     using Answered = std::function<void(std::vector<native::Address>, SocketFailure)>;
 
-    /// `servers` is a list such as "127.0.0.1:5353" to be asked instead of the system's; "" for
-    /// those.
+    /// `servers`, for example "127.0.0.1:5353", replace the system's name servers; "" keeps those.
     NameQuery(const std::string& name, const std::string& servers, Answered answered,
               QObject* parent);
     ~NameQuery() override;

@@ -14,8 +14,8 @@
 
 #include "platform/socket.h"
 
-/// The system's own stream sockets, non-blocking. What differs between the systems is in the files
-/// above.
+/// The system's own stream sockets, non-blocking. The files included above contain what differs
+/// between systems.
 namespace platform::native {
 
 /// An address in the form that the system's calls take.
@@ -37,10 +37,10 @@ struct Address {
     std::size_t size;
 };
 
-/// The address that `text` stands for when it is a number such as "10.0.0.1" or "::1". Nobody is
-/// asked.
+/// The address if `text` is numeric, such as "10.0.0.1" or "::1"; otherwise nothing. Asks no
+/// server.
 inline std::optional<Address> NumericAddress(const std::string& text) {
-    // In brackets it is part of an address of the web; some systems would take that.
+    // Brackets belong to the syntax of URLs, but some systems accept them here.
     if (!Startup() || text.find('[') != std::string::npos) return std::nullopt;
     addrinfo hints{};
     hints.ai_flags = AI_NUMERICHOST;
@@ -51,7 +51,7 @@ inline std::optional<Address> NumericAddress(const std::string& text) {
     return address;
 }
 
-/// A fresh socket for connections to `address`, or `kNoHandle`.
+/// A new socket for connecting to `address`, or `kNoHandle`.
 inline Handle OpenStream(const Address& address) {
     if (!Startup()) return kNoHandle;
     const Handle handle = OpenNonBlocking(address.storage.ss_family);
@@ -62,14 +62,14 @@ inline Handle OpenStream(const Address& address) {
     return handle;
 }
 
-/// Starts connecting. False when that failed at once; else the socket becomes writable when it is
-/// decided, and `PendingError` tells how.
+/// Starts connecting. Returns false if that fails at once. Otherwise the socket becomes writable
+/// when the outcome is known, and `PendingError` tells it.
 inline bool StartConnect(Handle handle, const Address& address) {
     return connect(handle, address.Get(), static_cast<socklen_t>(address.size)) == 0 ||
            IsPending(LastError());
 }
 
-/// The error that the socket has met in the background, 0 for none.
+/// The error that has occurred on the socket in the background; 0 for none.
 inline int PendingError(Handle handle) {
     int error = 0;
     socklen_t size = sizeof error;
@@ -78,7 +78,7 @@ inline int PendingError(Handle handle) {
     return result == 0 ? error : LastError();
 }
 
-/// What an error of `connect`, `recv` or `send` means.
+/// The meaning of an error of `connect`, `recv` or `send`.
 inline SocketFailure FailureOf(int error) {
     if (error == kRefused) return SocketFailure::Refused;
     if (error == kTimedOut) return SocketFailure::Silent;

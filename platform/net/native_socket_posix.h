@@ -15,7 +15,7 @@ namespace platform::native {
 using Handle = int;
 inline constexpr Handle kNoHandle = -1;
 
-/// Readies the system's sockets for this process, once.
+/// Initializes the system's sockets once per process.
 inline bool Startup() {
     return true;
 }
@@ -23,7 +23,7 @@ inline bool Startup() {
 inline int LastError() {
     return errno;
 }
-/// The operation would have had to wait, or goes on in the background.
+/// Whether the operation would block or continues in the background.
 inline bool IsPending(int error) {
     return error == EAGAIN || error == EWOULDBLOCK || error == EINPROGRESS || error == EINTR;
 }
@@ -49,15 +49,16 @@ inline Handle OpenNonBlocking(int family) {
 #endif
 }
 
-/// The number of bytes read, 0 at the peer's close, below 0 for `LastError`.
+/// Returns the number of bytes read; 0 if the peer has closed; below 0 on an error, see
+/// `LastError`.
 inline std::ptrdiff_t Receive(Handle handle, char* buffer, std::size_t size) {
     return recv(handle, buffer, size, 0);
 }
 
-/// The number of bytes taken for sending, below 0 for `LastError`.
+/// Returns the number of bytes accepted for sending; below 0 on an error, see `LastError`.
 inline std::ptrdiff_t Send(Handle handle, const char* bytes, std::size_t size) {
 #ifdef MSG_NOSIGNAL
-    // Writing to a connection that is gone is a returned error, not the end of the process.
+    // Writing to a closed connection must return an error, not kill the process.
     return send(handle, bytes, size, MSG_NOSIGNAL);
 #else
     return send(handle, bytes, size, 0);
@@ -69,7 +70,7 @@ inline int PollAtOnce(PollEntry* entries, std::size_t count) {
     return poll(entries, static_cast<nfds_t>(count), 0);
 }
 
-/// A connecting that failed makes the socket writable, as one that succeeded does.
+/// A failed attempt to connect makes the socket writable, just like a successful one.
 inline constexpr bool kFailureIsSilent = false;
 inline bool HasFailed(Handle) {
     return false;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The order matters: winsock2.h must come before anything that includes windows.h.
+// winsock2.h must come before anything that includes windows.h.
 #include <winsock2.h>
 #include <ws2tcpip.h>
 
@@ -11,7 +11,7 @@ namespace platform::native {
 using Handle = SOCKET;
 inline constexpr Handle kNoHandle = INVALID_SOCKET;
 
-/// Readies the system's sockets for this process, once.
+/// Initializes the system's sockets once per process.
 inline bool Startup() {
     static const bool started = [] {
         WSADATA data;
@@ -23,7 +23,7 @@ inline bool Startup() {
 inline int LastError() {
     return WSAGetLastError();
 }
-/// The operation would have had to wait, or goes on in the background.
+/// Whether the operation would block or continues in the background.
 inline bool IsPending(int error) {
     return error == WSAEWOULDBLOCK || error == WSAEINPROGRESS;
 }
@@ -43,14 +43,15 @@ inline Handle OpenNonBlocking(int family) {
     return kNoHandle;
 }
 
-/// The number of bytes read, 0 at the peer's close, below 0 for `LastError`.
+/// Returns the number of bytes read; 0 if the peer has closed; below 0 on an error, see
+/// `LastError`.
 inline std::ptrdiff_t Receive(Handle handle, char* buffer, std::size_t size) {
     return recv(handle, buffer, static_cast<int>(size), 0);
 }
 
-/// The number of bytes taken for sending, below 0 for `LastError`.
+/// Returns the number of bytes accepted for sending; below 0 on an error, see `LastError`.
 inline std::ptrdiff_t Send(Handle handle, const char* bytes, std::size_t size) {
-    constexpr std::size_t kMost = 65536;  // an int takes no more than 2 GB
+    constexpr std::size_t kMost = 65536;  // the size is an int
     return send(handle, bytes, static_cast<int>(size < kMost ? size : kMost), 0);
 }
 
@@ -59,8 +60,8 @@ inline int PollAtOnce(PollEntry* entries, std::size_t count) {
     return WSAPoll(entries, static_cast<ULONG>(count), 0);
 }
 
-/// Whether connecting has failed. One that fails before Qt looks at the socket is never told of, so
-/// it has to be asked about now and then.
+/// Whether the attempt to connect has failed. A failure before Qt watches the socket is never
+/// reported, so the caller has to ask now and then.
 inline constexpr bool kFailureIsSilent = true;
 inline bool HasFailed(Handle handle) {
     fd_set failed;

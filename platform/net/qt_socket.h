@@ -12,13 +12,12 @@ class Stream;
 
 /// The real socket.
 ///
-/// It stands on the system's own non-blocking sockets and Qt's notifiers, not on QTcpSocket: that
-/// one reports a reset like an orderly close, and then a response that was cut off half-way would
-/// be taken for a whole one.
+/// It uses the system's own non-blocking sockets and Qt's notifiers instead of QTcpSocket, which
+/// reports a reset like an orderly close: a truncated response would be taken for a complete one.
 class QtSocket final : public Socket {
   public:
     QtSocket();
-    /// Finds hosts by a resolver of one's own, which must outlive the socket.
+    /// Uses the given resolver, which must outlive the socket.
     explicit QtSocket(HostResolver& resolver);
     ~QtSocket() override;
 
@@ -31,8 +30,8 @@ class QtSocket final : public Socket {
 
   private:
     HostResolver& resolver_;
-    std::unique_ptr<Connector> connector_;  // from Connect until the connection stands
-    std::unique_ptr<Stream> stream_;        // from then on
+    std::unique_ptr<Connector> connector_;  // from Connect until connected
+    std::unique_ptr<Stream> stream_;        // after that
 };
 
 }  // namespace platform

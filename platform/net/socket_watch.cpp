@@ -20,11 +20,11 @@ short PollEvents(QSocketNotifier::Type type) {
         case QSocketNotifier::Exception:
             break;
     }
-    return 0;  // an error is reported unasked
+    return 0;  // errors are reported without being requested
 }
 
-/// On Windows Qt looks at timers and paints when no message waits, and what a socket has to tell is
-/// a message: a fast peer would keep both from their turn.
+/// On Windows, Qt runs timers and paints only when no message waits, and socket events are
+/// messages. Without this, a fast peer would starve both.
 void LetOthersIn() {
 #ifdef Q_OS_WIN
     constexpr qint64 kMilliseconds = 10;
@@ -52,7 +52,7 @@ SocketWatch::Moment SocketWatch::Now() {
 }
 
 bool SocketWatch::AnyWaitsSince(Moment moment) {
-    static std::vector<native::PollEntry> entries;  // kept, because every tick comes here
+    static std::vector<native::PollEntry> entries;  // static, because every tick comes here
     entries.clear();
     for (const SocketWatch* watch : g_watches) {
         if (!watch->isEnabled() || watch->called_ > moment) continue;
@@ -63,7 +63,7 @@ bool SocketWatch::AnyWaitsSince(Moment moment) {
 
 bool SocketWatch::event(QEvent* event) {
     called_ = ++g_now;
-    const bool recognized = QSocketNotifier::event(event);  // this object may go meanwhile
+    const bool recognized = QSocketNotifier::event(event);  // may destroy this object
     LetOthersIn();
     return recognized;
 }

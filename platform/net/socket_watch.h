@@ -8,19 +8,19 @@
 
 namespace platform {
 
-/// Calls a handler from the event loop while a socket is ready for something. The process knows all
-/// of its watches, so that a timer can ask whether something has arrived that goes before it.
+/// Calls a handler from the event loop while a socket is ready. A list of all watches lets a timer
+/// check for pending socket events, which run before it.
 class SocketWatch : public QSocketNotifier {
   public:
     /// The handler may destroy the watch. The socket must outlive it.
     SocketWatch(native::Handle handle, Type type, const std::function<void()>& handler);
     ~SocketWatch() override;
 
-    /// A point in the order in which watches are made and handlers called.
+    /// A position in the sequence of creating watches and calling handlers.
     using Moment = std::uint64_t;
     static Moment Now();
 
-    /// Whether a socket is ready whose handler has not been called since `moment`.
+    /// Whether any socket is ready whose handler has not been called since `moment`.
     static bool AnyWaitsSince(Moment moment);
 
   protected:

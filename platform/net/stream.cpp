@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-/// What one `on_data` can read at most.
+/// The most that one `on_data` can read.
 constexpr std::size_t kMostPerEvent = 256 * 1024;
 
 }  // namespace
@@ -34,7 +34,7 @@ std::string Stream::Take() {
     return std::exchange(waiting_, {});
 }
 
-/// The handler comes as a copy, since it may destroy the socket that holds it.
+/// Takes the handler by value, because it may destroy the socket that holds it.
 void Stream::Raise(std::function<void()> handler) {
     const QPointer<Stream> self(this);
     in_handler_ = true;
@@ -44,29 +44,29 @@ void Stream::Raise(std::function<void()> handler) {
     if (state_ != SocketState::Connected) return;
     readable_->setEnabled(waiting_.empty());
     if (!waiting_.empty()) {
-        // The handler left bytes, of which the system will not tell again.
+        // The handler has left bytes, and the system will not report them again.
         QMetaObject::invokeMethod(this, &Stream::Check, Qt::QueuedConnection);
     }
 }
 
-/// The system tells of bytes again in every iteration of the loop until they have been read, so one
-/// event at a time is enough, and the window paints between them.
+/// The system reports unread bytes again in every iteration of the loop. So one event at a time is
+/// enough, and the window can paint in between.
 void Stream::Readable() {
     if (in_handler_) {
-        readable_->setEnabled(false);  // a nested loop would only spin
+        readable_->setEnabled(false);  // otherwise a nested loop would spin
     } else {
         Check();
     }
 }
 
-/// Looks for what has come, and raises at most one event for it.
+/// Reads what has arrived and raises at most one event.
 void Stream::Check() {
     if (state_ != SocketState::Connected) return;
     if (waiting_.size() < kMostPerEvent && !ReadMore()) return;
     if (!waiting_.empty()) Raise(on_data_);
 }
 
-/// One read. False when the connection has come to its end, which is then dealt with.
+/// Reads once. Returns false after it has handled the end of the connection.
 bool Stream::ReadMore() {
     static std::array<char, kMostPerEvent> buffer;  // events come on one thread only
     const std::ptrdiff_t count =
@@ -84,7 +84,7 @@ bool Stream::ReadMore() {
     return false;
 }
 
-/// False when the system has no memory for the bytes: a response with a hole is worth nothing.
+/// Fails, and returns false, if there is no memory for the bytes: a response with a gap is useless.
 bool Stream::Keep(std::string_view bytes) {
     try {
         waiting_ += bytes;
@@ -102,14 +102,14 @@ void Stream::Fail(SocketFailure why) {
     failure_ = why;
 }
 
-/// Sends what the network takes now; the rest follows when it takes more.
+/// Sends what the network accepts now; the rest follows when it accepts more.
 void Stream::Flush() {
     const std::ptrdiff_t count = native::Send(handle_, outgoing_.data(), outgoing_.size());
     if (count >= 0) {
         outgoing_.erase(0, static_cast<std::size_t>(count));
     } else if (!native::IsPending(native::LastError())) {
-        // The system tells of a reset once only. What came before it is still read; the end
-        // after that is then no orderly close.
+        // The system reports a reset only once. The bytes before it are still read, but the end of
+        // the stream after them is then not an orderly close.
         sending_failed_ = true;
         outgoing_.clear();
     }

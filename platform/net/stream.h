@@ -12,21 +12,22 @@
 
 namespace platform {
 
-/// A connection that stands: what comes, what goes, and how it ends. `Socket` says what its events
-/// keep to.
+/// An established connection: receiving, sending, and how it ends. Its events follow the contract
+/// of `Socket`.
 class Stream : public QObject {
   public:
-    /// Takes over a connected socket. `on_data` is read at each event, so it must outlive the
-    /// stream.
+    /// Takes ownership of a connected socket. `on_data` is looked up at each event, so it must
+    /// outlive the stream.
     Stream(native::Handle handle, const std::function<void()>& on_data);
     ~Stream() override;
 
-    /// Calls a handler, which may destroy the stream; what comes meanwhile is told of afterwards.
+    /// Calls a handler, which may destroy the stream. Data that arrives meanwhile is reported
+    /// afterwards.
     void Raise(std::function<void()> handler);
 
-    /// Sends in the background.
+    /// Sends `bytes` in the background.
     void Send(std::string_view bytes);
-    /// Takes the bytes that wait.
+    /// Returns and removes the waiting bytes.
     std::string Take();
     SocketState State() const { return state_; }
     SocketFailure Failure() const { return failure_; }

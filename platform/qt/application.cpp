@@ -4,7 +4,8 @@ namespace platform {
 
 namespace {
 
-/// Keeps GLib's loop from being taken, and leaves nothing of that to the programs that we start.
+/// Keeps Qt from choosing GLib's loop, without passing the setting on to the programs that we
+/// start.
 class GlibDisabler {
   public:
     GlibDisabler() : is_ours_(!qEnvironmentVariableIsSet(kVariable)) {

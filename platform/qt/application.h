@@ -4,10 +4,10 @@
 
 namespace platform {
 
-/// Makes the application. Both arguments must outlive it.
+/// Creates the application. Both arguments must outlive it.
 ///
-/// It runs Qt's own event loop, not GLib's, which Qt would take where there is one: that loop wakes
-/// itself up, with two system calls, each time that a socket is watched or no more.
+/// It uses Qt's own event loop. Qt would choose GLib's where available, but that loop wakes itself
+/// up with two system calls whenever a socket watch starts or stops.
 QApplication MakeApplication(int& argc, char** argv);
 
 }  // namespace platform

@@ -7,8 +7,8 @@
 
 namespace platform {
 
-/// The name of a host in the letters that name servers know: "www.bücher.test" is
-/// "www.xn--bcher-kva.test". "" for what cannot be the name of a host.
+/// A host's name in the form for name servers: "www.bücher.test" becomes "www.xn--bcher-kva.test".
+/// "" if it cannot be a host's name.
 inline std::string AsciiHost(const std::string& host) {
     return QUrl::toAce(FromBytes(host)).toStdString();
 }

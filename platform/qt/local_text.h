@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// Where text meets Qt: bytes in the system's local 8-bit encoding on one side.
+/// Converts between bytes in the system's local 8-bit encoding and Qt's text.
 inline QString FromBytes(const std::string& bytes) {
     return QString::fromLocal8Bit(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }

@@ -6,7 +6,7 @@ namespace platform {
 
 void QtEventLoop::DoEvents() {
     ++depth_;
-    QCoreApplication::processEvents();  // one iteration; what it posts waits for the next
+    QCoreApplication::processEvents();  // one iteration; newly posted events wait for the next
     --depth_;
     since_last_turn_.start();
 }

@@ -6,13 +6,13 @@
 
 namespace platform {
 
-/// Lets Qt's pending events run.
+/// Runs Qt's pending events.
 class QtEventLoop final : public EventLoop {
   public:
     void DoEvents() override;
     void DoEventsThrottled() override;
 
-    /// How many calls of `DoEvents` are running, one inside the other.
+    /// How many nested calls of `DoEvents` are running.
     int Depth() const { return depth_; }
 
   private:

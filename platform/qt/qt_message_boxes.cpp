@@ -18,19 +18,19 @@ QString LinesOf(const std::string& message) {
     return FromBytes(message).replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
-/// Whether `window` is `other` or a dialog over it.
+/// Whether `window` is `other` or a dialog above it.
 bool StandsOver(const QWidget* window, const QWidget* other) {
     while (window != nullptr && window != other)
         window = window->parentWidget();
     return window != nullptr;
 }
 
-/// What a box stands over: the active window, unless a modal dialog keeps that from being used,
-/// else that dialog, else the main window. While another program has the keyboard no window of ours
-/// is active, and a box of nobody's would come up in front of that program.
+/// The window that owns a new box: the active window, unless a modal dialog blocks it; else that
+/// dialog; else the main window. While another program has the keyboard, none of our windows is
+/// active, and a box without an owner would come up in front of that program.
 QWidget* Owner() {
     QWidget* active = QApplication::activeWindow();
-    if (active != nullptr && !active->isVisible()) active = nullptr;  // just being closed
+    if (active != nullptr && !active->isVisible()) active = nullptr;  // being closed
     QWidget* const modal = QApplication::activeModalWidget();
     if (modal != nullptr) return StandsOver(active, modal) ? active : modal;
     if (active != nullptr) return active;
@@ -44,8 +44,8 @@ bool IsInFront() {
     return QGuiApplication::applicationState() == Qt::ApplicationActive;
 }
 
-/// Brings up what the next box stands over. A window may be asked to close while it is minimized or
-/// behind another program, and a question that this raises must be seen.
+/// Brings the owner of the next box to the front. A window may be asked to close while it is
+/// minimized or behind another program, and the resulting question must be seen.
 void ComeToFront() {
     QWidget* const owner = Owner();
     if (owner == nullptr || IsInFront()) return;
@@ -63,7 +63,8 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
     const bool stops = style == BoxStyle::Stop || style == BoxStyle::StopYesNo;
 
     ComeToFront();
-    // On the heap and watched, since the window above it may be unloaded while it is open.
+    // A guarded pointer, because the owner may be destroyed, and the box with it, while the box is
+    // open.
     const QPointer<QMessageBox> box(new QMessageBox(Owner()));
     box->setIcon(stops ? QMessageBox::Critical : QMessageBox::Information);
     box->setWindowTitle(FromBytes(title));
@@ -73,7 +74,7 @@ BoxAnswer QtMessageBoxes::MsgBox(const std::string& message, BoxStyle style,
     if (asks) {
         box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box->setDefaultButton(QMessageBox::Yes);
-        box->setEscapeButton(QMessageBox::No);  // what closing the frame answers, too
+        box->setEscapeButton(QMessageBox::No);  // also the answer when the frame is closed
     }
     const int button = box->exec();
     delete box.data();

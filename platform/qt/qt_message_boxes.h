@@ -4,8 +4,8 @@
 
 namespace platform {
 
-/// The boxes that a person sees. They belong to the window that is being worked in, which comes to
-/// the front with them, and show their text as it is, never as markup.
+/// The real message boxes. A box belongs to the window in use and brings it to the front. Texts are
+/// shown as they are, never as markup.
 class QtMessageBoxes final : public MessageBoxes {
   public:
     BoxAnswer MsgBox(const std::string& message, BoxStyle style, const std::string& title) override;

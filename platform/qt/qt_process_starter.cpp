@@ -17,14 +17,14 @@ namespace {
 
 enum class WindowSize { Normal, Maximized };
 
-/// Starts `program` on its own, with `argument` as its one argument. The size is a wish that only
-/// Windows knows.
+/// Starts `program` detached, with `argument` as its only argument. Only Windows uses `size`, which
+/// the program may ignore.
 bool Start(const QString& program, const QString& argument, [[maybe_unused]] WindowSize size) {
     QProcess process;
     process.setProgram(program);
 #ifdef Q_OS_WIN
-    // The explorer takes its command line literally, and neither a path nor an encoded address
-    // holds a quote.
+    // The explorer takes its command line literally. Neither a path nor an encoded address contains
+    // a quote.
     process.setNativeArguments(QLatin1Char('"') + argument + QLatin1Char('"'));
     process.setCreateProcessArgumentsModifier([size](QProcess::CreateProcessArguments* arguments) {
         arguments->startupInfo->dwFlags |= STARTF_USESHOWWINDOW;
@@ -34,7 +34,7 @@ bool Start(const QString& program, const QString& argument, [[maybe_unused]] Win
 #else
     process.setArguments({argument});
 #endif
-    // A file manager's chatter has no business in our terminal.
+    // Keep a file manager's output out of our terminal.
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     return process.startDetached();
@@ -45,7 +45,7 @@ QString FolderOpener() {
     return qEnvironmentVariable("windir") + QStringLiteral("\\explorer.exe");
 }
 QString AddressOpener() {
-    // Fixed on purpose: only the command for folders follows "windir".
+    // Fixed on purpose: only the command for folders uses "windir".
     return QStringLiteral("c:\\windows\\explorer.exe");
 }
 #else
@@ -61,21 +61,21 @@ QString AddressOpener() {
 }
 #endif
 
-/// Whether to open the file, which came from a stranger, is to run it.
+/// Whether opening the file, which may come from anyone, would run it.
 bool RunsAsProgram([[maybe_unused]] const std::string& file) {
 #ifdef Q_OS_WIN
     const std::size_t dot = file.rfind('.');
     return dot != std::string::npos &&
            AssocIsDangerous(FromBytes(file.substr(dot)).toStdWString().c_str());
 #else
-    return false;  // the desktop's opener runs nothing
+    return false;  // the desktop's opener does not run programs
 #endif
 }
 
 }  // namespace
 
 bool QtProcessStarter::ExploreFolder(const std::string& folder) {
-    // A system path starts at the root (or with a drive), so it is never taken for an option.
+    // A system path starts with the root or a drive, so it is never taken for an option.
     const auto path = SystemPathOf(folder);
     return path && Start(FolderOpener(), FromBytes(*path), WindowSize::Normal);
 }
@@ -87,7 +87,8 @@ bool QtProcessStarter::OpenFile(const std::string& file) {
 }
 
 bool QtProcessStarter::OpenAddress(const std::string& address) {
-    // Encoded, it holds no blank, quote or control character, and it starts with its scheme.
+    // An encoded address contains no blank, quote or control character, and it starts with its
+    // scheme.
     const QUrl url(FromBytes(address), QUrl::TolerantMode);
     if (!url.isValid() || url.scheme() != QLatin1String("http") || url.host().isEmpty()) {
         return false;

@@ -5,7 +5,7 @@
 namespace platform {
 
 /// Starts the system's file manager and browser: the explorer on Windows, elsewhere the desktop's
-/// own opener, which is looked for on the PATH.
+/// own opener, found on the PATH.
 class QtProcessStarter final : public ProcessStarter {
   public:
     bool ExploreFolder(const std::string& folder) override;

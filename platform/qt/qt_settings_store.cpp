@@ -10,11 +10,11 @@ namespace platform {
 
 namespace {
 
-/// Opened anew for each use: what another instance of the program has stored is seen, and what is
-/// put is on disk when this returns.
+/// Opened anew for each use, so that it sees what another instance has stored and writes to the
+/// disk at once.
 QSettings Open(const std::string& application) {
 #ifdef Q_OS_WIN
-    // The maker's name is the program's; once is enough in the registry.
+    // The organization has the program's name; once is enough in the registry.
     return QSettings(QStringLiteral("HKEY_CURRENT_USER\\Software\\") + FromBytes(application),
                      QSettings::NativeFormat);
 #else
@@ -32,7 +32,7 @@ QString PathOf(const std::string& section, const std::string& key) {
 std::string QtSettingsStore::Get(const std::string& application, const std::string& section,
                                  const std::string& key, const std::string& fallback) const {
     const QVariant value = Open(application).value(PathOf(section, key));
-    // Only text is ever put; anything else is a damaged store.
+    // Only text is stored; anything else means a damaged store.
     return value.typeId() == QMetaType::QString ? ToBytes(value.toString()) : fallback;
 }
 

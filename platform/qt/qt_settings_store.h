@@ -4,8 +4,8 @@
 
 namespace platform {
 
-/// The user's settings where the system keeps such things: the registry on Windows, elsewhere a
-/// file below the user's configuration folder.
+/// The user's settings in the system's usual place: the registry on Windows, elsewhere a file in
+/// the user's configuration folder.
 class QtSettingsStore final : public SettingsStore {
   public:
     std::string Get(const std::string& application, const std::string& section,

@@ -30,7 +30,7 @@ void QtTimer::Restart() {
     timer_.stop();
     next_turn_.stop();
     if (!enabled_ || interval_ == 0) return;
-    // Qt counts 24 days at most; a longer interval would fire no sooner than it must.
+    // Qt's intervals are limited to 24 days; longer ones are cut to that.
     constexpr std::int64_t kLongest = std::numeric_limits<int>::max();
     timer_.start(static_cast<int>(std::min(interval_, kLongest)));
 }
@@ -41,9 +41,9 @@ void QtTimer::Due() {
     FireAfterArrivals();
 }
 
-/// A handler that took long may have let bytes pile up, and Qt lets timers fire before it looks at
-/// the sockets again. Each socket goes first once; on a busy network the timer would else wait for
-/// ever.
+/// Bytes may have piled up during a long handler, and Qt fires timers before it looks at the
+/// sockets again. Each socket goes first only once; otherwise a busy network could hold up the
+/// timer for ever.
 void QtTimer::FireAfterArrivals() {
     if (SocketWatch::AnyWaitsSince(due_since_)) {
         next_turn_.start(0);
@@ -53,7 +53,7 @@ void QtTimer::FireAfterArrivals() {
 }
 
 void QtTimer::Fire() {
-    const auto in_handler = in_handler_;  // the handler may destroy the timer
+    const auto in_handler = in_handler_;  // copies: the handler may destroy the timer
     const auto handler = on_timer;
     *in_handler = true;
     if (handler) handler();

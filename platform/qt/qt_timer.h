@@ -29,7 +29,7 @@ class QtTimer final : public Timer {
     std::uint64_t due_since_ = 0;  // a SocketWatch::Moment
     std::shared_ptr<bool> in_handler_ = std::make_shared<bool>(false);
     QTimer timer_;
-    QTimer next_turn_;  // runs while this timer is due and sockets go before it
+    QTimer next_turn_;  // runs while this timer is due but sockets go first
 };
 
 }  // namespace platform
