@@ -4,12 +4,13 @@
 
 namespace crawl {
 
-/// Tells whoever works on a slot's job across a place where events run whether that job is still
-/// the slot's. A stop ends it, and a crawl started right afterwards gives the slot another one,
-/// whose response and connection are not to be touched by what is left of the old one's handlers.
+/// Tells whether a slot still has the same job, for code that works on it across a place where
+/// events run. A stop ends the job, and a crawl started right afterwards may reuse the slot while
+/// handlers of the old job are still running. They must not touch the new job's response and
+/// connection.
 class JobWatch {
   public:
-    /// A number that names no slot has a job that never ends.
+    /// An invalid slot number is allowed; its job never ends.
     explicit JobWatch(int slot) : slot_(slot), job_(Current()) {}
 
     bool Ended() const { return Current() != job_; }

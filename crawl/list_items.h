@@ -8,15 +8,15 @@
 
 namespace crawl {
 
-/// What a list box holds, as bytes. The control that shows it looks only at the rows on screen, so
-/// appending, taking the last and counting cost the same at ten items and at a million.
+/// The items of a list box, as bytes. The control looks only at the visible rows, so appending,
+/// removing the last item and counting cost the same for ten items and for a million.
 class ListItems {
   public:
     void AddItem(std::string item) {
         items_.push_back(std::move(item));
         Changed();
     }
-    /// Removes the last item; nothing when there is none.
+    /// Removes the last item, if any.
     void RemoveLast() {
         if (items_.empty()) return;
         items_.pop_back();
@@ -28,10 +28,10 @@ class ListItems {
     }
     std::size_t Count() const { return items_.size(); }
     bool Empty() const { return items_.empty(); }
-    /// The item at `index`, counted from 0. Valid until the list next changes.
+    /// The item at `index`, counted from 0. Valid until the list changes.
     const std::string& Item(std::size_t index) const { return items_[index]; }
 
-    /// Told after every change; the control's repaint request. It must not change the list.
+    /// Called after every change, to repaint the control. It must not change the list.
     std::function<void()> on_change;
 
   private:

@@ -11,11 +11,11 @@ constexpr std::array<std::string_view, kOutcomeCount> kNames = {
     "queued",     "under way",   "saved",     "moved",     "error",     "short",
     "unanswered", "not written", "too large", "not asked", "unfinished"};
 
-/// A server can make every detail a different one: then they are not worth looking for.
+/// A server can make every detail different. Beyond this number, sharing is not worth a search.
 constexpr std::size_t kMostShared = 1000;
 constexpr std::size_t kLongestDetail = 1000;
 
-/// An outcome of a higher rank replaces one of a lower; the highest stays.
+/// A new outcome replaces one of the same or a lower rank. The highest rank is final.
 constexpr int kWholeOnDisk = 4;
 int RankOf(Outcome outcome) {
     switch (outcome) {
@@ -110,7 +110,7 @@ void AddressReport::NoteFailedTry(std::size_t row, int attempt, std::string_view
 }
 
 void AddressReport::End(std::size_t row, Outcome outcome, int attempts, std::string_view detail) {
-    if (answered_row_ == row) answered_row_ = kNoRow;  // it was given up while it was saved
+    if (answered_row_ == row) answered_row_ = kNoRow;  // given up while being saved
     EndAs(row, outcome, attempts, {.detail = detail});
 }
 
@@ -165,7 +165,7 @@ ReportRow* AddressReport::Find(std::size_t row) {
     return row < rows_.size() ? &rows_[row] : nullptr;
 }
 
-/// A lasting copy of `detail`, the same one for all rows as long as there are few different ones.
+/// A permanent copy of `detail`. Rows share it as long as there are few different details.
 std::string_view AddressReport::Share(std::string_view detail) {
     detail = detail.substr(0, kLongestDetail);
     if (const auto known = shared_.find(detail); known != shared_.end()) return *known;

@@ -14,135 +14,135 @@
 
 #include "text/text_store.h"
 
-/// What became of each address that a crawl took on. The engine, the link extraction and the mirror
-/// write it down where they learn it; nobody decides anything by it.
+/// What became of each address of a crawl. The engine, the link extraction and the mirror record it
+/// where they learn it. No decision depends on it.
 namespace crawl {
 
 enum class Outcome : std::uint8_t {
     Queued,
     UnderWay,
-    Saved,       ///< answered, and the file is on disk
-    Moved,       ///< the same, with a status of 3xx; the detail is where to
-    Error,       ///< the same, with a status of 4xx or 5xx; the detail is the status line's words
-    Short,       ///< saved, but fewer bytes came than were announced
-    Unanswered,  ///< nothing was saved after the last try; the detail is why
-    NotWritten,  ///< answered, but there is no file; the detail is why
-    TooLarge,    ///< given up for the memory
-    NotAsked,    ///< would climb above the site's root
+    Saved,       ///< answered, and the file was written
+    Moved,       ///< the same with status 3xx; the detail is the new location
+    Error,       ///< the same with status 4xx or 5xx; the detail is the reason phrase
+    Short,       ///< saved, but with fewer bytes than announced
+    Unanswered,  ///< the last try failed; the detail is why
+    NotWritten,  ///< answered, but the file could not be written; the detail is why
+    TooLarge,    ///< given up for lack of memory
+    NotAsked,    ///< the path climbs above the site's root
     Unfinished,  ///< queued or under way when the crawl was stopped
 };
 inline constexpr std::size_t kOutcomeCount = 11;
 
-/// An outcome as people read it: "saved", "not written".
+/// The outcome as display text: "saved", "not written".
 std::string_view NameOf(Outcome outcome);
 
-/// Whether it is neither queued nor under way any more.
+/// Whether the outcome is neither queued nor under way.
 constexpr bool HasEnded(Outcome outcome) {
     return outcome > Outcome::UnderWay;
 }
 
-/// A time in few bytes; up to 49 days.
+/// A compact duration; up to 49 days.
 using Milliseconds = std::chrono::duration<std::uint32_t, std::milli>;
 
-/// One address. Its texts stay until the report is cleared.
+/// One address. Its texts stay valid until the report is cleared.
 struct ReportRow {
-    std::string_view address;  ///< as it stands in log.txt; the first one as it was asked for
+    std::string_view address;  ///< as in log.txt; the first one as requested
     std::string_view detail;   ///< see `Outcome`; while under way, why the last try failed
-    std::uint64_t bytes = 0;   ///< of the body, as they came
-    std::optional<std::uint64_t> announced;  ///< what "Content-Length:" said
+    std::uint64_t bytes = 0;   ///< of the body, as received
+    std::optional<std::uint64_t> announced;  ///< the value of "Content-Length:"
     Milliseconds started{0};                 ///< since the crawl's start
-    Milliseconds took{0};                    ///< from the first try on
-    std::uint16_t status = 0;                ///< of HTTP; 0 when there was none
-    std::uint16_t attempts = 0;              ///< how often it was asked for until it ended
+    Milliseconds took{0};                    ///< from the first try to the end
+    std::uint16_t status = 0;                ///< the HTTP status; 0 for none
+    std::uint16_t attempts = 0;              ///< the number of tries until it ended
     Outcome outcome = Outcome::Queued;
-    bool settled = false;  ///< it stays as it is
+    bool settled = false;  ///< the row will not change again
 };
 
-/// Names no row. Everything that takes a row's number passes over one that there is not.
+/// No row. All functions that take a row number ignore an invalid one.
 inline constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
-/// Whoever watches the report. It is told after each change and must not make one.
+/// Is notified after each change of the report. It must not change the report.
 class ReportObserver {
   public:
     virtual ~ReportObserver() = default;
 
     /// A row was appended.
     virtual void RowAdded(std::size_t) {}
-    /// A row says something else than before.
+    /// A row has changed.
     virtual void RowChanged(std::size_t) {}
-    /// A row will not change any more. Comes once for each, after `RowChanged`.
+    /// A row will not change again. Called once per row, after `RowChanged`.
     virtual void RowSettled(std::size_t) {}
-    /// More files were found to be there already.
+    /// `AlreadyThere` has changed.
     virtual void AlreadyThereChanged() {}
-    /// All rows have gone: a crawl begins.
+    /// All rows were removed because a crawl starts.
     virtual void Cleared() {}
 };
 
-/// What a server answered to one try.
+/// A server's answer to one try.
 struct Answer {
     std::uint16_t status = 0;
     std::uint64_t bytes = 0;  ///< of the body
     std::optional<std::uint64_t> announced = std::nullopt;
-    std::string_view detail = {};  ///< the Location of 3xx, the words of 4xx and 5xx
+    std::string_view detail = {};  ///< the Location for 3xx, the reason phrase for 4xx and 5xx
 };
 
-/// One row for each address, in the order in which they were found.
+/// One row per address, in the order in which they were found.
 ///
-/// A row ends with its first outcome. While its connection has no other job, it may be asked for
-/// again: then a better outcome replaces a worse one, but one that left a whole answer on disk
-/// (saved, moved, error) stays.
+/// A row ends with its first outcome. Until its connection gets another job, the address may be
+/// requested again. A better outcome then replaces a worse one, but one that left a whole answer on
+/// disk (saved, moved, error) is final.
 class AddressReport {
   public:
     AddressReport();
 
-    // What the crawl tells.
+    // For the crawl.
 
-    /// A crawl begins: forgets everything.
+    /// A crawl starts: removes everything.
     void Clear();
-    /// An address was queued. After `Stop` it counts as unfinished at once.
+    /// An address was queued. After `Stop` it is unfinished at once.
     void Add(std::string_view address);
-    /// A connection takes the newest address of the queue and gives up `old`, the one that it had.
-    /// The number of the row; `kNoRow` when none is queued.
+    /// A connection takes the newest address off the queue and gives up its old row, `old`. Returns
+    /// the row's number; `kNoRow` if the queue is empty.
     std::size_t TakeNewest(std::size_t old = kNoRow);
-    /// A try, counted from 1, failed. There may be another one.
+    /// A try, counted from 1, has failed. There may be another one.
     void NoteFailedTry(std::size_t row, int attempt, std::string_view why);
-    /// The address was given up after so many tries, or not asked for at all.
+    /// The address was given up after this many tries, or was never requested.
     void End(std::size_t row, Outcome outcome, int attempts, std::string_view detail = {});
-    /// An answer has come whole; `NoteWrite` must follow before any event runs, while the answer's
-    /// detail is still there.
+    /// A complete answer has arrived. `NoteWrite` must follow before events run, while the answer's
+    /// detail is valid.
     void NoteAnswer(std::size_t row, int attempts, const Answer& answer);
-    /// The answer just noted was written, or why it was not; passed over when there is none.
+    /// The answer just noted was written, or why it was not. Ignored if there is none.
     void NoteWrite(std::size_t row, std::string_view why_not = {});
-    /// The crawl has ended: what is queued or under way is unfinished, and all rows are settled.
+    /// The crawl has ended: everything queued or under way is unfinished, and all rows are settled.
     void Stop();
 
-    /// The crawl makes a file of this name, or has met it. False when it is noted already.
+    /// The crawl writes or has met a file with this name. Returns false if that is already noted.
     bool NoteFile(std::string_view name) { return files_.insert(HashOf(name)).second; }
     bool HasFile(std::string_view name) const { return files_.contains(HashOf(name)); }
-    /// A link was dropped for a file of an earlier crawl, the first one for that file.
+    /// A link was dropped because of a file from an earlier crawl. Called once per file.
     void CountAlreadyThere();
 
-    // What there is to see.
+    // For display.
 
     std::size_t Count() const { return rows_.size(); }
-    /// The row of this number, counted from 0. It stays where it is until `Clear`.
+    /// The row with this number, counted from 0. The reference stays valid until `Clear`.
     const ReportRow& Row(std::size_t row) const { return rows_[row]; }
-    /// The numbers of the rows that have ended, in the order in which they did.
+    /// The numbers of the rows that have ended, in the order of their ends.
     const std::vector<std::uint32_t>& Ended() const { return ended_; }
-    /// How many rows have this outcome.
+    /// The number of rows with this outcome.
     std::size_t CountOf(Outcome outcome) const {
         return counts_[static_cast<std::size_t>(outcome)];
     }
-    /// How many different files of an earlier crawl kept links from being queued.
+    /// The number of files from an earlier crawl that kept links from being queued.
     std::size_t AlreadyThere() const { return already_there_; }
-    /// Goes up with every change: for whoever looks now and then instead of observing.
+    /// Increases with every change, for callers that poll instead of observing.
     std::uint64_t Changes() const { return changes_; }
 
-    /// An observer is told of changes until it is removed.
+    /// The observer is notified until it is removed.
     void AddObserver(ReportObserver& observer);
     void RemoveObserver(ReportObserver& observer);
 
-    /// The time since any moment; the steady clock's unless a test gives another one.
+    /// The time since an arbitrary moment: the steady clock, unless a test replaces it.
     std::function<std::chrono::milliseconds()> clock;
 
   private:
@@ -158,12 +158,12 @@ class AddressReport {
     std::deque<ReportRow> rows_;
     std::array<std::size_t, kOutcomeCount> counts_{};
     std::vector<std::uint32_t> ended_;
-    std::vector<std::uint32_t> queued_;  ///< as the queue has them, the newest at the end
-    std::vector<std::size_t> taken_;     ///< not settled yet: hardly more than connections
+    std::vector<std::uint32_t> queued_;  ///< in the queue's order, the newest last
+    std::vector<std::size_t> taken_;     ///< not settled yet: about as many as connections
     text::TextStore texts_;
     std::unordered_set<std::string_view> shared_;
-    std::unordered_set<std::size_t> files_;  ///< hashes of their names
-    std::size_t answered_row_ = kNoRow;      ///< whose answer is about to be written
+    std::unordered_set<std::size_t> files_;  ///< hashes of the names
+    std::size_t answered_row_ = kNoRow;      ///< the row whose answer is about to be written
     int answered_attempts_ = 0;
     Answer answer_;
     std::size_t already_there_ = 0;

@@ -15,7 +15,7 @@ constexpr Outcome kToldOutcomes[] = {Outcome::Saved,    Outcome::Error,      Out
                                      Outcome::TooLarge, Outcome::NotAsked,   Outcome::Unfinished,
                                      Outcome::UnderWay, Outcome::Queued};
 
-/// The summary names so many reasons at most.
+/// The most reasons that the summary lists.
 constexpr std::size_t kMostReasons = 3;
 
 std::string Field(std::string_view text) {
@@ -39,7 +39,7 @@ std::string Seconds(Milliseconds time) {
            thousandths;
 }
 
-/// Why files were not written, in brackets.
+/// Why files were not written, in parentheses.
 std::string Reasons(const AddressReport& report) {
     std::vector<std::string_view> reasons;
     for (std::size_t i = 0; i < report.Count() && reasons.size() <= kMostReasons; ++i) {

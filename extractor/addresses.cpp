@@ -16,7 +16,8 @@ std::string CutAtFirstOf(const std::string& s, std::string_view delimiters) {
     return s.substr(0, s.find_first_of(delimiters));
 }
 
-/// The segment before the first "/../" of `s`, from its slash on; "" when there is no slash before.
+/// The segment before the first "/../" of `s`, including its leading slash; "" if no slash precedes
+/// it.
 std::string SegmentBeforeDotDot(std::string_view s) {
     const std::size_t dot_dot = s.find("/../");
     if (dot_dot == 0 || dot_dot == std::string_view::npos) return "";
@@ -89,8 +90,8 @@ std::string CutDotDotOnce(std::string& s) {
 
 std::string ResolveDotDot(std::string& s) {
     text::ReplaceAllIn(s, "\\", "/");
-    // Each iteration shortens the address, so this ends: a segment that is not empty occurs at
-    // least where it was found, and with an empty one the "/../" is still there to be cut.
+    // Each iteration shortens the address, so the loop ends: a non-empty segment occurs at least
+    // where it was found, and an empty one leaves the "/../" to be cut.
     while (text::Contains(s, "/../")) {
         text::ReplaceAllIn(s, SegmentBeforeDotDot(s), "");
         CutDotDotOnce(s);

@@ -2,49 +2,49 @@
 
 #include <string>
 
-/// Link extraction. This file: the string routines with which addresses are cut, cleaned and
-/// resolved. They work on plain text, have fixed literal rules, and never report anything.
+/// Link extraction. This file: string routines that cut, clean and resolve addresses. They work on
+/// plain text, follow fixed literal rules and report no errors.
 namespace bas_Extractor {
 
 /// The characters of `s` in reverse order.
 std::string ReverseText(const std::string& s);
 
-/// `s` lower-cased, then without blanks around it.
+/// `s` lower-cased and trimmed of blanks.
 std::string LowerTrim(const std::string& s);
 
-/// The last character of `s` as given; "" when `s` is empty or only blanks.
+/// The last character of `s`, even a blank; "" if `s` is empty or all blanks.
 std::string LastChar(const std::string& s);
 
-/// Whether `s` ends in "/" or "\".
+/// Whether `s` ends with "/" or "\".
 bool EndsWithSlash(const std::string& s);
 
-/// From the last "." to the end, the dot included; all of `s` when it has none.
+/// The text from the last "." to the end, including the dot; all of `s` if there is none.
 std::string GetExtension(const std::string& s);
 
-/// Takes a leading "http://" (any case) and every "http:\\" off and turns "\" into "/". The result
-/// is returned and stored back into `s`.
+/// Removes a leading "http://" (any case) and every "http:\\", and replaces "\" by "/". Returns the
+/// result and stores it in `s`.
 std::string StripHttp(std::string& s);
 
-/// The address as the tail of a local path: no scheme, no "www." anywhere, "\" for "/".
+/// The address as the last part of a local path: no scheme, no "www." anywhere, "\" instead of "/".
 std::string UrlToPathPart(const std::string& s);
 
-/// Every "//" after the first 7 characters (the room of a scheme) becomes "/", in one pass.
+/// Replaces every "//" after the first 7 characters (the length of a scheme) by "/", in one pass.
 std::string CollapseSlashes(const std::string& s);
 
-/// What stands before the first of # ' > } blank ; in `s`.
+/// The part of `s` before the first # ' > } ; or blank.
 std::string CutLinkAtDelimiter(const std::string& s);
 
-/// What stands before the first of # ' > } ? blank / \ in `s`.
+/// The part of `s` before the first # ' > } ? / \ or blank.
 std::string CutHostAtDelimiter(const std::string& s);
 
-/// Removes the first "../" that follows a slash. The result is returned and stored back into `s`.
+/// Removes the first "../" after a slash. Returns the result and stores it in `s`.
 std::string CutDotDotOnce(std::string& s);
 
-/// Resolves every "/../" by removing the segment before it, wherever else in the address that text
-/// stands too. The result is returned and stored back into `s`.
+/// Resolves every "/../" by removing the segment before it, also wherever else its text occurs in
+/// the address. Returns the result and stores it in `s`.
 std::string ResolveDotDot(std::string& s);
 
-/// A count with "," between groups of three digits. `s` receives the lower-cased, trimmed text.
+/// A count with "," between groups of three digits. Stores the lower-cased, trimmed text in `s`.
 std::string FormatThousands(std::string& s);
 
 }  // namespace bas_Extractor

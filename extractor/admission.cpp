@@ -18,17 +18,17 @@ namespace bas_Extractor {
 
 namespace {
 
-/// Pages that link deeper and deeper into themselves come to an end.
+/// This limit ends crawls of pages that link deeper and deeper into themselves.
 constexpr std::size_t kLongestLink = 4096;
 
-/// Behind these a ".." would climb out of the site.
+/// After one of these, a ".." would climb out of the site.
 constexpr std::string_view kClimbsAboveHost[] = {
     ".info/..", ".tk/..",  ".uk/..",  ".au/..",  ".mil/..",
     ".gov/..",  ".edu/..", ".org/..", ".net/..", ".com/..",
 };
 
-/// The scheme is looked for behind leading blanks, and yet as many characters go from the very
-/// beginning.
+/// Looks for the scheme after leading blanks, but cuts its length from the very start. This is
+/// intended.
 void CutScheme(std::string& link) {
     if (text::HasHttp(text::Trim(link))) link.erase(0, text::kHttp.size());
 }
@@ -37,7 +37,7 @@ void TrimIn(std::string& s) {
     s = std::string(text::Trim(s));
 }
 
-/// "site.com/dir/page.html" from whatever spelling of slashes and scheme the page had.
+/// Makes "site.com/dir/page.html" of any spelling of slashes and scheme.
 void Normalize(std::string& link) {
     text::ReplaceAllIn(link, "http:\\", "http://");
     TrimIn(link);
@@ -46,10 +46,10 @@ void Normalize(std::string& link) {
     if (LastChar(link) == "/") link += "index.html";
 }
 
-/// A link was dropped for a file that is there. Counts it when it is a file of an earlier crawl,
-/// once.
+/// Handles a link that is dropped because its file exists. Counts the file once if it comes from an
+/// earlier crawl.
 void NoteKnown(const std::string& local_path) {
-    // Nearly always the same link was dropped before.
+    // Nearly always the same link has been dropped before.
     if (!crawl::Report.NoteFile(local_path)) return;
     const std::string key = bas_Output::FileKey(local_path);
     if (key != local_path && !crawl::Report.NoteFile(key)) return;
@@ -57,7 +57,7 @@ void NoteKnown(const std::string& local_path) {
     crawl::Report.CountAlreadyThere();
 }
 
-/// Where the mirror keeps the link's file.
+/// The local path of the link's file.
 std::string LocalPath(const std::string& link) {
     return bas_Output::CleanLinkName(crawl::TargetFolder + UrlToPathPart(link));
 }
@@ -72,7 +72,7 @@ bool ClimbsAboveHost(const std::string& link) {
                        [&](std::string_view climb) { return text::Contains(link, climb); });
 }
 
-/// Appends one line to a file of the mirror. A line that cannot be written is done without.
+/// Appends one line to a file of the mirror. Ignores a line that cannot be written.
 void Record(const std::string& line, std::string path) {
     bas_Output::AppendToFile(line, path);
 }
@@ -93,8 +93,8 @@ void Enqueue(const std::string& link, const std::string& local_path, crawl::List
     platform::System().events.DoEventsThrottled();
 }
 
-/// What a write to `path` really writes to: records and placeholders lose every "www.", in the
-/// target folder's name too.
+/// The path that a write to `path` really uses: records and placeholders lose every "www.", even in
+/// the target folder's name.
 std::string WrittenForm(const std::string& path) {
     return text::ReplaceAll(path, "www.", "");
 }
@@ -108,7 +108,7 @@ void AdmitLink(std::string link, crawl::ListItems& queue_list) {
     CutScheme(link);
     Normalize(link);
 
-    // The placeholder keeps the name made here, although the link may change below.
+    // The placeholder keeps this name, although the link may change below.
     const std::string local_path = LocalPath(link);
     if (IsKnown(local_path)) return NoteKnown(local_path);
     if (!IsQueryPage(link) && !EndsWithSlash(link) && !IsListedFileType(link)) {
@@ -120,7 +120,7 @@ void AdmitLink(std::string link, crawl::ListItems& queue_list) {
     if (ClimbsAboveHost(link)) return;
     if (text::Contains(link, "/../")) ResolveAndRecord(link);
     text::ReplaceAllIn(link, "/./", "/");
-    // Together these two give a lone "http:/" its second slash.
+    // Together, these two turn "http:/" into "http://".
     text::ReplaceAllIn(link, "http://", "http:/");
     text::ReplaceAllIn(link, "http:/", "http://");
     if (!IsFiltered(link)) Enqueue(link, local_path, queue_list);
@@ -143,8 +143,8 @@ bool IsListedFileType(const std::string& link) {
 }
 
 bool FileExists(const std::string& path) {
-    // Both forms, or a name in which "www." appears only after cleaning, and every name below a
-    // target folder that has one, would never be found again and be queued for ever.
+    // Check both forms. Otherwise a name in which "www." appears only after cleaning, and every
+    // name below a target folder that contains it, would never be found and be queued for ever.
     const std::string written = WrittenForm(path);
     return bas_Output::HasMirrorFile(path) ||
            (written != path && bas_Output::HasMirrorFile(written));

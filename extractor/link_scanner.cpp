@@ -17,12 +17,13 @@ namespace bas_Extractor {
 namespace {
 
 constexpr std::string_view kLink = "href";
-/// From the "h" of one link to where the next is looked for: "href=" and five characters.
+/// The distance from the "h" of one link to where the search for the next one starts: "href=" and
+/// five characters.
 constexpr std::size_t kStep = 10;
 constexpr std::size_t kLongestLink = 300;
 
-/// The order decides what blanks around the "=" leave behind: the first pattern makes "href= x" of
-/// "href = x", so that the second finds nothing there.
+/// The order matters for blanks around the "=": the first pattern turns "href = x" into "href= x",
+/// so the second one does not match there.
 constexpr std::string_view kLinkAttributes[] = {
     "href =",       "href = ",     "href=",                                    //
     "HREF=",        "HREF = ",     "HREF =",        "HREF= ",                  //
@@ -40,7 +41,7 @@ constexpr std::string_view kMetaRefresh[] = {"; url=", ";url=", "; URL=", ";URL=
 
 constexpr std::string_view kSkippedSchemes[] = {"https", "irc:", "ftp:", "@"};
 
-/// Brings every kind of link that is known to the one form "href='...".
+/// Rules that rewrite every known kind of link to the form "href='...".
 const text::Replacements& PageRules() {
     static const text::Replacements rules = [] {
         std::vector<text::Replacements::Rule> in_order;
@@ -56,8 +57,8 @@ const text::Replacements& PageRules() {
     return rules;
 }
 
-/// `link` as seen from the page's directory `base`. A doubled slash behind a host name that ends in
-/// ".com", ".net" or ".org" is mended before the others, and a doubled scheme after them.
+/// Resolves `link` against the page's directory `base`. A doubled slash after a host name in
+/// ".com", ".net" or ".org" is fixed before the others, and a doubled scheme after them.
 std::string MakeAbsolute(std::string link, const std::string& base) {
     text::ReplaceAllIn(link, "\\", "/");
     if (!link.starts_with(text::kHttp)) link.insert(0, base);
@@ -69,7 +70,7 @@ std::string MakeAbsolute(std::string link, const std::string& base) {
     return link;
 }
 
-/// The target of the first link in `page`, made absolute; nothing when it is not one to follow.
+/// The target of the first link in `page`, made absolute; nothing if it is not to be followed.
 std::optional<std::string> FirstTarget(std::string_view page, const std::string& base) {
     const std::size_t at = text::InStr(page, kLink);
     if (at == 0) return std::nullopt;
@@ -102,9 +103,9 @@ void Yield(int times) {
 void ExtractLinks(text::ConsumableText& page, crawl::ListItems& queue_list, std::string& base_url) {
     if (!base_url.ends_with('/')) base_url += '/';
     PageRules().ApplyTo(page.Edit());
-    // Wherever events run, and they do in admission too, the page may have been appended to or
-    // eaten by a scan inside this one, so each step looks for the first link of whatever is left.
-    // Once it was replaced, the text belongs to another download, which is still receiving it.
+    // Events run at several points, also in admission. They may append to the page, and a nested
+    // scan may consume it, so each step searches whatever is left for its first link. A text that
+    // was replaced belongs to another download, which is still receiving it.
     const unsigned generation = page.Generation();
     while (page.Generation() == generation && text::Contains(page.View(), kLink)) {
         Yield(3);

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kRecordFiles[] = {"log.txt", "transdd.txt"};
 constexpr std::string_view kSearchFolder = "_searchdata";
 
-/// The last name of a path, as systems compare it that do not tell cases apart.
+/// The last name of a path in lower case, as systems that ignore case compare it.
 std::string LoweredName(std::string_view path) {
     return text::LowerCase(path.substr(path.rfind('\\') + 1));
 }
@@ -37,8 +37,7 @@ Confines::Confines(const std::string& target_folder) : target_folder_(target_fol
 
 bool Confines::ContainsFolder(const std::string& folder) {
     if (inside_.contains(folder)) return true;
-    // Only a folder that is a link itself leads elsewhere than the one that it lies in, and that
-    // one is mostly known.
+    // A folder can leave its parent only by being a symlink, and the parent is usually known.
     if (LimitOf(folder).empty()) return false;
     const bool inside = platform::System().files.IsLink(folder)
                             ? StaysInside(folder)
@@ -56,7 +55,7 @@ bool Confines::MayWritePage(const std::string& file, std::string_view host) {
     if (!Contains(file)) return false;
     for (const std::string& root : roots_) {
         const auto folder = platform::ResolvePathText(std::string(root).append("\\").append(host));
-        // Names like ".." are none of a folder in there.
+        // A name like ".." does not name a folder inside the root.
         if (folder && IsIn(*folder, root) && IsIn(file, *folder)) {
             return LoweredName(*folder) != kSearchFolder;
         }
@@ -75,7 +74,8 @@ bool Confines::MayCreateFolder(const std::string& folder) {
     return ContainsFolder(std::string(platform::ParentOfResolved(folder)));
 }
 
-/// The folder in which `path` must also lie when links are followed; "" outside the target folder.
+/// The folder that `path` must stay in when links are followed; "" if it is outside the target
+/// folder.
 std::string Confines::LimitOf(std::string_view path) const {
     for (const std::string& root : roots_) {
         if (!IsIn(path, root)) continue;

@@ -5,37 +5,38 @@
 #include <unordered_set>
 #include <vector>
 
-/// The local mirror. This file: where a crawl may write. What a site says becomes part of a path,
-/// and names are cleaned late, so that "../" can appear after every test for it; what is decided
-/// here is the only thing that stops it.
+/// The local mirror. This file: where a crawl may write. What a site sends becomes part of a path,
+/// and names are cleaned late, so "../" can appear after every test for it. Only the checks here
+/// stop that.
 namespace bas_Output {
 
-/// The target folder, and in it the folders of the hosts. What lies in the folder of one host must
-/// also lie in it when symbolic links are followed; what lies beside those folders, in the target
+/// The target folder and the folders of the hosts inside it. When symbolic links are followed, a
+/// path in a host's folder must stay in that folder, and any other path must stay in the target
 /// folder.
 ///
-/// The target folder's own name loses every "www." on the way to a local path, as all names do; the
-/// folder of that shortened name counts as the target folder too.
+/// The target folder's own name loses every "www." when a local path is made, as all names do. The
+/// folder with that shortened name counts as the target folder, too.
 ///
 /// All paths are resolved texts.
 class Confines {
   public:
     explicit Confines(const std::string& target_folder = "");
 
-    /// The text that these confines were made from.
+    /// The text that the confines were created from.
     const std::string& TargetFolder() const { return target_folder_; }
 
-    /// Whether `folder` is the target folder or lies in it.
+    /// Whether `folder` is the target folder or lies inside it.
     bool ContainsFolder(const std::string& folder);
 
-    /// Whether `file` lies in the target folder, also when it is itself a symbolic link.
+    /// Whether `file` lies inside the target folder, also when a symbolic link in its place is
+    /// followed.
     bool Contains(const std::string& file);
 
-    /// Whether `file` lies in the folder that the pages of a host have, whose name is `host`.
+    /// Whether `file` lies inside the folder called `host`, which holds the pages of that host.
     bool MayWritePage(const std::string& file, std::string_view host);
 
-    /// Whether a crawl may make `folder`: one in the target folder that takes no record file's
-    /// name, or one of the target folder's own parents.
+    /// Whether a crawl may create `folder`: the target folder, one of its parents, or a folder
+    /// inside it that does not have a record file's name.
     bool MayCreateFolder(const std::string& folder);
 
   private:
@@ -44,8 +45,8 @@ class Confines {
 
     std::string target_folder_;
     std::vector<std::string> roots_;
-    /// The folders known to lie inside. To follow every link on the way to a file takes too long
-    /// for every link of a page.
+    /// The folders known to lie inside. Following every link on the way to a file would take too
+    /// long for every link of a page.
     std::unordered_set<std::string> inside_;
 };
 

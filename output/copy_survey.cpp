@@ -9,7 +9,7 @@
 namespace bas_Output {
 
 std::optional<std::string> HostFolder(const std::string& target_folder, const std::string& host) {
-    // As addresses become local paths, the target folder's own name loses every "www.", too.
+    // The target folder's own name loses every "www.", too, when a local path is made.
     const std::string shortened = text::ReplaceAll(target_folder, "www.", "");
     const std::string target(text::Trim(shortened));
     const auto root = platform::ResolvePathText(target);
@@ -55,7 +55,7 @@ void CopySurvey::LookAt(const platform::FolderReader::Entry& entry) {
 
 void CopySurvey::MeetPlaceholder(const std::string& path) {
     platform::Files& files = platform::System().files;
-    // What was a folder when it was listed may be a link by now.
+    // A folder may have been replaced by a link since it was listed.
     const bool removed = placeholders_ == Placeholders::Remove &&
                          files.IsInside(path, host_folder_) && files.DeleteFile(path);
     ++(removed ? removed_ : unfinished_);

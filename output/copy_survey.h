@@ -11,26 +11,26 @@
 /// The local mirror. This file: what an earlier crawl has left of a site.
 namespace bas_Output {
 
-/// The folder that a crawl into `target_folder` saves the pages of `host` in, as a resolved text;
-/// nothing where that is no folder of its own directly in there.
+/// The folder in which a crawl into `target_folder` saves the pages of `host`, as resolved text;
+/// nothing if that is not a folder directly inside it.
 std::optional<std::string> HostFolder(const std::string& target_folder, const std::string& host);
 
-/// Walks through the folder of a host in small steps and counts what is in it. No symbolic link is
-/// followed: what lies behind one is not the copy's.
+/// Walks through the folder of a host in small steps and counts its files. Follows no symbolic
+/// links: what they lead to does not belong to the copy.
 class CopySurvey {
   public:
-    /// What becomes of the placeholders on the way.
+    /// What to do with placeholders.
     enum class Placeholders { Count, Remove };
 
-    /// `host_folder` is what `HostFolder` gave.
+    /// `host_folder` is a result of `HostFolder`.
     CopySurvey(const std::string& host_folder, Placeholders placeholders);
 
-    /// Opens one folder, or looks at one thing in it. False when nothing is left to look at.
+    /// Opens one folder or examines one entry. False when finished.
     bool Step();
 
-    /// Files that are no placeholders.
+    /// The number of files that are not placeholders.
     std::int64_t Files() const { return files_; }
-    /// Placeholders that are there; when they are removed, those that stayed.
+    /// The number of placeholders; when removing, of those that could not be removed.
     std::int64_t Unfinished() const { return unfinished_; }
     std::int64_t Removed() const { return removed_; }
 
@@ -41,7 +41,7 @@ class CopySurvey {
     std::string host_folder_;
     Placeholders placeholders_;
     std::vector<std::string> folders_;  ///< still to be opened
-    std::string folder_;                ///< the one that is being read
+    std::string folder_;                ///< the one being read
     std::unique_ptr<platform::FolderReader> reader_;
     std::int64_t files_ = 0;
     std::int64_t unfinished_ = 0;

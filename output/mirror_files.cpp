@@ -16,12 +16,12 @@ namespace bas_Output {
 
 namespace {
 
-/// Nothing longer is read to see whether it is a placeholder.
+/// A longer file is not read to find out whether it is a placeholder.
 constexpr std::uint64_t kLongestPlaceholder = 4096;
 
 Confines g_confines;
 std::unordered_set<std::string> g_unwritten;
-std::unordered_map<std::string, std::vector<std::string>> g_made_folders;  // by lowered text
+std::unordered_map<std::string, std::vector<std::string>> g_made_folders;  // by lower-cased path
 
 Confines& CurrentConfines() {
     if (g_confines.TargetFolder() != crawl::TargetFolder) {
@@ -30,7 +30,7 @@ Confines& CurrentConfines() {
     return g_confines;
 }
 
-/// The text under which a path is remembered, whatever its spelling.
+/// The key under which a path is remembered, the same for all spellings.
 std::string KeyOf(std::string_view path) {
     return platform::ResolvePathText(path).value_or(std::string(path));
 }
@@ -41,7 +41,7 @@ Result Remembered(Result result, std::string_view path) {
     return result;
 }
 
-/// Asked for every link, and in most crawls nothing ever failed.
+/// Called for every link; in most crawls no write ever fails.
 bool WriteFailedBefore(std::string_view path) {
     return !g_unwritten.empty() && g_unwritten.contains(KeyOf(path));
 }
@@ -52,7 +52,7 @@ bool IsFile(const std::string& path) {
     return length && (*length > 0 || !files.FolderExists(path));
 }
 
-/// Appends to a file that is not the user's.
+/// Appends to a file, but not to one that belongs to the user.
 bool Append(const std::string& path, std::initializer_list<std::string_view> parts) {
     platform::Files& files = platform::System().files;
     if (!path.ends_with(kPlaceholderEnd)) return bool(files.AppendFile(path, parts));
@@ -87,7 +87,7 @@ void RememberMadeFolder(std::string_view folder) {
 
 bool HasMirrorFile(std::string_view path) {
     const auto resolved = platform::ResolvePathText(path);
-    // Most files are not there, and only one that is can be a link out of the folder.
+    // Most files do not exist, and only one that exists can be a link out of the folder.
     const bool has =
         resolved &&
         CurrentConfines().ContainsFolder(std::string(platform::ParentOfResolved(*resolved))) &&

@@ -20,7 +20,7 @@ namespace {
 
 std::string g_why_no_folder;
 
-/// Creates one folder and notes it. A fault when it was not made, also because it is there.
+/// Creates one folder and notes it. It is a fault if it exists already.
 platform::FileResult CreateAndNote(const std::string& folder) {
     platform::FileResult result = platform::System().files.CreateFolder(folder);
     if (!result) return result;
@@ -29,41 +29,41 @@ platform::FileResult CreateAndNote(const std::string& folder) {
     return result;
 }
 
-/// Makes the missing ones of the folders that end in `way` at `ends`, each a folder in the one
-/// before, root first. Mostly all are there, or all but the last; otherwise as few as possible are
-/// asked for: a site may link deeper and deeper below a folder that cannot be made.
+/// Creates the missing ones of the folders that end in `way` at `ends`, root first, each inside the
+/// one before. Usually all exist, or all but the last. Otherwise this checks as few as possible,
+/// because a site may link deeper and deeper below a folder that cannot be created.
 void MakeMissingFolders(const std::string& way, std::vector<std::size_t>& ends) {
     const auto folder = [&way](std::size_t end) { return way.substr(0, end); };
     const auto may_make = [&folder](std::size_t end) { return MayMakeFolder(folder(end)); };
     const auto exists = [&folder](std::size_t end) {
         return platform::System().files.FolderExists(folder(end));
     };
-    // Where the last one may not be made, those that may, or are there, come first.
+    // If the last one may not be created, drop all that may not: they are at the end.
     if (!ends.empty() && !may_make(ends.back())) {
         ends.erase(std::partition_point(ends.begin(), ends.end(), may_make), ends.end());
     }
     if (ends.empty() || exists(ends.back()) || CreateAndNote(folder(ends.back()))) return;
-    // A folder whose parent is missing cannot be made.
+    // No folder exists below a missing one.
     auto missing = std::partition_point(ends.begin(), ends.end(), exists);
     for (; missing != ends.end() && may_make(*missing); ++missing) {
         const platform::FileResult result = CreateAndNote(folder(*missing));
         if (result) continue;
-        // What is in the way is told better by the write that meets it.
+        // If something else has that name, the write that fails on it gives the better message.
         if (!platform::System().files.FileLength(folder(*missing)))
             g_why_no_folder = result.why_not;
         return;
     }
 }
 
-/// Every name on the way but the last is a folder, called as it stands there without blanks in
-/// front. A folder that is named again on the way ("a\.\", "a\\") is there or cannot be made.
+/// Creates a folder for every name in `path` but the last, without the name's leading blanks. A
+/// name that repeats the folder before it ("a\.\", "a\\") needs none.
 void MakeFoldersOnTheWayTo(std::string_view path) {
     std::string way;
     std::vector<std::size_t> ends;
     std::string_view rest = text::Trim(path);
     for (std::size_t end; (end = rest.find('\\')) != rest.npos;) {
         const std::string_view name = rest.substr(0, end);
-        if (name == "..") {  // what follows lies no longer in what was before
+        if (name == "..") {  // what follows is not inside what came before
             MakeMissingFolders(way, ends);
             ends.clear();
         }
@@ -125,8 +125,8 @@ bool IsTopLevelFile(const std::string& path) {
     const std::string_view subject = text::Trim(lowered);
     const std::string key = text::LowerCase(crawl::SiteHost) + "\\";
     const std::size_t found = text::InStr(subject, key);
-    // One character after the key is skipped, so that the "\" of a folder with an empty name does
-    // not count.
+    // Skip one character after the key, so that the "\" of a folder with an empty name does not
+    // count.
     return !text::Contains(text::Mid(subject, found + key.size() + 1), "\\");
 }
 

@@ -3,35 +3,33 @@
 #include <cstdint>
 #include <string>
 
-/// The local mirror. This file: from addresses to local paths, and the folders on the way.
+/// The local mirror. This file: making local paths of addresses, and their folders.
 namespace bas_Output {
 
-/// The local path that folder + address text stands for.
+/// The local path for folder + address text.
 std::string LocalPathOf(const std::string& path);
 
-/// Turns folder + address text into a local file path, creates the folders on the way and stores
-/// the path in `SavePath` and in `path`. The returned text is empty; a folder that cannot be made
-/// is passed over.
+/// Makes a local file path of folder + address text, creates its folders and stores the path in
+/// `SavePath` and `path`. A folder that cannot be created is skipped. Returns "".
 std::string MakeLocalPath(std::string& path);
 
-/// Why the last `MakeLocalPath` could not make a folder, in the system's words; "" when all are
-/// there.
+/// The system's message if the last `MakeLocalPath` could not create a folder; "" if all exist.
 const std::string& WhyNoFolder();
 
-/// Creates one folder; one that was really made is noted in `MadeFolders`. Reports nothing.
+/// Creates one folder and notes it in `MadeFolders` if it is new. Ignores faults.
 void MakeFolder(const std::string& folder);
 
-/// Takes out of a name what cannot stand in a file name, and adds ".html" to a text without any
-/// ".".
+/// Removes what a file name cannot contain, and appends ".html" to a text without any ".".
 std::string CleanFileName(const std::string& name);
 
-/// The same without the added ".html". Saved names and rewritten links agree because both use this.
+/// The same without adding ".html". The saver and the link scanner both use it, so that saved names
+/// and links agree.
 std::string CleanLinkName(const std::string& name);
 
 /// Whether the file lies directly in the site's host folder.
 bool IsTopLevelFile(const std::string& path);
 
-/// Field `index`, counted from 1, of a text split at `separator` (one character); "" when there is
+/// Field `index`, counted from 1, of a text split at `separator` (one character); "" if there is
 /// none. Only for texts of at most 32767 characters.
 std::string GetToken(const std::string& text, std::int16_t index, const std::string& separator);
 

@@ -77,12 +77,12 @@ void RecordSearchText(const std::string& text, int slot, const std::string& path
 }
 
 void RemoveTempFiles() {
-    // The walker and not `GetToken`, which begins at the first field each time: a crawl may make
-    // thousands of folders.
+    // Not `GetToken`, which starts at the first field each time: a crawl may make thousands of
+    // folders.
     text::FieldWalker folders(crawl::MadeFolders, "*");
     std::unordered_set<std::string_view> swept;
     for (auto folder = folders.Next(); folder && !folder->empty(); folder = folders.Next()) {
-        // Folders whose names differ in case alone are noted under one text and swept together.
+        // Folders that differ only in case share one noted text and are swept together.
         if (swept.insert(*folder).second) SweepFolder(*folder);
     }
 }

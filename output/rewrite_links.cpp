@@ -17,22 +17,22 @@ using Rules = std::vector<text::Replacements::Rule>;
 
 const text::Replacements::Rule kLineEndRules[] = {{"\n", "\r\n"}, {"\r", "\r\n"}};
 
-// The order counts: what an earlier rule made, a later one may find.
+// The order matters: a later rule may match what an earlier one has made.
 const text::Replacements::Rule kDynamicLinkRules[] = {
     {".php'", ".php.html'"}, {".php\"", ".php.html\""}, {".php>", ".php.html>"},
     {".asp'", ".asp.html'"}, {".asp\"", ".asp.html\""}, {".asp>", ".asp.html>"},
     {".php?", ".php_"},      {".PHP?", ".PHP_"},
 };
 
-// The mixed quotes and the moved blank of the last rule are required: a second copy of a page must
-// equal the first.
+// The mixed quotes and the moved blank in the last rule must stay: downloading a page again must
+// give the same file.
 const text::Replacements::Rule kClimbingLinkRules[] = {
     {"href=\"../", "href=\""},    {"href =\"../", "href =\""}, {"href = \"../", "href = \""},
     {"href= \"../", "href= \""},  {"href='../", "href=\""},    {"href ='../", "href =\""},
     {"href = '../", "href = \""}, {"href= '../", "href =\""},
 };
 
-// Applets and scripts are kept from running.
+// These keep applets and scripts from running.
 const text::Replacements::Rule kScriptRules[] = {
     {"applet", ""},
     {"script ", " !-- script "},
@@ -68,8 +68,8 @@ Rules MakeRules(const RewritingOf& file) {
 }  // namespace
 
 const text::Replacements& RewritingRules(const RewritingOf& file) {
-    // Nearly all files of a crawl come from one host, and to make the rules takes longer than to
-    // run them on a picture. So the last ones of each kind are kept.
+    // Nearly all files of a crawl come from one host, and making the rules takes longer than
+    // applying them to a picture. So the last ones of each kind are kept.
     struct Kept {
         std::string from_host;
         std::optional<text::Replacements> rules;

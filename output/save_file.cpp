@@ -24,7 +24,7 @@ bool IsRefused(std::string_view received) {
     return word.size() == 6 && text::LowerCase(word) == "cancel";
 }
 
-/// What follows the blank line after the header. A text without one loses its first three
+/// The text after the blank line that ends the header. A text without one loses its first three
 /// characters.
 std::string_view WithoutHeader(std::string_view received) {
     return text::Mid(received, text::InStr(received, "\r\n\r\n") + 4);
@@ -34,13 +34,13 @@ std::string PathBelowTarget(const std::string& address) {
     return std::string(crawl::TargetFolder).append(text::Trim(address));
 }
 
-/// Makes a folder's path that of its page: the name that links to it use.
+/// Turns a folder's path into that of its page, with the name that links to it use.
 void AddDefaultName(std::string& path) {
     if (path.ends_with('\\')) path += "index.html";
     text::ReplaceAllIn(path, "\\.html", "\\index.html");
 }
 
-/// Dynamic pages get a name that opens in a browser without a server.
+/// Gives a dynamic page a name that a browser opens without a server.
 void RenameDynamicPage(std::string& path) {
     for (const std::string_view type : {".php", ".asp"}) {
         if (text::Contains(path, type) && !text::Contains(path, ".html")) path += ".html";
@@ -55,22 +55,23 @@ bool HasTextLines(const std::string& path) {
                        [&path](std::string_view type) { return text::Contains(path, type); });
 }
 
-/// The name of the folder that the host of `address` has in the mirror. The one of a timed-out job,
-/// which begins with blanks, is none.
+/// The name of the host's folder in the mirror. The address of a timed-out job starts with a blank
+/// and gives a name that no folder has.
 std::string HostFolder(std::string_view address) {
     if (address.starts_with('\\')) address.remove_prefix(1);
     const std::string name(address.substr(0, address.find_first_of("\\/")));
     return text::ReplaceAll(name, "www.", "");
 }
 
-/// Writes the file of `address` and leaves its name in `SavePath`, that of its placeholder without
-/// ".tmp" in `SavePathBeforeRename`. No event runs in here; the page's text is gone on return.
+/// Writes the file for `address`. Stores its path in `SavePath`, and the path of its placeholder,
+/// without ".tmp", in `SavePathBeforeRename`. Runs no events. The rewritten copy is freed on
+/// return.
 platform::FileResult WritePage(std::string_view received, std::string& address, int slot) {
     address = CleanFileName(address);
     std::string path = PathBelowTarget(address);
     MakeLocalPath(path);
     AddDefaultName(crawl::SavePath);
-    // On a full disk the write would only say that its folder is missing.
+    // On a full disk the write would only report that its folder is missing.
     const std::string why_no_folder = WhyNoFolder();
 
     const bool has_lines = HasTextLines(crawl::SavePath);
@@ -90,18 +91,17 @@ platform::FileResult WritePage(std::string_view received, std::string& address, 
     return result;
 }
 
-/// The row of the report that belongs to what connection `slot` received.
+/// The report's row for what connection `slot` has received.
 std::size_t RowOf(int slot) {
     return crawl::Slots.Has(slot) ? crawl::Slots[slot].Row : crawl::kNoRow;
 }
 
-/// Adds the page to the search extract, unless the slot's job was ended while the page was read:
-/// then there is no host any more to record it under. A page too large to be read once more does
-/// without its record.
+/// Adds the page to the search extract, unless the slot's job has ended while the page was read:
+/// its host is then gone. A page too large to be read again is not recorded.
 void RecordPage(const std::string& save_path, bool written, int slot) {
     const crawl::JobWatch job(slot);
     try {
-        // What lies under the name of a page that was not written is not that page.
+        // If the page was not written, a file of that name is a different one.
         const std::string page_text = GetPageText(written ? save_path : "");
         if (!job.Ended()) RecordSearchText(page_text, slot, save_path);
     } catch (const std::bad_alloc&) {
@@ -131,7 +131,7 @@ void SaveFile(std::string_view received, std::string& address, int slot) {
     crawl::Report.NoteWrite(RowOf(slot), written.why_not);
     crawl::Report.NoteFile(FileKey(crawl::SavePath));
 
-    // Events run from here on, and another save in them makes the shared strings its own.
+    // Events run from here on, and another save among them overwrites the shared strings.
     const std::string save_path = crawl::SavePath;
     const std::string placeholder = crawl::SavePathBeforeRename + ".tmp";
     if (HasSearchText(save_path)) RecordPage(save_path, bool(written), slot);

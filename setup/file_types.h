@@ -6,27 +6,27 @@
 /// Site setup. This file: the list of wanted file types and its file.
 namespace bas_General {
 
-/// The twelve types that a new list starts with.
+/// The twelve types of a new list.
 std::vector<std::string> DefaultFileTypes();
 
-/// Writes the list, one trimmed entry a line. A fault is passed over silently.
+/// Writes the list, one trimmed entry per line. Ignores faults.
 void WriteFileTypes(const std::vector<std::string>& types);
 
-/// The non-blank lines of the file as they stand there; none when it cannot be read.
+/// The non-blank lines of the file, unchanged; none if it cannot be read.
 std::vector<std::string> ReadFileTypes();
 
-/// Gives the list its file, with the default types, when it has none yet; true when it had none. A
-/// fault is passed over silently.
+/// Creates the list's file with the default types if there is none, and returns whether it did.
+/// Ignores faults.
 bool MakeFirstFileTypesFile();
 
 /// The path text of the list's file.
 std::string FileTypesFile();
 
-/// Whether the list names a type that a file can have: a dot, and then printable characters without
-/// another dot.
+/// Whether the list contains a valid type: a dot, followed by printable characters without another
+/// dot.
 bool AnyFileTypeKnown();
 
-/// The wanted types for a crawl, each lower-cased, trimmed and wrapped in colons; "" without a
+/// The wanted types for a crawl, each lower-cased, trimmed and wrapped in colons; "" if there is no
 /// file.
 std::string LoadFileTypes();
 

@@ -64,7 +64,7 @@ bool FilterExists(const std::string& keyword, const std::vector<std::string>& li
 void StoreKeywordFilters(const std::vector<std::string>& list) {
     std::vector<std::string> keywords;
     for (const std::string& item : list) {
-        // A blank entry would be gone after the next start.
+        // A blank entry would not survive the next start.
         if (!text::Trim(item).empty() && keywords.size() < kMostFilters) keywords.push_back(item);
     }
     SetKeywordFilters(keywords);

@@ -9,24 +9,26 @@
 /// Site setup. This file: the keywords that keep addresses out of the crawl, and their file.
 namespace bas_General {
 
-/// The keywords from index 1 upwards without gaps; the rest is empty.
+/// The keywords from index 1 on, without gaps; the rest is empty.
 extern text::OneBased<std::string, 100> KeywordFilters;
 
-/// Fills `KeywordFilters` from the file. A missing file gives none, and so does one with more than
-/// 100 keywords.
+/// Loads `KeywordFilters` from the file. A missing file, or one with more than 100 keywords, gives
+/// none.
 void LoadKeywordFilters();
 
-/// Empties all entries.
+/// Clears all entries.
 void ClearKeywordFilters();
 
-/// Whether `list` holds `keyword`, case and blanks around it aside.
+/// Whether `list` contains `keyword`, ignoring case and blanks at both ends.
 bool FilterExists(const std::string& keyword, const std::vector<std::string>& list);
 
-/// Makes `list` the keywords and writes their file; entries past the hundredth are not kept.
+/// Sets the keywords to `list` and writes their file. Drops blank entries and those after the
+/// hundredth.
 void StoreKeywordFilters(const std::vector<std::string>& list);
 
-/// `edited` with the keywords that another running copy of the program has stored since this one
-/// last read or stored them, and without those that it has removed; nothing when none has.
+/// `edited` plus the keywords that another running copy of the program has added to the file since
+/// this one last read or wrote it, and minus those that it has removed; nothing if the file is
+/// unchanged.
 std::optional<std::vector<std::string>> WithOthersKeywords(const std::vector<std::string>& edited);
 
 }  // namespace bas_General

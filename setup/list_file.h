@@ -6,11 +6,11 @@
 
 namespace bas_General {
 
-/// The lines of a list file's bytes. Lines end in CR LF, or in a lone LF where the file was edited
-/// by hand on another system; blank lines are left out, the others kept untrimmed.
+/// The lines of a list file. A line ends with CR LF, or with LF alone if the file was edited on
+/// another system. Blank lines are dropped; the others are not trimmed.
 std::vector<std::string> SplitListFile(std::string_view bytes);
 
-/// The bytes of a list file with these lines, each trimmed and ended by CR LF.
+/// The contents of a list file with these lines, each trimmed and followed by CR LF.
 std::string JoinListFile(const std::vector<std::string>& lines);
 
 }  // namespace bas_General

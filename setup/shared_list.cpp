@@ -16,7 +16,7 @@ std::optional<Lines> LinesIn(const std::string& path) {
     return bytes ? std::optional(SplitListFile(*bytes)) : std::nullopt;
 }
 
-/// `lines` without one of its lines for each of `gone`.
+/// `lines` minus one matching line for each of `gone`.
 Lines Without(Lines lines, const Lines& gone) {
     for (const std::string& line : gone) {
         const auto found = std::find(lines.begin(), lines.end(), line);

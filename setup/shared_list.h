@@ -7,7 +7,7 @@
 
 namespace bas_General {
 
-/// A list that is edited here while other running copies of the program may change its file.
+/// A list that is edited while other running copies of the program may change its file.
 class SharedList {
   public:
     using Lines = std::vector<std::string>;
@@ -15,11 +15,11 @@ class SharedList {
     /// `path` is the list's file.
     explicit SharedList(std::string path) : path_(std::move(path)) {}
 
-    /// Takes the file as it is now for what this copy knows: it has just been read or written.
+    /// Remembers the file's present contents as known. Call it after reading or writing the file.
     void Know();
 
-    /// `edited` with what others have added to the file since then, at its end, and without what
-    /// they have removed; nothing when the file is as it was, or cannot be read.
+    /// `edited` plus, at its end, what others have added to the file since it was last known, and
+    /// minus what they have removed; nothing if the file is unchanged or cannot be read.
     std::optional<Lines> WithOthersChanges(const Lines& edited);
 
   private:
