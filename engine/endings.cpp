@@ -27,8 +27,8 @@ bool IsAtWork(const crawl::ConnectionSlot& slot) {
     return slot.JobAtWork == slot.Job;
 }
 
-/// Whether slot `index` had to wait for ourselves and not for a server: its own response is being
-/// worked on, or it is not connected and another slot's response is.
+/// Whether the program itself kept slot `index` waiting, not a server: the slot's own response is
+/// being processed, or it is not connected and another slot's response is being processed.
 bool IsOurOwnWork(int index) {
     if (IsAtWork(crawl::Slots[index])) return true;
     return engine::Window().Sock(index).State() == platform::SocketState::Closed &&
@@ -39,14 +39,13 @@ bool IsOurOwnWork(int index) {
 
 void tmrOut_Timer(int index) {
     if (IsOurOwnWork(index)) return;
-    // The blanks around the backslash keep this from replacing a good file: no folder of that name
-    // is ever made, so nothing is written. Slots that idle after a success come through here as
-    // well.
+    // The blanks around the backslash keep this from replacing a good file: no folder has that
+    // name, so nothing is written. A slot that idles after a success gets here, too.
     const crawl::JobWatch job(index);
     std::string address = " \\ " + crawl::Slots[index].Host + crawl::Slots[index].Path;
     bas_Output::SaveFile("Unable to download this file. (Timeout)", address, index);
     platform::System().events.DoEvents();
-    // Stopped, or idle and given a new job meanwhile.
+    // The crawl was stopped, or the idle slot got a new job.
     if (job.Ended()) return;
 
     engine::MainWindow& window = engine::Window();

@@ -1,14 +1,13 @@
 #pragma once
 
-/// The crawl engine. This file: one crawl to a folder.
+/// The crawl engine. This file: only one crawl per folder.
 namespace bas_Connections {
 
-/// Claims `TargetFolder` for the crawl that is about to start. Where another one, of any running
-/// copy of the program, is being saved in it, a box asks; false means that the answer was not to
-/// start.
+/// Claims `TargetFolder` for the crawl that is about to start. If another crawl, of any running
+/// copy of the program, has claimed it, a box asks. False if the user decides not to start.
 bool ClaimTargetFolder();
 
-/// Gives the folder up when the crawl has ended.
+/// Releases the claim at the end of the crawl.
 void ReleaseTargetFolder();
 
 }  // namespace bas_Connections

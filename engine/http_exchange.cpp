@@ -33,8 +33,8 @@ std::string RequestText(const crawl::ConnectionSlot& slot) {
            "User-Agent: Internet Explorer 6.01\r\n\r\n";
 }
 
-/// The announced length in a chunk that holds the header line whole; nothing when the number does
-/// not fit. Only a window of 12 characters behind the colon and one more is looked at.
+/// The announced length, from a chunk that contains the whole header line; nothing if the number
+/// does not fit. Only the 12 characters from the second one after the colon on are examined.
 std::optional<std::int32_t> AnnouncedLength(std::string_view data) {
     const std::size_t start = text::InStr(data, kContentLength) + kContentLength.size() + 1;
     const std::string_view window = text::Trim(text::Mid(data, start, 12));
@@ -61,13 +61,13 @@ void ShowReceivedSize(int index) {
     }
 }
 
-/// `url` cut just after its last "/".
+/// `url` up to and including its last "/".
 std::string PageFolder(const std::string& url) {
     return url.substr(0, url.rfind('/') + 1);
 }
 
-/// While this lives, the response of a slot is being worked on: the slot's timeout is passed over,
-/// since the server is not the one who is silent.
+/// Marks a slot's response as being processed. Meanwhile the slot's timeout is ignored, because it
+/// is not the server that is silent.
 class ResponseWork {
   public:
     explicit ResponseWork(int index)
@@ -134,7 +134,7 @@ void Sock_Connect(int index) {
     ShortenIndexPath(slot);
     const std::string request = RequestText(slot);
     if (text::Contains(request, "GET /..") || text::Contains(request, "GET \\..")) {
-        // Nothing is asked above the site's root. The marker is a response that is never saved.
+        // Request nothing above the site's root. The marker is a response that is never saved.
         slot.Response.Assign("CANCEL");
         window.Sock(index).Close();
         crawl::Report.End(slot.Row, crawl::Outcome::NotAsked, 0);
@@ -177,10 +177,10 @@ void ProcessResponse(std::string_view data, int index) {
     try {
         Receive(data, index);
     } catch (const std::bad_alloc&) {
-        // A response for which the system has no memory costs its own job, not the program.
+        // A response that does not fit into memory ends its own job, not the program.
         if (!job.Ended()) GiveUp(index);
     }
-    // A job that was given up can be the last one that the crawl waited for.
+    // The job that was given up may be the last one of the crawl.
     if (job.Ended()) CompleteIfDone();
 }
 

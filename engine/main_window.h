@@ -7,7 +7,7 @@
 
 namespace engine {
 
-/// What the crawl needs of the main window. All text is bytes in the local 8-bit encoding; rows,
+/// What the crawl needs from the main window. All text is bytes in the local 8-bit encoding. Rows,
 /// sockets and timers are numbered 1 to 24.
 class MainWindow {
   public:
@@ -46,33 +46,33 @@ class MainWindow {
 
     virtual void ShowList1() = 0;
 
-    /// Says that placeholders are being deleted, which may take a while, and waits until that can
-    /// be seen and the box that was answered is gone. Nothing of the crawl happens meanwhile.
+    /// Shows that placeholders are being deleted, which may take a while. Waits until this is
+    /// visible and the box that was answered is gone. Runs no events of the crawl.
     virtual void ShowCleaningUp() = 0;
 
-    /// Shows the pause dialog and waits until it closes.
+    /// Shows the pause dialog and waits until it is closed.
     virtual void ShowPauseDialog() = 0;
 
-    /// Unloads the window and loads and shows a fresh one, which is `Window()` from then on. This
-    /// object must not be touched afterwards.
+    /// Unloads the window, then loads and shows a new one, which is `Window()` from then on. This
+    /// object must not be used afterwards.
     virtual void Reload() = 0;
 };
 
-/// The main window as it stands now. Asked for anew after every place where events run, since a
-/// stop replaces it.
+/// The current main window. Call this again after every place where events run, because a stop
+/// replaces the window.
 MainWindow& Window();
 
 /// Whether a crawl is running, which is exactly while the start button is disabled.
 bool CrawlIsRunning();
 
-/// Makes `window` the main window.
+/// Sets the main window.
 void SetWindow(MainWindow* window);
 
 }  // namespace engine
 
 namespace bas_Connections {
 
-/// What a row says while its connection is closed, and the window before its first crawl.
+/// The status of a row whose connection is closed, and of all rows before the first crawl.
 inline constexpr char kNotConnected[] = "Not Connected.";
 
 /// Shows `text` as the status of row `slot`.

@@ -21,7 +21,7 @@ using platform::SocketState;
 
 constexpr int kMostAttempts = 3;
 
-/// What has come on the slot's present connection.
+/// What the slot has received on its present connection.
 std::string_view AnswerOf(const crawl::ConnectionSlot& slot) {
     const std::string_view response = slot.Response.View();
     return response.substr(std::min(slot.AnswerStart, response.size()));
@@ -55,7 +55,7 @@ std::string WhyFailed(int index) {
     return AfterBytes("silent", bytes);
 }
 
-/// Takes the next line off `rest`; its end may lack the CR.
+/// Removes the next line from `rest` and returns it without its LF or CR LF.
 std::string_view TakeLine(std::string_view& rest) {
     const std::size_t end = rest.find('\n');
     std::string_view line = rest.substr(0, end);
@@ -70,7 +70,7 @@ std::string_view WithoutBlanks(std::string_view s) {
     return s.substr(begin, s.find_last_not_of(" \t") + 1 - begin);
 }
 
-/// The number that the whole of `digits` is.
+/// The number if all of `digits` is one; otherwise nothing.
 template <typename Number>
 std::optional<Number> NumberFrom(std::string_view digits) {
     Number number{};
@@ -79,7 +79,7 @@ std::optional<Number> NumberFrom(std::string_view digits) {
     return error == std::errc() && stopped == end ? std::optional(number) : std::nullopt;
 }
 
-/// The value of a header line when it is the one called `name`, in lower case.
+/// The value of a header line if its name is `name`, which is in lower case.
 std::optional<std::string_view> HeaderValue(std::string_view line, std::string_view name) {
     if (line.size() <= name.size() || line[name.size()] != ':' ||
         text::LowerCase(line.substr(0, name.size())) != name) {
@@ -88,8 +88,8 @@ std::optional<std::string_view> HeaderValue(std::string_view line, std::string_v
     return WithoutBlanks(line.substr(name.size() + 1));
 }
 
-/// What stands before the body, with the blank line at its end. An answer that breaks off in its
-/// header has no body; one without any is nothing else.
+/// The part before the body, including the blank line at its end. An answer that ends inside its
+/// header is all header; one that does not start with a header is all body.
 std::string_view HeaderOf(std::string_view answer) {
     const bool has_status = answer.starts_with("HTTP/");
     for (const std::string_view blank_line :

@@ -14,7 +14,7 @@ namespace {
 
 using platform::SocketState;
 
-/// An idle slot may keep this much of its last response.
+/// The most that an idle slot may keep of its last response.
 constexpr std::size_t kMostLeftover = std::size_t{64} << 20;
 
 bool Fits(std::size_t size) {
@@ -32,14 +32,14 @@ void DropLeftovers() {
     }
 }
 
-/// Whether more may still come. A response that is whole, in state Closing, is being saved or
-/// scanned or waits for that, and is not given up for one that may never end.
+/// Whether more data may come. A complete response, in state Closing, is being processed or waits
+/// for that, and is not given up for one that may never end.
 bool IsComingIn(int index) {
     const SocketState state = engine::Window().Sock(index).State();
     return state != SocketState::Closed && state != SocketState::Closing;
 }
 
-/// Of slot `index` and those whose responses are coming in, the one that holds most.
+/// The slot with the largest response, among slot `index` and those that are still receiving.
 int LargestResponse(int index) {
     int largest = index;
     for (int i = 1; i <= crawl::kSlotCount; ++i) {

@@ -21,7 +21,7 @@ constexpr std::size_t kLongestPath = 999;
 constexpr std::uint16_t kHttpPort = 80;
 constexpr int kHighestTypedCount = 23;
 
-/// Makes `address` the job of the slot.
+/// Sets `address` as the slot's job.
 void TakeAddress(std::string address, crawl::ConnectionSlot& slot) {
     bas_Extractor::StripHttp(address);
     text::ReplaceAllIn(address, ".jpeg", ".jpg");

@@ -9,30 +9,30 @@ namespace bas_Connections {
 /// The scheduler's tick: starts at most one connection, for the newest address in the queue.
 void tmrMove_Timer();
 
-/// Starts fetching `address` on the first free connection and takes the last item off the queue.
-/// Does nothing when no crawl runs or no connection is free.
+/// Starts fetching `address` on the first free connection and removes the queue's last item. Does
+/// nothing if no crawl runs or no connection is free.
 void ConnectNext(std::string address);
 
-/// The local path of the file that a queued address is saved as.
+/// The local path under which a queued address is saved.
 std::string SavedFileOf(std::string address);
 
-/// Connects the socket of slot `index` to its job's host, always at port 80, and shows that in its
+/// Connects the socket of slot `index` to its job's host, always on port 80, and shows that in its
 /// row.
 void OpenConnection(int index);
 
-/// The first slot among the first N whose socket is closed, or 0.
+/// The first of the slots 1 to N whose socket is closed; 0 if there is none.
 int FindFreeSlot();
 
-/// Closes all 24 sockets, whatever they are doing.
+/// Closes all 24 sockets, whatever their state.
 void CloseAllSockets();
 
-/// N, the number of connections, as the box says now; a text that is no number counts as 0.
+/// N, the number of connections, read from the box; 0 if the text is not a number.
 std::int32_t ConnectionsCount();
 
-/// The number of connections was typed: a text that is no number, or one above 23, is refused.
+/// The number of connections was typed. Refuses a text that is not a number, and a number above 23.
 void txtMax_Change();
 
-/// The number of connections was chosen from the list: rows beyond it are reset.
+/// The number of connections was chosen from the list. Resets the rows beyond it.
 void txtMax_Click();
 
 }  // namespace bas_Connections

@@ -55,7 +55,7 @@ void ConnectNowNow() {
     window.SetCommand2Enabled(true);
     crawl::LastSearchPage.clear();
 
-    // The start page never passes through the queue, which is empty now.
+    // The start page does not pass through the queue, which is empty now.
     crawl::Report.Add(address);
     ConnectNext(address);
 

@@ -28,15 +28,15 @@ bool IsBeyondAscii(char c) {
     return static_cast<unsigned char>(c) > 0x7f;
 }
 
-/// What an address begins with in front of its server, or instead of that.
+/// The part of an address before its server, or in place of it.
 struct Scheme {
-    std::string word;    ///< lower-cased; "" where slashes alone stand in front
-    bool colon = false;  ///< stands behind the word
+    std::string word;    ///< lower-cased; "" if there are only slashes
+    bool colon = false;  ///< whether a ":" follows the word
     std::string_view slashes;
     std::string_view rest;
 };
 
-/// The scheme of `address`; nothing when it begins with its server, as in "site.com:8080".
+/// The scheme of `address`; nothing if it starts with its server, as in "site.com:8080".
 std::optional<Scheme> SchemeOf(std::string_view address) {
     const auto word_end = std::ranges::find_if_not(address, IsLetterOrDigit);
     Scheme scheme{text::LowerCase({address.begin(), word_end}), false, {}, {}};
@@ -69,8 +69,8 @@ AddressFault FaultOf(const Scheme& scheme) {
     return {what, instead, instead.empty() ? "" : std::string(text::kHttp)};
 }
 
-/// The fault of the web server's name in an address without scheme. The name ends where the crawl
-/// sees its end.
+/// The fault in the server's name of an address without scheme. The name ends where the crawl
+/// assumes its end.
 AddressFault FaultOfServer(std::string_view address, const AsciiHost& ascii_host) {
     const std::string server(address.substr(0, address.find_first_of(kSlashes)));
     const std::string path(address.substr(server.size()));
@@ -94,7 +94,7 @@ AddressFault FaultOfServer(std::string_view address, const AsciiHost& ascii_host
         constexpr char kBlanks[] = "A server's name has no blanks";
         std::string joined = server;
         std::erase_if(joined, IsBlank);
-        // Words without a dot are what search engines are asked for.
+        // Words without a dot are more likely meant for a search engine.
         return text::Contains(joined, ".") ? offer(kBlanks, joined) : AddressFault{kBlanks, "", ""};
     }
     if (std::ranges::any_of(server, IsBeyondAscii)) {
@@ -118,7 +118,7 @@ AddressFault FaultOfServer(std::string_view address, const AsciiHost& ascii_host
 
 AddressFault FaultOfTypedAddress(const std::string& typed, const AsciiHost& ascii_host) {
     std::string_view address = text::Trim(typed);
-    // What the box shows after a crawl that began with a scheme of another kind.
+    // The box shows this after a crawl started with another kind of scheme.
     if (address.starts_with("www.") && SchemeOf(address.substr(4))) address.remove_prefix(4);
 
     std::string_view http;
@@ -126,7 +126,7 @@ AddressFault FaultOfTypedAddress(const std::string& typed, const AsciiHost& asci
         if (scheme->rest.empty() && text::kHttp.starts_with(text::LowerCase(address)))
             return {};  // still being typed
         if (!IsHttp(*scheme)) return FaultOf(*scheme);
-        // Pasted behind what the box begins with.
+        // Pasted after the "http://" that the box starts with.
         if (const auto inner = SchemeOf(scheme->rest)) return FaultOf(*inner);
         http = address.substr(0, text::kHttp.size());
         address = scheme->rest;

@@ -5,18 +5,18 @@
 
 namespace bas_Connections {
 
-/// Why nothing can come of an address that was typed, and what was probably meant.
+/// Why a typed address cannot be fetched, and what was probably meant.
 struct AddressFault {
-    std::string what;     ///< a sentence without its full stop; "" when the address may be found
-    std::string instead;  ///< the address without this fault; "" where nobody could guess it
-    std::string offered;  ///< what names `instead` in a few words: its server, or its scheme
+    std::string what;     ///< a sentence without a full stop; "" if the address may be fetched
+    std::string instead;  ///< the address without this fault; "" if it cannot be guessed
+    std::string offered;  ///< a short name for `instead`: its server or its scheme
 };
 
-/// Gives the name of a host in the letters that it is asked for with; "" when it cannot be one.
+/// Returns a host's name as name servers know it, in ASCII; "" if it cannot be a host's name.
 using AsciiHost = std::function<std::string(const std::string& host)>;
 
-/// The first fault of an address as it was typed. The crawl starts with such an address as with any
-/// other: this is for telling whoever typed it. Another fault may show once one is mended.
+/// The first fault of a typed address. A crawl starts with such an address as with any other; this
+/// only informs the user. Another fault may show once this one is fixed.
 AddressFault FaultOfTypedAddress(const std::string& typed, const AsciiHost& ascii_host);
 
 }  // namespace bas_Connections

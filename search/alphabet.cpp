@@ -13,7 +13,7 @@ bool IsContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
-/// How many bytes a character has that begins with `first`; 0 when none does.
+/// The length in bytes of a character that starts with `first`; 0 if none does.
 std::size_t LengthFrom(unsigned char first) {
     if (first < 0x80) return 1;
     if (first < 0xC2 || first > 0xF4) return 0;

@@ -2,14 +2,13 @@
 
 #include <vector>
 
-/// Finding pages by the words in them. This file: letters that differ in case alone.
+/// Finding pages by their words. This file: letters that differ only in case.
 namespace search {
 
-/// The one form that all spellings of a character share, whatever their case. One character stays
-/// one character.
+/// The common form of all cases of a character. It is always a single character.
 char32_t FoldCase(char32_t c);
 
-/// Every character that folds to `folded`, itself first.
+/// All characters that fold to `folded`, starting with itself.
 std::vector<char32_t> SpellingsOf(char32_t folded);
 
 }  // namespace search

@@ -4,7 +4,7 @@
 
 namespace search {
 
-/// How the text of the extract is read: UTF-8, but on Windows the system's code page.
+/// How the extract's text is read: as UTF-8, but on Windows in the system's code page.
 Alphabet LocalAlphabet();
 
 }  // namespace search

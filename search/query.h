@@ -6,9 +6,9 @@
 
 namespace search {
 
-/// The terms of a query: words between blanks, and phrases between double quotes, in which blanks
-/// count. A quote that is not closed reaches to the end. Every other character is literal. Empty
-/// terms and repeated ones are left out.
+/// The terms of a query: words separated by blanks, and phrases in double quotes, which may contain
+/// blanks. An unclosed quote extends to the end. Every other character is literal. Empty and
+/// repeated terms are dropped.
 std::vector<std::string> TermsOf(std::string_view query);
 
 }  // namespace search

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::string_view kPathMark = "! ";
-/// A longer line is no path of a page.
+/// A longer line is not a page's path.
 constexpr std::size_t kLongestPath = 65536;
 
 std::string_view WithoutReturn(std::string_view line) {
@@ -35,7 +35,7 @@ void RecordReader::Read(std::string_view block, std::vector<RecordedPage>& pages
     }
 }
 
-/// One step; false when the next one needs more than what has been read.
+/// Takes one step; false if the next one needs more data.
 bool RecordReader::Advance(std::vector<RecordedPage>& pages) {
     switch (state_) {
         case State::LineBegin:
@@ -79,7 +79,7 @@ bool RecordReader::ReadText(std::vector<RecordedPage>& pages) {
     const std::size_t end = Held().find('\n');
     const bool is_whole = end != kNone;
     const std::string_view text = is_whole ? WithoutReturn(Held().substr(0, end)) : Held();
-    // What begins later may not be here to its end.
+    // A match that starts later may be incomplete.
     std::size_t limit = text.size();
     if (!is_whole) {
         limit = alphabet_.BeginOf(text, limit > reach_ ? limit - reach_ : 0);
@@ -98,8 +98,8 @@ bool RecordReader::ReadText(std::vector<RecordedPage>& pages) {
     return true;
 }
 
-/// Notes which terms begin before `limit` in `text`. Where that is the end of the page, the first
-/// one that is missing settles it.
+/// Notes which terms start before `limit` in `text`. If this is the end of the page, the search
+/// ends at the first missing term.
 bool RecordReader::AllOccur(std::string_view text, std::size_t limit, bool is_whole) {
     bool all = true;
     for (std::size_t i = 0; i < finders_.size() && (all || !is_whole); ++i) {
@@ -111,8 +111,8 @@ bool RecordReader::AllOccur(std::string_view text, std::size_t limit, bool is_wh
     return all;
 }
 
-/// Counts the matches that begin before `limit`, from left to right, the longest of those that
-/// begin at one place; none that overlaps the last.
+/// Counts the matches that start before `limit`, from left to right. Of several at one position the
+/// longest counts. Matches do not overlap.
 void RecordReader::CountMatches(std::size_t limit) {
     const std::uint64_t origin = held_from_ + at_;
     std::size_t from = counted_to_ > origin ? static_cast<std::size_t>(counted_to_ - origin) : 0;

@@ -10,22 +10,22 @@
 
 namespace search {
 
-/// What a record of the extract says of its page.
+/// A page found in the extract.
 struct RecordedPage {
     std::string path;
-    std::uint32_t matches = 0;      ///< 0 when not every term occurs
-    std::uint64_t first_match = 0;  ///< where in the extract the first match begins, in bytes
+    std::uint32_t matches = 0;      ///< 0 if not all terms occur
+    std::uint64_t first_match = 0;  ///< the offset of the first match in the extract, in bytes
 };
 
 /// Reads an extract in blocks of any size and looks for terms in the text of each record. A record
-/// is a line "! " with the page's path and a line with its text. Lines that belong to no record are
-/// passed over, and so is a record whose text has no end.
+/// is a line "! " with the page's path and a line with its text. Lines outside a record are
+/// skipped, and so is a record whose text has no line end.
 class RecordReader {
   public:
-    /// All terms must occur in a page. Terms and alphabet must outlive the reader.
+    /// A page matches if all terms occur. Terms and alphabet must outlive the reader.
     RecordReader(const std::vector<Term>& terms, const Alphabet& alphabet);
 
-    /// Takes the next block of the extract and appends the records that it completes to `pages`.
+    /// Reads the next block of the extract and appends the records that it completes to `pages`.
     void Read(std::string_view block, std::vector<RecordedPage>& pages);
 
   private:
@@ -41,16 +41,16 @@ class RecordReader {
 
     const Alphabet& alphabet_;
     std::vector<TermFinder> finders_;
-    std::size_t reach_ = 1;  ///< the bytes of the longest match
+    std::size_t reach_ = 1;  ///< the length of the longest match in bytes
 
     State state_ = State::LineBegin;
-    std::string held_;             ///< what has been read and may still be looked at
-    std::size_t at_ = 0;           ///< how much of that is done
-    std::uint64_t held_from_ = 0;  ///< where in the extract it begins
+    std::string held_;             ///< what has been read and may still be needed
+    std::size_t at_ = 0;           ///< how much of that is processed
+    std::uint64_t held_from_ = 0;  ///< the offset of `held_` in the extract
 
     RecordedPage page_;
-    std::vector<char> found_;       ///< for each term whether it has occurred in this page
-    std::uint64_t counted_to_ = 0;  ///< where in the extract the last match counted ends
+    std::vector<char> found_;       ///< for each term, whether it has occurred in this page
+    std::uint64_t counted_to_ = 0;  ///< the offset in the extract where the last counted match ends
 };
 
 }  // namespace search

@@ -16,38 +16,39 @@ namespace search {
 
 /// A page in which all terms occur.
 struct Hit {
-    std::string path;  ///< as recorded: below the folder of the copy, in small letters
+    std::string path;  ///< as recorded: relative to the copy's folder, in lower case
     std::uint32_t matches;
-    std::size_t extract;        ///< which extract tells of it
-    std::uint64_t first_match;  ///< where in that extract its first match begins
+    std::size_t extract;        ///< the index of its extract
+    std::uint64_t first_match;  ///< the offset of its first match there
 };
 
-/// The most pages that a search keeps: of more, those with the most matches.
+/// The most pages that a search keeps. If it finds more, those with the most matches stay.
 inline constexpr std::size_t kMostHits = 10'000;
 
-/// A search of a copy's extract, done step by step between other events. A page that was recorded
-/// more than once counts as it was recorded last.
+/// A search of a copy's extracts, in steps between other events. If a page was recorded more than
+/// once, its last record counts.
 class Search {
   public:
-    /// Looks for `query` in the extracts of the copy in `folder`, a path with or without a final
-    /// "\". `files` must outlive the search.
+    /// Searches the extracts of the copy in `folder`, a path with or without a final "\", for
+    /// `query`. `files` must outlive the search.
     Search(std::string_view query, const std::string& folder, const platform::Files& files);
     Search(const Search&) = delete;
     Search& operator=(const Search&) = delete;
 
-    /// Whether the folder holds any extract that can be read.
+    /// Whether the folder contains a readable extract.
     bool HasExtract() const { return !extracts_.empty(); }
 
-    /// Reads some more, 256 KB at most. False when all has been read.
+    /// Reads at most 256 KB more. False when everything has been read.
     bool Step();
 
-    /// How many pages were found so far, those that were left out among them.
+    /// The number of pages found so far, including those that were dropped.
     std::size_t PageCount() const { return hits_.size() + left_out_; }
 
-    /// The pages found so far, most matches first, equal ones by path; `most` at most.
+    /// At most `most` of the pages found so far, those with the most matches first, then by path.
     std::vector<Hit> Best(std::size_t most) const;
 
-    /// Words around the first match of `hit`, 160 characters at most; "" when they cannot be read.
+    /// The words around the first match of `hit`, at most 160 characters; "" if they cannot be
+    /// read.
     std::string SnippetOf(const Hit& hit) const;
 
   private:
@@ -64,7 +65,7 @@ class Search {
     Alphabet alphabet_;
     std::vector<Term> terms_;
     std::vector<std::unique_ptr<platform::FileReader>> extracts_;
-    std::size_t extract_ = 0;   ///< which one is being read
+    std::size_t extract_ = 0;   ///< the index of the one being read
     std::uint64_t offset_ = 0;  ///< how much of it has been read
     std::unique_ptr<RecordReader> reader_;
     std::string block_;

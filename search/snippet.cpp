@@ -6,14 +6,14 @@ namespace search {
 
 namespace {
 
-/// How many of a snippet's characters stand before the match, where there are enough after it.
+/// The number of a snippet's characters before the match.
 constexpr std::size_t kCharactersBefore = 50;
 
 bool IsBreak(char c) {
     return c == ' ' || static_cast<unsigned char>(c) < 0x20;
 }
 
-/// How far back `count` characters reach from `at`, at most to the beginning of a line.
+/// The position `count` characters before `at`, but not before the start of the line.
 std::size_t Back(std::string_view text, std::size_t at, std::size_t count,
                  const Alphabet& alphabet) {
     for (; count > 0 && at > 0 && text[at - 1] != '\n'; --count)
@@ -21,7 +21,7 @@ std::size_t Back(std::string_view text, std::size_t at, std::size_t count,
     return at;
 }
 
-/// How far `count` characters reach from `at` on, at most to the end of the line.
+/// The position `count` characters after `at`, but not after the end of the line.
 std::size_t Forth(std::string_view text, std::size_t at, std::size_t count,
                   const Alphabet& alphabet) {
     for (; count > 0 && at < text.size() && text[at] != '\n'; --count)

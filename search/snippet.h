@@ -8,14 +8,14 @@
 
 namespace search {
 
-/// The most characters of a snippet.
+/// The length of the longest snippet in characters.
 inline constexpr std::size_t kSnippetCharacters = 160;
 
-/// How many bytes before and after a match are enough for its snippet.
+/// The number of bytes before and after a match that suffice for its snippet.
 inline constexpr std::size_t kSnippetReach = 4 * kSnippetCharacters;
 
-/// The words around `match` in `text`, as far as its line reaches, with a blank for each control
-/// character. A word that is longer than a snippet is cut.
+/// The words around `match` in `text`, limited to its line, with control characters replaced by
+/// blanks. A word that is longer than a snippet is cut.
 std::string SnippetAround(std::string_view text, Span match, const Alphabet& alphabet);
 
 }  // namespace search

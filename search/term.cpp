@@ -10,10 +10,10 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// The letters and the blank, from the one that texts are fullest of.
+/// The letters and the blank, from the most to the least frequent in texts.
 constexpr std::string_view kCommonBytes = " etaoinshrdlcumwfgypbvkxjqz";
 
-/// How common a byte is in texts, roughly: the more, the higher.
+/// How frequent a byte is in texts, roughly. Higher means more frequent.
 std::size_t Commonness(char byte) {
     const std::size_t rank = kCommonBytes.find(byte);
     if (rank != kNone) return 2 * (kCommonBytes.size() - rank);
@@ -55,7 +55,7 @@ void Term::ChooseAnchor() {
 std::optional<Span> Term::MatchAround(std::string_view text, std::size_t anchor,
                                       std::size_t from) const {
     if (ascii_.empty()) return MatchCharacters(text, anchor, from);
-    // Most texts are mostly ASCII, where a byte is a character.
+    // Most texts are mostly ASCII, where each byte is a character.
     if (anchor < from + anchor_ || text.size() - anchor < ascii_.size() - anchor_) {
         return MatchCharacters(text, anchor, from);
     }

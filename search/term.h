@@ -10,26 +10,26 @@
 
 namespace search {
 
-/// A part of a text, as places of bytes.
+/// A part of a text, as byte offsets.
 struct Span {
     std::size_t begin, end;
 };
 
-/// One word or phrase to look for, whatever its case.
+/// A word or phrase to look for, ignoring case.
 class Term {
   public:
-    /// `alphabet` must outlive the term, which is not empty.
+    /// `term` is not empty. `alphabet` must outlive the object.
     Term(std::string_view term, const Alphabet& alphabet);
 
-    /// What a byte at which a match may be found can be: the last one of the character of the term
-    /// that is rarest in texts.
+    /// The bytes at which a match may be found: the last bytes of all spellings of the term's
+    /// rarest character.
     const std::string& AnchorBytes() const { return anchor_bytes_; }
 
-    /// The match whose anchor is the byte at `anchor`, if it begins at or after `from`.
+    /// The match whose anchor is the byte at `anchor`, if it starts at or after `from`.
     std::optional<Span> MatchAround(std::string_view text, std::size_t anchor,
                                     std::size_t from) const;
 
-    /// The most bytes that a match takes.
+    /// The length in bytes of the longest match.
     std::size_t MostBytes() const { return folded_.size() * alphabet_->MostBytes(); }
 
   private:
@@ -39,21 +39,21 @@ class Term {
 
     const Alphabet* alphabet_;
     std::vector<char32_t> folded_;
-    std::string ascii_;       ///< the same when all of it is ASCII, else ""
-    std::size_t anchor_ = 0;  ///< which character of the term is the anchor
+    std::string ascii_;       ///< the same if it is all ASCII, otherwise ""
+    std::size_t anchor_ = 0;  ///< the index of the anchor among the term's characters
     std::string anchor_bytes_;
 };
 
-/// Finds a term in a text from left to right.
+/// Finds a term in a text, from left to right.
 class TermFinder {
   public:
     /// The term must outlive the finder.
     explicit TermFinder(const Term& term);
 
-    /// Begins with another text, which must stay as it is while it is searched.
+    /// Starts on another text, which must not change during the search.
     void Begin(std::string_view text);
 
-    /// The first match that begins at or after `from`, which never goes down.
+    /// The first match that starts at or after `from`, which must not decrease from call to call.
     std::optional<Span> From(std::size_t from);
 
   private:
@@ -61,7 +61,7 @@ class TermFinder {
 
     const Term* term_;
     std::string_view text_;
-    std::vector<std::size_t> next_;  ///< where each of the anchor's bytes is next
+    std::vector<std::size_t> next_;  ///< the next position of each anchor byte
     std::size_t anchor_ = 0;         ///< the first anchor that may belong to a later match
 };
 
