@@ -20,7 +20,7 @@ void AddressBox::focusInEvent(QFocusEvent* event) {
     window_left_ = false;
     if (given_back) return;
     selectAll();
-    // The click that brought the focus is still to come and would take the selection away.
+    // The click that caused this has yet to be handled and would clear the selection.
     if (event->reason() == Qt::MouseFocusReason) {
         QTimer::singleShot(0, this, [this] { selectAll(); });
     }

@@ -4,9 +4,9 @@
 
 namespace ui {
 
-/// A text box that selects its whole text when it gets the focus, also by a click, but not when its
-/// window or a menu only gives the focus back: what was being typed is not to be replaced then. Its
-/// text is readable also while it is disabled.
+/// A text box that selects all its text when it gets the focus, also by a click. When its window or
+/// a menu merely returns the focus, the selection stays, so that the next key does not replace what
+/// was being typed. The text is readable even while the box is disabled.
 class AddressBox : public QLineEdit {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ class AddressBox : public QLineEdit {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    bool window_left_ = false;  ///< the focus went with the window's, and comes back with it
+    bool window_left_ = false;  ///< the box lost the focus together with its window
 };
 
 }  // namespace ui

@@ -9,7 +9,7 @@ namespace ui {
 
 namespace {
 
-/// The icon is drawn in a square of this side.
+/// The side of the square in which the icon is drawn.
 constexpr double kSide = 64;
 constexpr int kLeastForFineLines = 32;
 constexpr int kSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};

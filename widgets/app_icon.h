@@ -4,8 +4,8 @@
 
 namespace ui {
 
-/// The program's own icon: a globe that an arrow takes down into a tray. Drawn for every size, with
-/// the finer lines from 32 pixels on.
+/// The program's icon: a globe and an arrow down into a tray. Drawn separately for each size, with
+/// fine lines from 32 pixels on.
 QIcon AppIcon();
 
 }  // namespace ui

@@ -21,13 +21,13 @@ ChoiceBox::ChoiceBox(const char* name, const QString& what, QWidget* parent) : Q
     LetBeNamed();
     setObjectName(QLatin1String(name));
     setAccessibleName(what);
-    setFocusPolicy(Qt::StrongFocus);  // without the wheel
+    setFocusPolicy(Qt::StrongFocus);  // not by the wheel
 }
 
 void ChoiceBox::LetType() {
     setEditable(true);
     setInsertPolicy(NoInsert);
-    setCompleter(nullptr);  // would turn a typed 1 into 10
+    setCompleter(nullptr);  // it would turn a typed 1 into 10
     lineEdit()->setAccessibleName(accessibleName());
 }
 

@@ -4,16 +4,16 @@
 
 namespace ui {
 
-/// A combo box that the mouse wheel turns only while it has the focus: a wheel that scrolls past
-/// changes nothing.
+/// A combo box that responds to the mouse wheel only while it has the focus, so that scrolling past
+/// it changes nothing.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
 
   public:
-    /// A screen reader says `what` it is to choose.
+    /// `what` describes the choice for screen readers.
     ChoiceBox(const char* name, const QString& what, QWidget* parent);
 
-    /// Makes what it shows a text to type, too, exactly as it is typed.
+    /// Makes the box editable. The text stays exactly as typed.
     void LetType();
 
     void showPopup() override;
@@ -23,8 +23,8 @@ class ChoiceBox : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    /// Makes what was typed the chosen item where it is one, and no item chosen where it is none:
-    /// steps through the list begin there.
+    /// Selects the item that matches the typed text, or none, so that stepping through the list
+    /// starts there.
     void GoToTyped();
 };
 

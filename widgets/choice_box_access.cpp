@@ -10,7 +10,7 @@ namespace ui {
 
 namespace {
 
-/// A combo box as screen readers see it: its list and the box that is typed in are its children.
+/// A combo box for screen readers. Its children are its list and, if it is editable, its text box.
 class ChoiceBoxAccess : public QAccessibleWidget {
   public:
     explicit ChoiceBoxAccess(ChoiceBox* box)
@@ -53,7 +53,7 @@ QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
 }  // namespace
 
 void LetBeNamed() {
-    // Qt keeps one entry however often the same function is given.
+    // Qt ignores a factory that is already installed.
     QAccessible::installFactory(MakeAccess);
 }
 

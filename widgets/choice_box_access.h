@@ -2,8 +2,8 @@
 
 namespace ui {
 
-/// Lets a screen reader call every `ChoiceBox` by its accessible name. Except on Windows, Qt would
-/// call it by the text that it shows.
+/// Makes screen readers announce every `ChoiceBox` by its accessible name. Except on Windows, Qt
+/// would announce its text instead.
 void LetBeNamed();
 
 }  // namespace ui

@@ -10,7 +10,7 @@ namespace {
 constexpr double kReadable = 4.5;
 constexpr double kPalest = 0.55;
 constexpr double kStep = 0.05;
-/// The luminance at which black and white are told from a background equally well.
+/// The luminance of a background on which black and white have the same contrast.
 constexpr double kMiddle = 0.18;
 constexpr double kStripe = 0.04;
 

@@ -7,10 +7,10 @@ class QPainter;
 
 namespace ui {
 
-/// All icons are drawn in a square of this side.
+/// The side of the square in which all icons are drawn.
 inline constexpr double kIconSide = 16;
 
-/// An icon that `draw` draws afresh at every size, so that it is sharp at every scale.
+/// An icon that `draw` draws anew for every size, so that it is always sharp.
 QIcon DrawnIcon(std::function<void(QPainter& painter, QIcon::Mode mode)> draw);
 
 }  // namespace ui

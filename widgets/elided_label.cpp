@@ -36,7 +36,7 @@ QColor ElidedLabel::TextColour() const {
     const QColor background = palette().color(backgroundRole());
     if (warning_) return ReadableText(kWarning, background);
     if (!quiet_) return full;
-    // The rows of a list take turns with two backgrounds.
+    // The rows of a list alternate between two backgrounds.
     return backgroundRole() == QPalette::Base ? QuietText(full, {background, Stripe(palette())})
                                               : QuietText(full, {background});
 }

@@ -4,24 +4,24 @@
 
 namespace ui {
 
-/// A one-line label that shortens a long text in its middle and shows the whole of it in a tooltip.
+/// A one-line label that elides a long text in its middle and shows all of it in a tooltip.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
   public:
     ElidedLabel(const char* name, const QString& text, QWidget* parent);
 
-    /// A quiet label is paler: it accompanies what others say.
+    /// A quiet label is paler, for secondary information.
     void SetQuiet(bool quiet);
 
     /// A warning has a colour of its own.
     void SetWarning(bool warning);
     bool IsWarning() const { return warning_; }
 
-    /// The colour that its text is painted in.
+    /// The colour of the text.
     QColor TextColour() const;
 
-    /// In a layout it takes the room that there is.
+    /// In a layout it may shrink to any width.
     QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
 
   protected:

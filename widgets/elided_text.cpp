@@ -7,10 +7,10 @@ namespace ui {
 
 namespace {
 
-/// No line on a screen shows more characters than this.
+/// No line on a screen shows more characters.
 constexpr int kMostCharacters = 2000;
 
-/// An address has no blanks to break its line at.
+/// Tooltip lines are broken at this length, because an address has no blanks to break at.
 constexpr int kTooltipLine = 100;
 
 constexpr QChar kEllipsis(0x2026);

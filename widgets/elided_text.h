@@ -5,15 +5,15 @@
 
 namespace ui {
 
-/// `text` as one line, without what is more than any screen shows.
+/// `text` as one line, cut to what fits on any screen.
 QString OneLine(const QString& text);
 
-/// `text` on one line of at most `width` pixels, shortened in its middle: the host and the file's
-/// name are what tells addresses apart. Takes the same time for texts of any length.
+/// `text` on one line of at most `width` pixels. The middle is elided, because addresses differ in
+/// the host and the file name. Takes the same time for texts of any length.
 QString ElideMiddle(const QString& text, const QFontMetrics& metrics, int width);
 
-/// A text for a tooltip: as it stands, no markup in it obeyed, in lines that fit a screen. What is
-/// longer than anyone reads is left out.
+/// `text` for a tooltip, with markup shown as text, in lines that fit on a screen. Cut to what
+/// anyone would read.
 QString TooltipText(const QString& text);
 
 }  // namespace ui

@@ -24,7 +24,7 @@ Colours ColoursOf(QColor fill, bool dark) {
     return {dark ? fill.lighter(125) : fill, dark ? fill.lighter(145) : fill.darker(130)};
 }
 
-/// What a button does to a site, to its files, or what it shows of them.
+/// The colour stands for what the button does.
 QColor FillOf(Picture picture) {
     switch (picture) {
         case Picture::Start:
@@ -45,7 +45,7 @@ void SetColours(QPainter& painter, const Colours& colours) {
     painter.setPen(QPen(colours.line, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
-/// An arrow down into a tray, as browsers show a download.
+/// An arrow down into a tray, the usual sign of a download.
 void DrawStart(QPainter& painter, const Colours& colours) {
     painter.drawPolygon(
         Corners{{6, 1}, {10, 1}, {10, 5.5}, {13.5, 5.5}, {8, 11}, {2.5, 5.5}, {6, 5.5}});
@@ -62,7 +62,7 @@ void DrawStop(QPainter& painter, const QColor& sign) {
     painter.drawRect(QRectF(5, 5, 6, 6));
 }
 
-/// A funnel that keeps something out.
+/// A funnel with a cross.
 void DrawFilters(QPainter& painter, const QColor& sign) {
     painter.drawPolygon(Corners{{1, 1.5}, {14, 1.5}, {9, 7.5}, {9, 12}, {6, 14.5}, {6, 7.5}});
     painter.setPen(QPen(sign, 2, Qt::SolidLine, Qt::RoundCap));
@@ -78,7 +78,7 @@ void DrawExplore(QPainter& painter, const Colours& colours) {
     painter.drawPolygon(Corners{{1, 13.5}, {3.5, 7}, {15.5, 7}, {13, 13.5}});
 }
 
-/// A sign as beside a road.
+/// A triangular road sign.
 void DrawWarning(QPainter& painter) {
     painter.drawPolygon(Corners{{8, 1}, {15.5, 14.5}, {0.5, 14.5}});
     painter.setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::RoundCap));
@@ -110,7 +110,7 @@ void DrawInPalette(QPainter& painter, Picture picture, QIcon::Mode mode) {
     QColor sign =
         picture == Picture::Stop ? QColor(Qt::white) : ColoursOf(FillOf(Picture::Stop), dark).fill;
     if (mode == QIcon::Disabled) {
-        // Paler than any that can be clicked, on dark desktops, too.
+        // Paler than any enabled icon, on dark desktops, too.
         colours.fill = colours.line =
             Mix(palette.color(QPalette::ButtonText), button, kDisabledShare);
         sign = picture == Picture::Stop ? button : colours.fill;

@@ -4,11 +4,11 @@
 
 namespace ui {
 
-/// The face of all labels: Verdana, or where it is missing the face with its metrics. Sized in
-/// twips, so that it keeps its proportion to the forms.
+/// The font of all labels: Verdana, or the one with the same metrics if it is missing. Sized in
+/// twips, so that it scales with the forms.
 QFont LabelFont();
 
-/// The face of hints below a box.
+/// The font of hints below a box.
 QFont SmallLabelFont();
 
 }  // namespace ui

@@ -10,7 +10,7 @@
 namespace ui {
 
 namespace {
-/// Keeps the focus frame off the caption, in pixels.
+/// The space between caption and focus frame, in pixels.
 constexpr int kMargin = 2;
 }  // namespace
 

@@ -4,8 +4,8 @@
 
 namespace ui {
 
-/// A button that looks like a link. The space bar and Enter press it, also in a dialog whose
-/// default button Enter would press otherwise.
+/// A button that looks like a link. Space and Enter press it, even in a dialog where Enter
+/// otherwise presses the default button.
 class LinkButton : public QAbstractButton {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ class LinkButton : public QAbstractButton {
 
     QSize sizeHint() const override;
 
-    /// The colour that its caption is painted in.
+    /// The colour of the caption.
     QColor TextColour() const;
 
   protected:

@@ -12,7 +12,7 @@ constexpr double kLine = 2;
 
 void PaintFocus(QAbstractItemView& list) {
     if (!list.hasFocus() || list.selectionModel()->hasSelection()) return;
-    // The style's own frame would tint the rows inside.
+    // The style's own frame would tint the rows inside it.
     QPainter painter(list.viewport());
     painter.setPen(QPen(list.palette().color(QPalette::Highlight), kLine, Qt::SolidLine,
                         Qt::SquareCap, Qt::MiterJoin));

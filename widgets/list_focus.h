@@ -4,8 +4,8 @@ class QAbstractItemView;
 
 namespace ui {
 
-/// Frames a list that has the keyboard and no selected row to show it by. To be called at the end
-/// of the list's paint event.
+/// Paints a frame around a list that has the focus but no selected row to show it. Call this at the
+/// end of the list's paint event.
 void PaintFocus(QAbstractItemView& list);
 
 }  // namespace ui

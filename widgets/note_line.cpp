@@ -68,7 +68,7 @@ void NoteLine::Arrange() {
     const int side = icon_->isHidden() ? 0 : height();
     icon_->setGeometry(0, 0, side, side);
     const int left = side > 0 ? side + gap : 0;
-    // A long name of a server must not push aside why another one is offered.
+    // A long server name in the link must not displace the text that explains it.
     const int link = link_->isHidden() ? 0 : std::min(link_->sizeHint().width(), width() * 3 / 5);
     const int room = std::max(0, width() - left - (link > 0 ? link + gap : 0));
     text_->setGeometry(left, 0, std::min(room, text_->sizeHint().width()), height());

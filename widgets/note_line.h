@@ -7,21 +7,21 @@ namespace ui {
 class ElidedLabel;
 class LinkButton;
 
-/// A line below a box: a remark in a quiet colour, or a warning with its icon and perhaps a link
-/// that mends what it warns of.
+/// A line below a box: a remark in a quiet colour, or a warning with an icon and optionally a link
+/// that fixes the problem.
 ///
-/// Its label has the line's own name, and its link that name with "Link" behind.
+/// The label's object name is that of the line; the link's has "Link" appended.
 class NoteLine : public QWidget {
     Q_OBJECT
 
   public:
     NoteLine(const char* name, QWidget* parent);
 
-    /// "" leaves the line empty.
+    /// Shows a remark; "" clears the line.
     void Remark(const QString& text);
 
-    /// `link` is the link's caption, with "&" before the letter that presses it together with Alt;
-    /// "" for a warning without one.
+    /// Shows a warning. `link` is the link's caption, with "&" before the letter that presses it
+    /// together with Alt; "" for none.
     void Warn(const QString& text, const QString& link = {});
 
     QWidget* Link() const;

@@ -7,7 +7,7 @@ namespace ui {
 
 namespace {
 
-/// The fewest pixels of the program that are a whole number of the screen's.
+/// The smallest number of logical pixels that is a whole number of screen pixels.
 int StepFor(double ratio) {
     for (const int step : {1, 2}) {
         if (std::floor(ratio * step) == ratio * step) return step;

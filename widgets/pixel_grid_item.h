@@ -4,8 +4,8 @@
 
 namespace ui {
 
-/// A place in a layout whose widget begins and ends with whole pixels of the screen, also where
-/// that shows the program at 125, 150 or 175 %: a line drawn between two rows of a screen is lost.
+/// A layout item that aligns its widget to whole screen pixels even at a scale of 125, 150 or 175
+/// %. A thin line between two rows of screen pixels would disappear.
 class PixelGridItem : public QWidgetItem {
   public:
     using QWidgetItem::QWidgetItem;

@@ -11,7 +11,8 @@ namespace ui {
 
 namespace {
 
-/// At 150 % a frame of one pixel covers one and a half, and what it holds begins on top of it.
+/// At 150 %, a frame of one logical pixel covers one and a half screen pixels, and the contents
+/// start on top of it.
 constexpr int kLeastFrame = 2;
 
 bool IsList(const QWidget* widget) {
@@ -41,7 +42,7 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                  QPainter* painter, const QWidget* widget) const {
-    // Between the frame's line and what it holds.
+    // Fill the gap between the frame's line and the contents.
     if (element == PE_Frame && IsList(widget)) {
         painter->fillRect(option->rect, option->palette.base());
     }

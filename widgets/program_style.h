@@ -4,8 +4,8 @@
 
 namespace ui {
 
-/// The desktop's style, mended in a few places: icons where the desktop has no theme of them, and
-/// the frames of lists on screens that show them at 150 %.
+/// The desktop's style with a few fixes: icons where the desktop has no icon theme, and the frames
+/// of lists on screens at 150 %.
 class ProgramStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -5,8 +5,8 @@
 
 namespace ui {
 
-/// The icons of message boxes and of folders where the desktop has no theme with them: the
-/// toolkit's own are small pictures of another time. Null for every other icon.
+/// The icons of message boxes and folders if the desktop has no theme with them, because the
+/// toolkit's own are small and outdated. Null for every other icon.
 QIcon SystemIcon(QStyle::StandardPixmap which);
 
 }  // namespace ui

@@ -2,18 +2,19 @@
 
 namespace ui {
 
-/// How much larger than usual forms are: with the desktop's font, from its usual size on.
+/// The scale of the forms: the size of the desktop's font relative to its usual size, between 1 and
+/// 3.
 double FormScale();
 
-/// Lengths in twips (1/1440 inch) as device-independent pixels: 15 twips are one pixel at the usual
-/// size of the desktop's font, and Qt scales pixels with the screen.
+/// Converts twips (1/1440 inch) to device-independent pixels. 15 twips are one pixel at the usual
+/// size of the desktop's font. Qt scales pixels with the screen.
 int Twips(int twips);
 
-/// The other way round.
+/// Converts pixels to twips.
 int InTwips(int pixels);
 
-/// At least `pixels`, and whole on screens that show them at 125, 150 or 175 %: a line drawn
-/// between two rows of a screen is lost.
+/// `pixels` rounded up to a whole number of screen pixels at 125, 150 and 175 %. A thin line
+/// between two rows of screen pixels would disappear.
 int OnPixelGrid(int pixels);
 
 }  // namespace ui
