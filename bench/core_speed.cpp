@@ -40,6 +40,7 @@ class NoEvents : public platform::EventLoop {
 class NoProcesses : public platform::ProcessStarter {
   public:
     bool ExploreFolder(const std::string&) override { return false; }
+    bool OpenFile(const std::string&) override { return false; }
     bool OpenAddress(const std::string&) override { return false; }
 };
 
