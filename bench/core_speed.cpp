@@ -1,10 +1,9 @@
-// What the core costs, in processor time: large responses, links and the queue. Prints rows of a
-// table, medians of several runs.
+// Measures the processor time of the core: large responses, links and the queue. Prints table rows
+// with medians of several runs.
 //
 //     core_speed FOLDER
 //
-// FOLDER receives the files that are written; an empty one in memory (tmpfs) leaves the disk out of
-// it.
+// Writes its files to FOLDER. Use an empty folder in memory (tmpfs) to exclude the disk.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -54,7 +53,7 @@ class NoBoxes : public platform::MessageBoxes {
     std::string InputBox(const std::string&, const std::string&) override { return ""; }
 };
 
-/// Processor milliseconds of `work`, which leave out what else the machine does.
+/// The processor time of `work` in milliseconds, which excludes other processes.
 double Milliseconds(const std::function<void()>& work) {
     const std::clock_t start = std::clock();
     work();
@@ -66,7 +65,7 @@ double Median(std::vector<double> figures) {
     return figures[figures.size() / 2];
 }
 
-/// One row: megabytes a second of `work`, which goes through 100 of them.
+/// Prints one row: the speed of `work`, which processes 100 MB, in megabytes per second.
 void ReportPace(const char* what, const std::function<void()>& prepare,
                 const std::function<void()>& work) {
     std::vector<double> paces;
@@ -80,11 +79,11 @@ void ReportPace(const char* what, const std::function<void()>& prepare,
 struct Level {
     int size;
     std::function<void()> prepare;
-    std::function<double()> microseconds;  ///< of processor time for one item
+    std::function<double()> microseconds;  ///< processor time per item
 };
 
-/// One row: what one item costs at each level. The levels take turns, so that what disturbs one
-/// disturbs them all.
+/// Prints one row: the cost of one item at each level. The levels take turns, so that a disturbance
+/// affects all of them.
 void ReportLevels(const char* what, const std::vector<Level>& levels) {
     std::vector<std::vector<double>> costs(levels.size());
     for (int run = 0; run < kRuns; ++run) {
@@ -119,7 +118,7 @@ std::string NameOf(int file) {
     return "folder" + std::to_string(file % kFolders) + "/page" + std::to_string(file) + ".html";
 }
 
-/// Sees to it that the files 0 to `count` - 1 of the site are there, and no others.
+/// Makes sure that exactly the site's files 0 to `count` - 1 exist.
 void HaveFiles(int count) {
     static int there = 0;
     const std::string folder = crawl::TargetFolder + "site.com\\";
@@ -155,7 +154,7 @@ void ReportLargeResponses() {
         });
 }
 
-/// Pages with so many links each to files that are there; a hundred thousand links in all.
+/// Pages with `links` links each to existing files; a hundred thousand links in all.
 Level ScanLevel(int links) {
     constexpr int kLinks = 100'000;
     constexpr int kFiles = 10'000;
@@ -176,7 +175,7 @@ Level ScanLevel(int links) {
             }};
 }
 
-/// New links where so many files are there already.
+/// New links while `files` files exist.
 Level AdmissionLevel(int files) {
     constexpr int kLinks = 5'000;
     return {files, [files] { HaveFiles(files); },
@@ -195,7 +194,7 @@ Level AdmissionLevel(int files) {
             }};
 }
 
-/// An address appended to a queue of this length and taken off again.
+/// Appends an address to a queue of this length and removes it again.
 Level QueueLevel(int length) {
     constexpr int kItems = 1'000'000;
     const auto add = [](int i) {

@@ -1,10 +1,10 @@
-"""What a crawl costs per file, beside "wget -m -k" on the same site.
+"""What a crawl costs per file, compared with "wget -m -k" on the same site.
 
     VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.crawl_cost
 
-The site: 222 pages of 20 KB, each with 4 pictures of its own, from nginx on the loopback. Prints the
-processor time of the program and of wget, medians of runs that take turns, and the program's
-instructions and system calls, counted by valgrind and strace in runs of their own.
+The site has 222 pages of 20 KB with 4 pictures each, served by nginx on the loopback. Prints the processor
+time of the program and of wget, as medians of alternating runs, and the program's instructions and system
+calls, counted by valgrind and strace in separate runs.
 """
 
 import collections
@@ -28,7 +28,7 @@ RUNS = 5
 
 
 def make_site(folder):
-    """Page i links to the two below it in a tree, and to the page before."""
+    """Page i links to its two children in a tree and to the page before it."""
     filler = "<p>Words of a page, with <b>some</b> markup and &quot;quotes&quot; in it.</p>\n"
     for i in range(PAGES):
         name = folder / ("index.html" if i == 0 else f"part{i % 10}/page{i}.html")
@@ -45,7 +45,7 @@ def make_site(folder):
 
 
 def processor_seconds(process):
-    """What an ended child took of the processor; its exit must be clean."""
+    """The processor time of an ended child process, which must have exited with status 0."""
     _, status, usage = os.wait4(process.pid, 0)
     process.returncode = os.waitstatus_to_exitcode(status)
     if process.returncode != 0:
@@ -78,7 +78,7 @@ def wget():
 
 
 def system_calls():
-    """How many calls of each kind a whole crawl makes."""
+    """The number of calls of each kind in a whole crawl."""
     log = private_network.scratch("strace") / "calls"
     crawl(under=["strace", "-f", "-c", "-U", "name,calls", "-o", log])
     calls = collections.Counter()
@@ -90,7 +90,7 @@ def system_calls():
 
 
 def instructions():
-    """How many instructions a whole crawl takes, and how many of them are the program's own."""
+    """The number of instructions in a whole crawl, and how many of them are in the program itself."""
     profile = private_network.scratch("valgrind") / "profile"
     crawl(under=["valgrind", "--quiet", "--tool=callgrind", "--compress-strings=no", "--dump-line=no",
                  f"--callgrind-out-file={profile}"])
@@ -101,7 +101,7 @@ def instructions():
             if line.startswith("ob="):
                 is_own = line.rstrip().endswith("/vantorin")
             elif line.startswith("calls="):
-                is_call = True  # the next line has what the called function took, which counts there
+                is_call = True  # the next line repeats the cost of the called function
             elif line[0] in "0123456789+-*":
                 count = 0 if is_call else int(line.split()[1])
                 own += is_own * count

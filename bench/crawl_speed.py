@@ -2,8 +2,8 @@
 
     VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.crawl_speed
 
-Prints the median of three runs each. The network is the loopback, so what shows is the program's own
-pace: the scheduler starts at most one file in 20 ms.
+Prints the median of three runs each. The network is the loopback, so the program's own pace shows: the
+scheduler starts at most one file per 20 ms.
 """
 
 import statistics
@@ -19,7 +19,7 @@ RUNS = 3
 
 
 def crawl(connections, run):
-    """Seconds that one crawl took, and how many files it left."""
+    """The duration of one crawl in seconds, and the number of files it left."""
     folder = private_network.scratch(f"speed-{connections}-{run}")
     target = folder / "mirror"
     target.mkdir()

@@ -8,11 +8,11 @@
 #include <string>
 #include <string_view>
 
-/// What the *_fuzz programs share.
+/// Shared by the *_fuzz programs.
 namespace fuzz {
 
-/// Makes a text of the fuzzer's bytes: those below 128 stand for themselves, 255 makes the next one
-/// do so, and the others stand for words, so that what matters is found by chance.
+/// Makes a text of the fuzzer's bytes. A byte below 128 stands for itself, and so does any byte
+/// after a 255. The others stand for words, so that interesting text turns up by chance.
 inline std::string TextOf(std::span<const std::uint8_t> bytes,
                           std::span<const std::string_view> words) {
     std::string text;
@@ -28,7 +28,7 @@ inline std::string TextOf(std::span<const std::uint8_t> bytes,
     return text;
 }
 
-/// Ends the program when the two differ, which the fuzzer takes for a finding.
+/// Aborts if the two differ, which the fuzzer reports as a finding.
 inline void MustBeEqual(std::string_view what, const std::string& found,
                         const std::string& expected) {
     if (found == expected) return;

@@ -1,9 +1,9 @@
-"""What huge and hostile servers, hosts and shells do to the program: one row for each kind.
+"""How the program copes with huge and hostile servers, hosts and shells.
 
     VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.hostile_runs [PART-OF-A-NAME ...]
 
-Prints a table: what was done, whether the program took it as it should, and what was seen. Takes about
-ten minutes and 2 GB of disk in $TMPDIR. The small forms of these rows run in tests/e2e.
+Prints a table with one row per case: what was done, whether the program behaved as it should, and what was
+seen. Takes about ten minutes and 2 GB of disk in $TMPDIR. Smaller forms of these cases run in tests/e2e.
 """
 
 import contextlib
@@ -22,7 +22,7 @@ from harness.web import ScriptedServer, links_to, page
 
 @contextlib.contextmanager
 def silent_name_server():
-    """A name server that hears and never answers, and that nobody gives up soon."""
+    """A name server that never answers, and that is not given up soon."""
     settings = Path("/etc/resolv.conf")
     before = settings.read_text()
     settings.write_text("nameserver 127.0.0.1\n")
@@ -45,12 +45,12 @@ def count_good(crawl, count):
 
 
 def site_of(answers):
-    """The answers, and a start page that links to them all."""
+    """The answers, plus a start page that links to all of them."""
     return {b"/": page(links_to(*[path[1:] for path in answers])), **answers}
 
 
-# Each function below plays one row of the table at the end: it gives whether the program took it as it
-# should, and what was seen.
+# Each function below runs one row of the table at the end. It returns whether the program behaved as it should, and
+# what was seen.
 
 # --- Memory ---------------------------------------------------------------------------------------
 
@@ -162,7 +162,7 @@ def users_files():
             path.write_text("mine")
             answers[b"/x.php?.html/.*./.*./" + (name % kind).removesuffix(b".tmp")] = answer
     mine = tree(scratch / "mirror")
-    links = [path[1:] + b"?" for path in answers]  # the "?" keeps each from being known
+    links = [path[1:] + b"?" for path in answers]  # the "?" keeps them from counting as known
     with ScriptedServer({b"/": page(links_to(*links)), **answers}):
         crawl = WatchedCrawl("--timeout", 1, "--connections", 24, scratch=scratch)
         status = crawl.wait(120)
@@ -207,8 +207,8 @@ def program_in(scratch):
 
 
 def run(scratch, *words, other=page(b"b"), **more):
-    """Crawls two pages and a third that answers `other`: whether the two were saved, the exit status
-    (None for no end), and what was said.
+    """Crawls two pages and a third one that answers `other`. Returns whether the two were saved, the exit
+    status (None if it did not end), and what was printed.
     """
     command = [program_in(scratch), "--site", SITE, *words]
     with ScriptedServer(site_of({b"/a.html": page(b"a"), b"/other.html": other})):
@@ -268,7 +268,7 @@ def tiny_timeout():
 
 
 def crawl_into_pipe(writer):
-    """Starts a crawl of 100 pages, each of which comes late, whose output goes into a pipe."""
+    """Starts a crawl of 100 slow pages whose output goes into a pipe."""
     scratch = place("pipe")
     command = [program_in(scratch), "--site", SITE, "--folder", scratch / "mirror"]
     process = subprocess.Popen(command, stdout=writer, stderr=subprocess.STDOUT,

@@ -1,4 +1,5 @@
-// Reads made-up list files, compares them with a plain reading, and writes them back (libFuzzer).
+// Reads random list files, compares the results with a simple reader's, and writes them back
+// (libFuzzer).
 //
 //     cmake --preset fuzz && ninja -C build/fuzz list_file_fuzz && build/fuzz/bench/list_file_fuzz
 #include <sstream>
@@ -30,12 +31,12 @@ std::string InSmallLetters(std::string text) {
     return text;
 }
 
-/// The lines that are not blank, without the blanks around them.
+/// The non-blank lines, each without blanks at its ends.
 Lines PlainLines(const std::string& bytes) {
     Lines lines;
     std::istringstream stream(bytes);
     for (std::string line; std::getline(stream, line);) {
-        // Only the end of a line is two characters; any other CR is part of it.
+        // Only the line end is CR LF; any other CR belongs to the line.
         if (line.ends_with('\r')) line.pop_back();
         line = WithoutBlanksAround(line);
         if (!line.empty()) lines.push_back(line);

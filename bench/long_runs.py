@@ -4,12 +4,12 @@
 
 RUN is one of
     level        20,000 pages: memory, handles and pace in each tenth of the crawl (about eight minutes)
-    valgrind     a documentation tree under valgrind (Debian's package of that name)
+    valgrind     a documentation tree under valgrind (needs Debian's package valgrind)
     full-disk    a disk that fills up, and the same crawl again with room
     folder-gone  the target folder is deleted again and again
-    killed       killed at ten moments, each time started again in the same folder
+    killed       the program is killed at ten moments and restarted in the same folder each time
 
-The tests under the sanitizers: ctest --preset sanitize, after cmake --build --preset sanitize.
+For the tests under the sanitizers: cmake --build --preset sanitize, then ctest --preset sanitize.
 """
 
 import contextlib
@@ -30,7 +30,7 @@ WORDS = b"<p>" + b"some words of a page " * 200
 
 
 class Tree(dict):
-    """A site of `count` pages in 100 folders. Each links to three more and to ten that are known."""
+    """A site of `count` pages in 100 folders. Each page links to three new ones and to ten known ones."""
 
     def __init__(self, count):
         paths = [b"/folder%d/page%d.html" % (i % 100, i) for i in range(count)]
@@ -84,7 +84,7 @@ def small_disk(folder, size):
 
 
 def report(what, crawl, whole):
-    """Says what is in a mirror. False when a file is not as it is in the undisturbed one, `whole`."""
+    """Prints what a mirror contains. Returns False if a file differs from the undisturbed mirror, `whole`."""
     files = tree(crawl.mirror / HOST)
     saved = {path: data for path, data in files.items() if not path.endswith(b".tmp")}
     wrong = [path for path, data in saved.items() if data != whole.get(path)]

@@ -1,10 +1,10 @@
-// Notes how long the program's event loop does not look at what waits. To be loaded into it:
+// Records how long the program's event loop does not look for events. Load it into the program:
 //
 //     LD_PRELOAD=build/release/bench/libloop_pauses.so VANTORIN_PAUSES=FILE vantorin ...
 //
-// Each iteration of the loop, also one inside a handler, ends in poll or ppoll. FILE gets a line
-// for each pause from the end of one such call to the beginning of the next one on the first
-// thread: when it began (seconds of the monotonic clock) and how long it was (milliseconds).
+// Each iteration of the loop, also a nested one, ends in poll or ppoll. FILE gets a line for each
+// pause from the end of one such call to the start of the next one on the first thread: when it
+// began (seconds of the monotonic clock) and how long it was (milliseconds).
 #include <dlfcn.h>
 #include <poll.h>
 #include <sys/syscall.h>
@@ -50,7 +50,7 @@ class Pauses {
 
 Pauses g_pauses;
 
-/// Calls the real function of this name.
+/// Calls the real function with this name.
 template <typename... Arguments>
 int Watched(const char* name, Arguments... arguments) {
     const auto real = reinterpret_cast<int (*)(Arguments...)>(dlsym(RTLD_NEXT, name));

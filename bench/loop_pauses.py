@@ -1,9 +1,9 @@
-"""How long the event loop of the real program does not look at what waits.
+"""How long the event loop of the real program does not look for events.
 
     VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.loop_pauses
 
-Wants the target loop_pauses built. First large answers, one crawl each without a window: the longest
-pause, medians of several crawls. Then a crawl with the window shown, at the scheduler's full pace.
+Needs the target loop_pauses. First measures the longest pause for large answers, as the median of several
+crawls each, without a window. Then measures a crawl with the window shown, at the scheduler's full pace.
 """
 
 import os
@@ -39,7 +39,7 @@ def watched(log):
 
 
 def pauses(log, since=0.0):
-    """Milliseconds of each pause that began after `since`."""
+    """The length in milliseconds of each pause that began after `since`."""
     lines = [line.split() for line in log.read_text().splitlines()]
     return [float(length) for began, length in lines if float(began) > since]
 

@@ -1,8 +1,8 @@
-// Lets a site say what it likes to admission and the saver, on the real disk in a scratch folder
-// with files of the user's in it, and looks whether any of those changed (libFuzzer).
+// Feeds arbitrary site data to admission and the saver, on the real disk, in a scratch folder that
+// contains a user's files, and checks that none of those changed (libFuzzer).
 //
-//     cmake --preset fuzz && ninja -C build/fuzz mirror_fuzz && TMPDIR=/dev/shm
-//     build/fuzz/bench/mirror_fuzz
+//     cmake --preset fuzz && ninja -C build/fuzz mirror_fuzz
+//     TMPDIR=/dev/shm build/fuzz/bench/mirror_fuzz
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -37,7 +37,8 @@ constexpr std::string_view kWords[] = {
     "*"sv,           "new/deep/"sv,    "new/./"sv,  "..\\"sv,
 };
 
-/// What the user has. The folder of site.com is the site's, but a ".tmp" of the user's stays.
+/// The user's files. The folder of site.com belongs to the site, but a ".tmp" file of the user's
+/// stays.
 const std::map<std::string, std::string> kUsersFiles = {
     {".bashrc", "1"},
     {"secret.html", "2"},
@@ -63,7 +64,7 @@ void MakeUsersFiles(const fs::path& root) {
     fs::create_directory_symlink(root, root / "mirror/link");
 }
 
-/// Every `part` in `text` removed, from left to right.
+/// `text` with every `part` removed, from left to right.
 std::string Without(std::string text, std::string_view part) {
     for (std::size_t at = 0; (at = text.find(part, at)) != text.npos;) {
         text.erase(at, part.size());
@@ -76,7 +77,7 @@ std::string Contents(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Whether a site may have made this file: a record, a placeholder, or a page in a host's folder.
+/// Whether a site may create this file: a record, a placeholder, or a page in a host's folder.
 bool IsTheSites(const std::string& name, const std::string& contents) {
     const std::string placeholder =
         "This file is queued to be downloaded, or did not download correctly.\r\n";
@@ -103,7 +104,7 @@ void MustBeUnharmed(const fs::path& root, const std::string& said) {
     }
 }
 
-/// One file of the site: found in a page (0), answered (1), or timed out (2).
+/// Handles one file of the site: found in a page (0), answered (1), or timed out (2).
 void Say(const std::string& line) {
     if (line.empty()) return;
     std::string address = line.substr(1);
@@ -113,7 +114,7 @@ void Say(const std::string& line) {
     crawl::ConnectionSlot& slot = crawl::Slots[1];
     slot.Host = address.substr(0, address.find('/'));
     slot.Path = address.substr(slot.Host.size());
-    // A host of that name would own its folder.
+    // A host with that name would own the folder.
     std::string folder = Without(slot.Host, "www.");
     std::erase_if(folder, [](char c) { return std::string_view("*{}|").find(c) < 4; });
     folder = Without(folder, "www.");

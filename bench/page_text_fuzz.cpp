@@ -1,4 +1,4 @@
-// Feeds made-up pages to the page text reader, looking for crashes (libFuzzer, needs clang).
+// Feeds random pages to the page text reader to find crashes (libFuzzer, needs clang).
 //
 //     cmake --preset fuzz && ninja -C build/fuzz page_text_fuzz && build/fuzz/bench/page_text_fuzz
 

@@ -1,7 +1,7 @@
-// Prints the visible text of pages, for comparing it with a browser's.
+// Prints the visible text of pages, to compare it with a browser's.
 //
-// Reads one file name a line; answers each with the text's length in bytes on a line, the text, and
-// a line end. Names that end in ".txt" are plain text.
+// Reads one file name per line. Answers each with a line containing the text's length in bytes,
+// then the text and a line end. Files whose names end with ".txt" are plain text.
 
 #include <fstream>
 #include <iostream>

@@ -3,13 +3,13 @@
 
     page_text_vs_chromium.py [--saved] [--static] [--sample N] [--show N] TOOL PAGE_OR_FOLDER...
 
-TOOL takes a file name a line and answers with the text's length on a line, the text, and a line
-end (bench/page_text_tool). Each page is copied to an empty folder first, so that neither side finds
-its style sheets and scripts. --static empties those within the page too, as the tool leaves them
-out on purpose. --saved passes the pages through what saving does to their text.
+TOOL reads one file name per line and answers with a line containing the text's length, then the text and a
+line end (bench/page_text_tool). Each page is first copied to an empty folder, so that neither side finds its
+style sheets and scripts. --static also empties those inside the page, because the tool ignores them on
+purpose. --saved makes the changes that saving makes to a page's text.
 
-Prints the share of pages whose texts agree after the search extract's folding of blanks, the share
-of words in the same order, and the pages that differ most.
+Prints the share of pages whose texts agree after folding blanks as the search extract does, the share of
+words in the same order, and the pages that differ most.
 """
 
 import argparse
@@ -37,7 +37,7 @@ def start_browser():
 
 
 def as_saved(page):
-    """What the program makes of a page's text when it saves it, links aside."""
+    """A page's text as the program saves it, except for links."""
     page = page.replace(b"\n", b"\r\n").replace(b"\r", b"\r\n")
     return page.replace(b"applet", b"").replace(b"script ", b" !-- script ") + b"\r\n"
 

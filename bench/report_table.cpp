@@ -1,9 +1,9 @@
-// How fluent the table of the report is with a million rows: how long the window stands still.
+// Measures how long the window stands still while the report's table has a million rows.
 //
 //     cmake --build --preset release --target report_table
 //     QT_QPA_PLATFORM=offscreen build/release/bench/report_table [ROWS]
 //
-// Pauses are those between two turns of the event loop, in milliseconds of wall time.
+// A pause is the wall time between two iterations of the event loop, in milliseconds.
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListWidget>
@@ -26,7 +26,7 @@ namespace {
 
 using crawl::Outcome;
 
-/// The longest time between two turns of the loop while this lives.
+/// Measures the longest time between two iterations of the loop during its lifetime.
 class PauseWatch {
   public:
     PauseWatch() {

@@ -1,8 +1,9 @@
-// Runs random schedules of user, servers and time over the engine in memory, and checks after each
-// event what always holds. Prints each that fails, shortened, as code for tests/schedule_test.cpp.
+// Runs random schedules of user, servers and time over the engine in memory, and checks what must
+// always hold after each event. Prints each failing schedule, shortened, as code for
+// tests/schedule_test.cpp.
 //
-//     ninja -C build/release schedule_run && build/release/bench/schedule_run --count 100000 --seed
-//     1
+//     ninja -C build/release schedule_run
+//     build/release/bench/schedule_run --count 100000 --seed 1
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
@@ -20,7 +21,7 @@ namespace {
 using schedules::Event;
 using schedules::Fault;
 
-/// The events of a schedule that fails, without those that it fails without.
+/// A failing schedule without the events that it also fails without.
 std::vector<Event> Shortened(unsigned seed, std::vector<Event> events) {
     for (std::ptrdiff_t count = std::ssize(events) / 2; count > 0; count /= 2) {
         for (std::ptrdiff_t at = 0; at < std::ssize(events);) {
@@ -65,7 +66,7 @@ int main(int argc, char** argv) {
     unsigned faults = 0;
     for (unsigned i = 0; i < given["--count"]; ++i) {
         const unsigned seed = given["--seed"] + i;
-        // Said before, so that a crash can be found again.
+        // Printed in advance, so that a crash can be found again.
         if (i % kPerLine == 0) std::printf("from seed %u on, %u faults so far\n", seed, faults);
         std::fflush(stdout);
         const std::vector<Event> events = schedules::RandomEvents(seed);

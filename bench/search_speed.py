@@ -1,8 +1,9 @@
-"""Times a search of an extract of 500 MB beside grep, which counts lines where the program counts matches.
+"""Times a search of an extract of 500 MB, compared with grep. The program counts matches; grep counts lines.
 
     VANTORIN_PROGRAM=build/release/cli/vantorin /usr/bin/python3 -m bench.search_speed
 
-Makes the extract of the documentation that is installed here, in $TMPDIR. Medians of runs in turns.
+Makes the extract from the documentation installed on this machine, in $TMPDIR. Prints medians of alternating
+runs.
 """
 
 import html
@@ -41,7 +42,7 @@ def make_extract(folder):
 
 
 def seconds(*command, **variables):
-    """How long a command takes whose output is read: grep stops early when nobody does."""
+    """The duration of a command. Its output is read, because grep stops early if nobody reads it."""
     begun = time.monotonic()
     subprocess.run(command, env=os.environ | variables, stdout=subprocess.PIPE, check=False)
     return time.monotonic() - begun

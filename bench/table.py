@@ -1,4 +1,4 @@
-"""The rows that the scripts of this folder print."""
+"""The table rows printed by the scripts in this folder."""
 
 
 def row(what, figure, beside=""):

@@ -1,4 +1,4 @@
-"""Headless Chromium on files from disk: what their links resolve to and what they ask for."""
+"""Headless Chromium on local files: what their links resolve to, and what they request."""
 
 import json
 
@@ -13,7 +13,7 @@ except ImportError as fault:
 
 DRIVER = "/usr/bin/chromedriver"
 
-# For every link of the page: the attribute as written, and the address a click or load would go to.
+# For every link of the page: the attribute as written, and the address that a click or load would use.
 COLLECT_LINKS = """
 const found = [];
 for (const [selector, name] of [['a[href], area[href], link[href]', 'href'],
@@ -37,11 +37,11 @@ class Browser:
         self.driver = webdriver.Chrome(service=Service(DRIVER), options=options)
         self.driver.set_page_load_timeout(30)
         self.driver.get("about:blank")
-        self.driver.get_log("performance")  # of the page that the browser opened by itself
+        self.driver.get_log("performance")  # of the browser's own first page
         self.requested = set()
 
     def links(self, file):
-        """Opens a file and gives (attribute, address) of each of its links."""
+        """Opens a file and returns (attribute, address) for each of its links."""
         self.driver.get("file://" + file)
         links = self.driver.execute_script(COLLECT_LINKS)
         self.note_requests()

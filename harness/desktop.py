@@ -1,4 +1,4 @@
-"""A desktop of a test's own: X server, window manager, and one user with a keyboard."""
+"""A private desktop for a test: X server, window manager, and one user with a keyboard."""
 
 import random
 import re
@@ -7,12 +7,12 @@ from pathlib import Path
 
 from harness.program import environment, wait_until
 
-COMMANDS = ["/usr/bin/Xvfb", "/usr/bin/openbox", "/usr/bin/xdotool", "/usr/bin/wmctrl"]  # what is run here
+COMMANDS = ["/usr/bin/Xvfb", "/usr/bin/openbox", "/usr/bin/xdotool", "/usr/bin/wmctrl"]  # what this module runs
 VERSION = re.search(r"VERSION (\S+)", Path("CMakeLists.txt").read_text().split("project(")[1])[1]
 MAIN = f"Vantorin Website Downloader {VERSION}"
 WIZARD = "New Site Wizard"
 
-# What files and addresses are opened with: notes how many arguments it was given, and which.
+# Opens files and addresses for the program: records the number of arguments and each argument.
 OPENER = """\
 #!/bin/sh
 printf '%s\\n' "$#" "$@" >> "$HOME/opened"
@@ -20,7 +20,7 @@ printf '%s\\n' "$#" "$@" >> "$HOME/opened"
 
 
 class Desktop:
-    """Shows nowhere, and notes what it is asked to open."""
+    """Is not visible, and records what it is asked to open."""
 
     def __init__(self, home, screen=(1280, 1024)):
         (home / "bin").mkdir(parents=True)
@@ -28,8 +28,8 @@ class Desktop:
         opener.write_text(OPENER)
         opener.chmod(0o755)
         self.home = home
-        # A number of its own, for servers of one number leave their keyboard files in one place; and no
-        # lock or socket beside those of the machine's own, which would look abandoned from here.
+        # A random number, because servers with the same number share keyboard files. No lock and no socket, which would
+        # be placed beside those of the machine, whose processes look dead from here.
         display = f":{random.randrange(100, 50000)}"
         self.server = subprocess.Popen(["Xvfb", display, "-displayfd", "1", "-nolock", "-noreset",
                                         "-nolisten", "unix", "-nolisten", "tcp", "-screen", "0",
@@ -39,7 +39,7 @@ class Desktop:
             ready.readline()
         self.environment = environment(home, DISPLAY=display)
         self.environment["PATH"] = f"{home}/bin:{self.environment['PATH']}"
-        # A window that comes while the manager takes over may never be shown.
+        # A window that opens before the manager is ready may never be shown.
         managed = home / "managed"
         self.manager = self.start("openbox", "--startup", f"touch {managed}", stdout=subprocess.DEVNULL,
                                   stderr=subprocess.DEVNULL)
@@ -53,7 +53,7 @@ class Desktop:
                               check=False).stdout.strip()
 
     def await_window(self, title, seconds=60):
-        """Until the window of that title has the keyboard; else a picture shows what has it instead."""
+        """Waits until the window with that title has the keyboard. If it does not come, saves a screenshot."""
         try:
             wait_until(lambda: self.run("xdotool", "getwindowfocus", "getwindowname") == title, seconds,
                        f'a window "{title}" with the keyboard')
@@ -68,7 +68,7 @@ class Desktop:
         self.run("xdotool", "type", "--delay", "10", text)
 
     def opened(self):
-        """What was asked to be opened since the last time: the number of arguments, then each of them."""
+        """What was opened since the last call: the number of arguments, then each argument."""
         opened = self.home / "opened"
         wait_until(lambda: opened.exists() and opened.read_text().endswith("\n"), what="the opener")
         words = opened.read_text().splitlines()

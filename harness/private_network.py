@@ -1,8 +1,8 @@
-"""Runs a test in a network of its own, where it may serve port 80 and make up host names.
+"""Runs a test in a private network, where it may serve port 80 and invent host names.
 
-`enter` starts the running script again inside new user, mount, network and process namespaces: there
-it is root whoever started it, only the loopback device exists, and whatever it leaves running ends
-with it. Where the machine forbids that, the test counts as skipped.
+`enter` restarts the running script inside new user, mount, network and process namespaces. There it is root,
+whoever started it. Only the loopback device exists, and any process left running ends with the script. If the
+machine forbids this, the test counts as skipped.
 """
 
 import atexit
@@ -18,10 +18,10 @@ import threading
 import uuid
 from pathlib import Path
 
-SKIPPED = 77  # what CTest is told to take as "skipped"
+SKIPPED = 77  # the exit status that CTest reports as "skipped"
 INSIDE = "VANTORIN_TEST_NETWORK"
 
-# The last needs root, and leaves the system's other users in being.
+# The last one needs root and keeps the system's other users.
 WAYS_IN = [
     ["unshare", "--map-root-user", "--net", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc"],
     ["unshare", "--map-root-user", "--net", "--mount", "--pid", "--fork", "--kill-child"],
@@ -41,9 +41,8 @@ def skip(reason):
 
 
 def enter(ways=tuple(WAYS_IN), needs=()):
-    """Returns inside the private network; does not return where it was called. Where one of the files
-    and folders that the test `needs` is missing, it counts as skipped: "./test" installs them on Debian
-    alone.
+    """Returns inside the private network, in a new process of the script. If a file or folder in `needs` is
+    missing, the test counts as skipped, because "./test" installs packages only on Debian.
     """
     for path in needs:
         if not Path(path).exists():
@@ -58,7 +57,7 @@ def enter(ways=tuple(WAYS_IN), needs=()):
         trial = subprocess.run([*way, "sh", "-c", "ip link set lo up && mount --bind /etc/passwd /etc/passwd"],
                                stderr=subprocess.PIPE, text=True, check=False)
         if trial.returncode == 0:
-            # Not mkdtemp's names: they may hold "__", which the program folds in a folder's name.
+            # Not mkdtemp: its names may contain "__", which the program shortens in a folder's name.
             folder = Path(tempfile.gettempdir(), f"vantorin-e2e-{uuid.uuid4().hex}")
             folder.mkdir(mode=0o700)
             os.environ[INSIDE] = str(folder)
@@ -70,12 +69,12 @@ def enter(ways=tuple(WAYS_IN), needs=()):
 
 
 def prepare(folder):
-    """Loopback up, and the host names above, without a name server to ask for others."""
+    """Starts the loopback device and defines the host names above, without a name server for others."""
     files = {"/etc/hosts": NAMES,
              "/etc/nsswitch.conf": "passwd: files\ngroup: files\nhosts: files dns\n",
              "/etc/resolv.conf": "nameserver 127.0.0.1\noptions timeout:1 attempts:1\n"}
     if not Path("/etc/hosts").exists():
-        # A minimal system may lack it: the test takes a copy of the folder, with that file.
+        # A minimal system may lack it. The test then gets a copy of /etc that has it.
         shutil.copytree("/etc", folder / "etc", symlinks=True)
         (folder / "etc/hosts").touch()
         subprocess.run(["mount", "--bind", folder / "etc", "/etc"], check=True)
@@ -89,7 +88,7 @@ def prepare(folder):
 
 @contextlib.contextmanager
 def name_server_without_names():
-    """A name server that says of every name that there is none."""
+    """A name server that answers that no name exists."""
     end = b"end"
 
     def serve():
@@ -110,7 +109,7 @@ def name_server_without_names():
 
 
 def scratch(name, numbers=itertools.count(1)):
-    """A fresh folder of the running test; it goes when the test ends."""
+    """A new folder for the running test, deleted when the test ends."""
     path = Path(os.environ[INSIDE], f"{next(numbers)}-{name}")
     path.mkdir()
     return path

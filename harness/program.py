@@ -1,4 +1,4 @@
-"""The real program, run unattended from a copy of its own, and what it left on disk."""
+"""Runs the real program unattended from its own copy, and reads what it left on disk."""
 
 import os
 import shutil
@@ -8,13 +8,13 @@ from pathlib import Path
 
 
 def copy_program(folder):
-    """A portable copy: the program keeps its lists beside its executable."""
+    """Makes a portable copy, which keeps its lists beside its executable."""
     folder.mkdir(parents=True, exist_ok=True)
     return Path(shutil.copy(os.environ["VANTORIN_PROGRAM"], folder))
 
 
 def environment(home, **more):
-    """A user of whom nothing else is known, without a display."""
+    """The environment of a new user without a display."""
     runtime = home / "runtime"
     runtime.mkdir(mode=0o700, parents=True, exist_ok=True)
     kept = {key: os.environ[key] for key in ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS") if key in os.environ}
@@ -22,11 +22,12 @@ def environment(home, **more):
 
 
 class Crawl:
-    """One unattended crawl, running from construction on; `under` is a command to run it under."""
+    """One unattended crawl, started by the constructor. `under` is a command to run it under."""
 
     def __init__(self, program, site, folder, *arguments, under=(), output=None, before=None, **variables):
-        """`output` takes the place of the file that `output()` reads; `before` is called in the new
-        process, and `variables` join its environment."""
+        """`output` replaces the file that `output()` reads. `before` is called in the new process.
+        `variables` are added to its environment.
+        """
         self.folder = Path(folder)
         self.output_file = program.parent / f"output-{time.monotonic_ns()}.txt"
         self.peak = 0
@@ -37,9 +38,10 @@ class Crawl:
                 stdin=subprocess.DEVNULL, stdout=output or file, stderr=subprocess.STDOUT)
 
     def wait(self, seconds=120, most_memory=4 << 30):
-        """The exit status; a crawl that takes more time or memory is killed and counts as status None.
+        """Returns the exit status. A crawl that takes too much time or memory is killed, and the status is
+        None.
 
-        Notes in `peak` the most memory that was held, in bytes.
+        Stores the most memory that it held, in bytes, in `peak`.
         """
         deadline = time.monotonic() + seconds
         while self.process.poll() is None:
@@ -55,7 +57,7 @@ class Crawl:
         return self.output_file.read_text(errors="replace")
 
     def memory(self, kind):
-        """What the system says of the running program's memory, in bytes; 0 when it has ended."""
+        """A figure of the running program's memory in bytes, as the system reports it; 0 after its end."""
         try:
             status = Path(f"/proc/{self.process.pid}/status").read_text()
         except OSError:
@@ -65,7 +67,7 @@ class Crawl:
 
 
 def tree(folder):
-    """Every file below a folder: its path relative to it, as bytes, and its contents."""
+    """Maps the relative path of every file below a folder, as bytes, to the file's contents."""
     folder = os.fsencode(folder)
     return {os.path.relpath(os.path.join(parent, name), folder): read(os.path.join(parent, name))
             for parent, _, names in os.walk(folder) for name in names}
@@ -77,7 +79,7 @@ def read(path):
 
 
 def wait_until(condition, seconds=60, what="the awaited state"):
-    """The first true value of `condition()`."""
+    """Waits for the first true value of `condition()` and returns it."""
     deadline = time.monotonic() + seconds
     while time.monotonic() < deadline:
         value = condition()

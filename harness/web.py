@@ -1,4 +1,4 @@
-"""Web servers for the tests: nginx for real sites, and one that says whatever a test wants."""
+"""Web servers for the tests: nginx for real sites, and one whose answers a test scripts."""
 
 import contextlib
 import socket
@@ -55,7 +55,7 @@ def answers_on_port_80():
 
 
 def receive(host, path):
-    """All that a server answers to one plain request, header included."""
+    """The whole answer to one plain request, including the header."""
     with socket.create_connection((host, 80), timeout=20) as connection:
         connection.sendall(b"GET " + path + b" HTTP/1.0\r\nHost: " + host + b"\r\n\r\n")
         with connection.makefile("rb") as answer:
@@ -76,11 +76,10 @@ NOT_FOUND = b"HTTP/1.0 404 Not Found\r\nContent-Length: 8\r\n\r\nnot here"
 
 
 class ScriptedServer(socketserver.ThreadingTCPServer):
-    """Answers each path as `answers` says: with bytes, or by calling a function with the connection
-    and an event that is set when the server ends. Other paths get "404".
+    """Answers each path as `answers` says: with bytes, or by calling a function with the connection and an
+    event that is set when the server ends. Other paths get "404".
 
-    `requests` holds every request as it came, in order; `extra` what clients sent
-    after theirs.
+    `requests` contains every request as received, in order, and `extra` what clients sent after theirs.
     """
 
     allow_reuse_address = True
@@ -103,7 +102,7 @@ class ScriptedServer(socketserver.ThreadingTCPServer):
         self.server_close()
 
     def handle_error(self, request, client_address):
-        """A client that hangs up is no fault of the server."""
+        """Ignores clients that hang up."""
 
     def answer_to(self, request):
         return self.answers.get(path_of(request), NOT_FOUND)
