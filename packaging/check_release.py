@@ -1,6 +1,7 @@
-"""check_release.py FOLDER VERSION DEBIAN_RELEASE...: whether everything is there, whole and of that version.
+"""check_release.py FOLDER VERSION DEBIAN_RELEASE...: checks that everything is there, undamaged, and of that
+version.
 
-packaging/release made the folder; the programs in it have been tried before.
+packaging/release makes the folder and has already tested the programs in it.
 """
 
 import hashlib
@@ -22,7 +23,7 @@ def command(*words):
 
 
 def linked_from_readme():
-    """The files to which the README leads: its pictures and documents."""
+    """The files to which the README links: its pictures and documents."""
     links = re.findall(r"\]\(([^)#:]+)\)", Path("README.md").read_text(encoding="utf-8"))
     expect(links, "the README shows no picture")
     return set(links)
@@ -42,9 +43,9 @@ def check_zip(path, top):
 
 
 def check_windows_version(program, version):
-    """Of the file itself, as its properties show it."""
+    """Checks the version that the file's properties show."""
     text = f"ProductVersion\0{version}\0".encode("utf-16-le")
-    # A value begins at a multiple of four bytes.
+    # A value starts at a multiple of four bytes.
     expect(text in program or text.replace(b"n\0\0\0", b"n\0\0\0\0\0", 1) in program,
            f"vantorin.exe is not version {version}")
 

@@ -1,5 +1,5 @@
-# What the desktop's menu, a software centre and the Debian package say about the program. The version, the
-# date and the short description are set in the top CMakeLists.txt.
+# Descriptions of the program for the desktop's menu, software centres and the Debian package. The version, the date and
+# the short description are set in the top CMakeLists.txt.
 string(SUBSTRING "${PROJECT_DESCRIPTION}" 0 1 initial)
 string(SUBSTRING "${PROJECT_DESCRIPTION}" 1 -1 rest)
 string(TOUPPER "${initial}" initial)

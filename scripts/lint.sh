@@ -1,4 +1,4 @@
-# The checks of "./test lint": each says what it finds, and fails when it finds something.
+# The checks of "./test lint". Each prints its findings and fails if there are any.
 
 LINT_CHECKS=(format warnings tidy shellcheck ruff)
 
@@ -11,21 +11,21 @@ lint_warnings() {
     build lint
 }
 
-# clang-tidy takes several seconds a file, so it reads only what the branch changed.
+# clang-tidy takes several seconds per file, so it checks only what the branch has changed.
 lint_tidy() {
     local base patterns
     base=$(base_of_changes)
-    # It takes patterns for whole paths.
+    # It expects patterns that match whole paths.
     patterns=$(git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h' | units_of | sed "s|.*|^$PWD/&$|")
     if [[ -z $patterns ]]; then
         return
     fi
     configure lint
-    # It counts the warnings in headers of the system aloud.
+    # It prints the number of warnings in system headers to stderr.
     xargs -d '\n' run-clang-tidy -quiet -p build/lint -j "$(nproc)" <<<"$patterns" 2>/dev/null
 }
 
-# Every script of bash is named as one or says so on its first line.
+# A bash script is recognized by its name or its first line.
 lint_shellcheck() {
     {
         find . -path ./build -prune -o -name '*.sh' -print0
@@ -33,7 +33,7 @@ lint_shellcheck() {
     } | xargs -0 shellcheck
 }
 
-# Debian has no ruff so far; there flake8 looks for what ruff looks for unless it is told otherwise.
+# Debian has no ruff yet. There, flake8 runs the checks that ruff runs by default.
 lint_ruff() {
     if command -v ruff >/dev/null; then
         ruff check --quiet --no-cache .
@@ -43,7 +43,7 @@ lint_ruff() {
     fi
 }
 
-# Where the branch left main; on main itself, the commit before the last one.
+# The commit where the branch left main; on main itself, the last commit but one.
 base_of_changes() {
     local base
     base=$(git merge-base HEAD main 2>/dev/null || git merge-base HEAD origin/main) || return
@@ -53,8 +53,8 @@ base_of_changes() {
     echo "$base"
 }
 
-# Turns names of files into those of the .cpp files by which clang-tidy sees them: a header is seen by its
-# own .cpp, else by one that includes it.
+# Maps changed files to the .cpp files through which clang-tidy sees them. For a header that is the .cpp file with its
+# name, or one that includes it.
 units_of() {
     local file
     while read -r file; do
@@ -68,7 +68,7 @@ units_of() {
     done | sort -u
 }
 
-# lint [CHECK...]: runs the named checks, all of them when none is named.
+# lint [CHECK...]: runs the named checks, or all of them.
 lint() {
     local check checks=("$@")
     if ((${#checks[@]} == 0)); then

@@ -9,7 +9,7 @@ BUILD_PACKAGES=(
     qt6-base-dev
 )
 
-# The unit tests, and what the end-to-end tests run: servers, real sites, browser and window.
+# For the unit tests and the end-to-end tests: servers, real sites, a browser and a desktop.
 TEST_PACKAGES=(
     chromium
     chromium-driver
@@ -28,14 +28,14 @@ TEST_PACKAGES=(
     xvfb
 )
 
-# What "bench/run" measures with and compares with, on top of the packages for the tests.
+# For "bench/run", in addition to the packages for the tests.
 BENCH_PACKAGES=(
     strace
     valgrind
     wget
 )
 
-# What "./test lint" runs, and what the tests need to be built.
+# For "./test lint", which also builds the tests.
 LINT_PACKAGES=(
     clang-format
     clang-tidy
@@ -45,12 +45,12 @@ LINT_PACKAGES=(
     shellcheck
 )
 
-# The site in the pictures of docs/pictures, on top of the packages for the tests.
+# The site shown in docs/pictures, in addition to the packages for the tests.
 PICTURE_PACKAGES=(
     python-kombu-doc
 )
 
-# The version in the top CMakeLists.txt.
+# The version set in the top CMakeLists.txt.
 project_version() {
     sed -n 's/^project(vantorin VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt
 }
@@ -59,8 +59,8 @@ is_installed() {
     [[ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" == installed ]]
 }
 
-# install_missing PACKAGE...: installs those that are missing; asks for rights only when one is. A system
-# that is no Debian is told what is needed, and whatever lacks something then says so.
+# install_missing PACKAGE...: installs the missing ones. Asks for root rights only if one is missing. Without dpkg,
+# prints what is needed; whatever lacks something reports it later.
 install_missing() {
     local package missing=() as_root=()
     if ! command -v dpkg-query >/dev/null; then
@@ -82,14 +82,14 @@ install_missing() {
         apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
 }
 
-# is_of_another_place PRESET: whether its build folder was made in another checkout, or before this one
-# was moved. CMake refuses to go on with such a folder.
+# is_of_another_place PRESET: whether its build folder was made in another checkout, or before this one was moved. CMake
+# refuses such a folder.
 is_of_another_place() {
     local cache=build/$1/CMakeCache.txt
     [[ -f $cache && ! "$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")" -ef . ]]
 }
 
-# configure PRESET: says nothing unless something fails.
+# configure PRESET: prints nothing unless something fails.
 configure() {
     local options=(--preset "$1")
     mkdir -p build
@@ -102,7 +102,7 @@ configure() {
     fi
 }
 
-# build PRESET [TARGET]: configures and builds on all processors; says little unless something fails.
+# build PRESET [TARGET]: configures and builds on all processors.
 build() {
     local preset=$1 target=${2:-all}
     configure "$preset" || return

@@ -1,7 +1,6 @@
-"""Takes the pictures in docs/pictures from the real program: its window in the middle of a crawl, and
-each dialog.
+"""Takes the pictures in docs/pictures from the real program: its window during a crawl, and each dialog.
 
-scripts/take_pictures builds the program, installs the site that is shown, and starts this.
+Run by scripts/take_pictures, which builds the program and installs the site shown.
 """
 
 import os
@@ -22,17 +21,18 @@ class Photographer:
         self.folder = folder
 
     def take(self, title, name):
-        """A picture of the window of that title, once it has the keyboard, with its frame."""
+        """Takes a picture of the window with that title, including its frame, once it has the keyboard."""
         self.desktop.await_window(title)
-        self.desktop.run("xdotool", "mousemove", "0", "0", "sleep", "0.5")  # painted, and no tooltip
+        self.desktop.run("xdotool", "mousemove", "0", "0", "sleep", "0.5")  # wait for painting, and avoid tooltips
         window = self.desktop.run("xdotool", "getwindowfocus")
         self.desktop.run("import", "-frame", "-window", window, "+dither", "-colors", "96",
                          "-strip", f"PNG8:{self.folder}/{name}.png")
 
 
 def take_all(desktop, running, websites, pictures):
-    """Every window of the program that has just been started for the first time; ends it. The site
-    goes to the folder `websites`."""
+    """Takes every window of the program, which has just been started for the first time, and ends it. Saves
+    the site in the folder `websites`.
+    """
     press, take = desktop.press, Photographer(desktop, pictures).take
 
     desktop.await_window(WIZARD)
@@ -40,7 +40,7 @@ def take_all(desktop, running, websites, pictures):
     take(WIZARD, "wizard")
     press("Tab", "Tab", "space")
     desktop.await_window("Select Directory to Save the Website")
-    press("Up", "Return")  # the folder above
+    press("Up", "Return")  # the parent folder
     take("Select Directory to Save the Website", "directory")
     press("Escape")
     desktop.await_window(WIZARD)
@@ -61,7 +61,7 @@ def take_all(desktop, running, websites, pictures):
     press("Tab", "Tab", "Return")
 
     desktop.await_window(MAIN)
-    press("Tab", "Tab", "Tab", "Tab")  # from the queue
+    press("Tab", "Tab", "Tab", "Tab")  # away from the queue
     desktop.type("12")  # connections
     copy = websites / "example.test"
     wait_until(lambda: len(list(copy.glob("**/*.html"))) > 30, what="some files")
@@ -91,7 +91,7 @@ def take_all(desktop, running, websites, pictures):
 
 
 def main():
-    # A user with a short name, in this private place only.
+    # A user with a short name, visible only in this namespace.
     subprocess.run(["mount", "-t", "tmpfs", "none", "/mnt"], check=True)
     home = Path("/mnt/anna")
     for name in ("Documents", "Music", "Pictures", "Websites"):

@@ -1,5 +1,5 @@
-# Runs before the files are packed: adds what only the package carries, and compresses what Debian
-# wants compressed. gzip's -n leaves the time out, so that the same files give the same package.
+# Runs before packing: adds the files that only the package contains, and compresses those that Debian requires to be
+# compressed. gzip's -n omits the time, so that the same files give the same package.
 set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
 set(documents ${share}/doc/vantorin)
 file(COPY ${CPACK_VANTORIN_DOCUMENTS} DESTINATION ${documents})

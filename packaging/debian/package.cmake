@@ -1,5 +1,5 @@
-# The Debian package: what "cmake --install" puts into /usr, and what Debian wants beside it.
-# It is for the release of Debian on which it is built.
+# The Debian package: what "cmake --install" puts into /usr, plus the files that Debian requires. It is for the Debian
+# release on which it is built.
 set(debian_folder ${CMAKE_CURRENT_LIST_DIR})
 cmake_host_system_information(RESULT release QUERY DISTRIB_VERSION_CODENAME)
 execute_process(COMMAND date --utc --rfc-email --date=${VANTORIN_RELEASE_DATE}T12:00

@@ -1,5 +1,5 @@
-"""Uses the installed package in another system's folder tree, as an ordinary user: a download without
-a display, and a start from the desktop's menu. packaging/debian/check prepares that system.
+"""Uses the installed package in another system's folder tree as an ordinary user: a download without a
+display, and a start from the desktop's menu. packaging/debian/check prepares that system.
 """
 
 import os
@@ -21,7 +21,7 @@ def expect(condition, what):
 
 
 def as_user(system, *command, **variables):
-    """The command line that runs `command` as the user of that system."""
+    """The command line that runs `command` as that system's user."""
     settings = {"HOME": "/home/anna", "PATH": "/usr/bin:/bin:/usr/games", "LANG": "C.UTF-8",
                 **variables}
     return ["chroot", "--userspec=anna", system, "env", "-i", *(f"{key}={value}" for key, value in settings.items()),
@@ -29,7 +29,7 @@ def as_user(system, *command, **variables):
 
 
 def download(system):
-    """Without a display."""
+    """Downloads without a display."""
     with ScriptedServer(SITE):
         done = subprocess.run(as_user(system, "vantorin", "--site", "www.example.test",
                                       "--folder", "/home/anna/mirror"),

@@ -1,5 +1,5 @@
-// draw_icons FOLDER: draws the program's icon into a folder that exists, as SIZE.png in each of its
-// sizes (pixels) for desktops, and as vantorin.ico for Windows.
+// draw_icons FOLDER: draws the program's icon into an existing folder, as SIZE.png for each size in
+// pixels (for desktops) and as vantorin.ico (for Windows).
 
 #include <QBuffer>
 #include <QDataStream>
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The sizes that Windows asks a program's icon for.
+/// The sizes that Windows requests of a program's icon.
 constexpr int kWindowsSizes[] = {16, 24, 32, 48, 64, 256};
 
 QByteArray PngOf(int size) {
@@ -34,7 +34,7 @@ QByteArray WindowsIcon() {
     const quint32 first = kHeaderSize + kEntrySize * std::size(kWindowsSizes);
     for (const int size : kWindowsSizes) {
         const QByteArray picture = PngOf(size);
-        const auto side = static_cast<quint8>(size);  // the format's 0 means 256
+        const auto side = static_cast<quint8>(size);  // 0 means 256 in this format
         header << side << side << quint16{0} << kPlanes << kBitsPerPixel
                << static_cast<quint32>(picture.size())
                << first + static_cast<quint32>(pictures.size());

@@ -1,8 +1,8 @@
-// "vantorin.com", which a console takes for the command "vantorin".
+// "vantorin.com", which a console runs as the command "vantorin".
 //
-// A console waits neither for a program with windows nor for its exit status. It waits for this
-// one, which starts "vantorin.exe" beside it with the same words and streams, and ends as that one
-// does.
+// A console does not wait for a program with windows, nor for its exit status. It waits for this
+// one, which starts "vantorin.exe" beside it with the same arguments and streams, and returns its
+// exit status.
 
 #include <windows.h>
 
@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The words after the program's own name, as they were typed.
+/// The arguments after the program's name, as typed.
 std::wstring Words(const wchar_t* line) {
     bool quoted = false;
     while (*line != L'\0' && (quoted || (*line != L' ' && *line != L'\t'))) {
@@ -27,14 +27,15 @@ std::wstring ProgramBeside() {
     return path.substr(0, path.rfind(L'.')) + L".exe";
 }
 
-/// A stream that leads to a file or a pipe; the console itself is found by the program.
+/// The stream if it is redirected to a file or a pipe; otherwise null, because the program finds
+/// the console itself.
 HANDLE Redirected(DWORD which) {
     const HANDLE handle = GetStdHandle(which);
     DWORD mode = 0;
     return GetConsoleMode(handle, &mode) ? nullptr : handle;
 }
 
-/// The program notices Ctrl+C by itself and decides how to end.
+/// Ignores Ctrl+C here: the program notices it, too, and decides how to end.
 BOOL WINAPI LeaveItToTheProgram(DWORD event) {
     return event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
 }
@@ -60,7 +61,7 @@ int wmain() {
         std::fputs("vantorin.exe, which belongs beside this command, cannot be started.\n", stderr);
         return kNotStarted;
     }
-    // Without words it shows its window, which the console need not wait for.
+    // Without arguments it shows its window, and the console need not wait.
     if (words.empty()) return 0;
     WaitForSingleObject(started.hProcess, INFINITE);
     DWORD status = kNotStarted;

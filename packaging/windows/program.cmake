@@ -1,5 +1,5 @@
-# What a program for Windows has beside its code: icon, version and manifest; Qt's plugins, which a
-# static Qt holds in itself; and the command for the console.
+# What a Windows program needs besides its code: an icon, a version, a manifest, Qt's plugins (linked into it, because
+# Qt is static), and the command for the console.
 enable_language(RC)
 set(windows ${CMAKE_SOURCE_DIR}/packaging/windows)
 configure_file(${windows}/vantorin.rc.in vantorin.rc @ONLY)
@@ -9,7 +9,7 @@ set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/vantorin.rc PROPERTIES
     INCLUDE_DIRECTORIES "${windows};${CMAKE_CURRENT_BINARY_DIR}"
     OBJECT_DEPENDS "${windows}/vantorin.ico;${CMAKE_CURRENT_BINARY_DIR}/vantorin.manifest")
 
-# The unattended run is on the offscreen platform. Pictures are drawn, none is read from a file.
+# The unattended run uses the offscreen platform. Pictures are drawn, so no image formats are needed.
 qt_import_plugins(vantorin
     INCLUDE Qt6::QOffscreenIntegrationPlugin
     EXCLUDE_BY_TYPE imageformats)

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""qt_parts.py SOURCE FOLDER: collects what the zip says about Qt and the libraries of others in it.
+"""qt_parts.py SOURCE FOLDER: collects what the zip says about Qt and the third-party libraries in it.
 
-Qt's source describes those libraries in files named qt_attribution.json. Each of them has to be named in
-one of the two lists below, so that a newer Qt with one more of them makes no zip that says nothing of it.
-FOLDER gets the texts of the licences, and contents.tsv, which build reads: name, version, licence, file.
+Qt's source describes those libraries in files named qt_attribution.json. Each one must be in one of the two
+lists below, so that no zip omits a library that a newer Qt adds. FOLDER receives the texts of the licences
+and contents.tsv (name, version, licence, file), which the script build reads.
 """
 
 import json
@@ -18,7 +18,7 @@ INSIDE = """
     icc-sRGB-color-profile libpng md4 md4c md5 pcre2 pcre2-sljit rfc6234 sha1 sha3_endian sha3_keccak siphash
     smooth-scaling-algorithm tinycbor unicode-character-database unicode-cldr xserverhelper zlib
 """.split()
-# For other systems and processors, in parts of Qt that the program leaves out, or tools of the build.
+# For other systems and processors, in parts of Qt that the program does not use, or in build tools.
 OUTSIDE = """
     android-gradle-wrapper android-native-style cocoa-platform-plugin cycle dejayvu forkfd libdbus-1-headers libjpeg
     libpsl linuxperf opengl-es2-headers opengl-headers pixman psl qeventdispatcher_cf valgrind vera_font
@@ -27,7 +27,7 @@ OUTSIDE = """
 
 
 def attributions(source):
-    """Each library's description, with the folder in which it stands."""
+    """Each library's description, with the folder that contains it."""
     for path in sorted(source.glob("src/**/qt_attribution.json")):
         described = json.loads(path.read_text(encoding="utf-8"), strict=False)
         for library in described if isinstance(described, list) else [described]:
@@ -35,14 +35,14 @@ def attributions(source):
 
 
 def text_of(folder, library):
-    """The licence in full; where nobody claims one, what the source says of that."""
+    """The licence in full, or what the source says if nobody claims a licence."""
     texts = [(folder / name).read_text(encoding="utf-8", errors="replace")
              for name in library.get("LicenseFiles", [library.get("LicenseFile")]) if name]
     return "\n".join([f"{library['Name']}: {library['License']}", library.get("Copyright", ""), *texts]) + "\n"
 
 
 def version_of(library):
-    """As short as it identifies: some are a commit's whole hash, one with the address of its repository."""
+    """The version, shortened: some are a commit's full hash, and one includes the repository's address."""
     return re.sub(r"([0-9a-f]{12})[0-9a-f]{28}$", r"\1", library.get("Version", "-").split()[-1])
 
 

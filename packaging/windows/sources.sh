@@ -1,6 +1,6 @@
-# Debian's source packages, fetched without a change to the machine's own list of sources.
+# Fetches Debian's source packages without changing the machine's own list of sources.
 
-# The machine's Debian sources, as the places of source packages.
+# The machine's Debian sources, as entries for source packages.
 source_places() {
     local keyring=/usr/share/keyrings/debian-archive-keyring.gpg
     apt-get indextargets --format '$(ORIGIN) $(REPO_URI) $(RELEASE) $(COMPONENT)' \

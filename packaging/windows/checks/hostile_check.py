@@ -1,4 +1,4 @@
-"""Links that lead out of the folder, by what Linux reads in a name and by what Windows reads in one."""
+"""Links that lead out of the folder, under Linux's or Windows' reading of a name."""
 
 import os
 import unittest
@@ -24,7 +24,7 @@ class HostileCheck(unittest.TestCase):
         wine = self.enterContext(Wine(home))
         (DRIVE_C / "canary").mkdir()
         (DRIVE_C / "canary/kept.txt").write_text("as it was")
-        wine.run(COMMAND, "--version")  # what Windows makes at a first start is there
+        wine.run(COMMAND, "--version")  # creates what Windows makes at a first start
         before = outside()
         links = [*ESCAPES, b".*./.*./canary/kept.txt", b".*./.*./Vantorin/filters.txt"]
         answers = {path: page(links_to(*links, b"/a/b/c/deep.html")) for path in (b"/", b"/a/b/c/deep.html")}
@@ -41,8 +41,9 @@ class HostileCheck(unittest.TestCase):
 
 
 def outside():
-    """All that lies outside the mirror: the files of people and programs with their bytes, and the names
-    in the roots."""
+    """Everything outside the mirror: the user's and the programs' files with their contents, and suspicious
+    names in the root folders.
+    """
     kept = ("Mirror", "windows", "users")
     files = {path: data for path, data in tree(DRIVE_C).items()
              if os.fsdecode(path).split("/")[0] not in kept and not path.startswith(b"Vantorin/temp/")}

@@ -1,4 +1,4 @@
-"""The same sites downloaded by the Linux program and by the Windows program: the copies, file by file."""
+"""Downloads the same sites with the Linux and the Windows program and compares the copies file by file."""
 
 import unittest
 
@@ -27,7 +27,7 @@ class MirrorCheck(unittest.TestCase):
         self.wine = self.enterContext(Wine(self.folder / "home"))
 
     def both(self, site, *arguments):
-        """The trees that the two programs make of a site, both from their command."""
+        """The trees that the two programs make of a site, both run as a command."""
         name = site.split(".")[1]
         crawl = Crawl(self.linux, site, self.folder / name, *arguments)
         self.assertEqual(crawl.wait(), 0, crawl.output())
@@ -39,7 +39,7 @@ class MirrorCheck(unittest.TestCase):
     def test_real_sites_are_the_same_byte_for_byte(self):
         with web.nginx(private_network.scratch("nginx"), SITES):
             for site in SITES:
-                # One connection, so that the record files have one order, too.
+                # One connection gives the record files the same order, too.
                 linux, windows = self.both(site, "--connections", "1")
                 self.assertGreater(len(linux), 80)
                 print(f"{site}: {len(linux)} files on Linux, {len(windows)} on Windows", flush=True)
@@ -56,7 +56,9 @@ class MirrorCheck(unittest.TestCase):
                     self.compare_extracts(*extracts)
 
     def compare_extracts(self, linux, windows):
-        """In the system's code page there; what it does not have becomes "?" or a letter like it."""
+        """The Windows extract is in the system's code page. A character that the code page lacks becomes "?"
+        or a similar letter.
+        """
         linux, windows = linux.decode(), windows.decode("cp1252", "replace")
         self.assertEqual(len(linux), len(windows))
         other = {a for a, b in zip(linux, windows) if a != b}

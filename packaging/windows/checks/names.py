@@ -1,4 +1,4 @@
-"""What becomes on Windows of the names that the Linux program saves."""
+"""How names that the Linux program saves look on Windows."""
 
 import re
 
@@ -7,12 +7,12 @@ NO_NAME = re.compile(rb'[\x00-\x1f<>:"|?*]|[. ]$')
 
 
 def is_refused(path):
-    """Whether the system takes a part of this path for anything but a file's name."""
+    """Whether Windows takes a part of this path for anything but a file's name."""
     return any(NO_NAME.search(name) or DEVICE.fullmatch(name) for name in path.split(b"/"))
 
 
 def windows_name(path):
-    """The bytes of a name are in the code page of Western Europe there; Wine's disk shows it in UTF-8."""
+    """On Windows, a name's bytes are in the Western European code page. Wine's disk shows it in UTF-8."""
     return "".join(letter(byte) for byte in path).encode()
 
 
@@ -20,12 +20,14 @@ def letter(byte):
     try:
         return bytes([byte]).decode("cp1252")
     except UnicodeDecodeError:
-        return chr(byte)  # the five that the code page leaves open
+        return chr(byte)  # one of the five that the code page leaves undefined
 
 
 def differences(linux, windows):
-    """Where two trees differ that should be alike but for the names that Windows has not, in plain words;
-    and how many files were the same, refused, or fell together with one of another case."""
+    """Compares two trees that should be equal except for names that Windows cannot have. Returns the
+    differences in plain words, and the number of files that were the same, refused, or merged with one whose
+    name differs only in case.
+    """
     faults, expected, refused = [], {}, 0
     for path, data in linux.items():
         if is_refused(path):

@@ -1,6 +1,7 @@
 """Runs the checks in a private network. packaging/windows/check builds what they need and starts this.
 
-A word picks what to run: "mirror_check", or "window_check.WindowCheck.test_first_start_to_a_whole_copy".
+An argument selects what to run: "mirror_check", or
+"window_check.WindowCheck.test_first_start_to_a_whole_copy".
 """
 
 import sys

@@ -64,7 +64,7 @@ class UnattendedCheck(unittest.TestCase):
             self.assertTrue(output.endswith(" bytes.\r\n"), output)
             self.assertEqual(len([path for path in tree(DRIVE_C / "Mirror") if path.startswith(b"example.test/")]), 3)
             shutil.rmtree(DRIVE_C / "Mirror")
-            # As typed in a console: the command without its extension, led into a file by the shell.
+            # As typed in a console: the command without its extension, redirected to a file by the shell.
             line = f"vantorin {' '.join(HERE)} > C:\\output.txt"
             _, status = self.wine.run("cmd", "/c", line, cwd=DRIVE_C / "Vantorin")
             self.assertEqual(status, 0)
@@ -93,13 +93,14 @@ class UnattendedCheck(unittest.TestCase):
                                      (130, b"when it was stopped."))
 
     def in_console(self, *arguments, said=b"vantorin --help", keys=b""):
-        """The exit status in a console in which `keys` are pressed once a crawl runs, and `said` if that
-        is what the console shows."""
+        """Runs a command in a console and presses `keys` once a crawl is running. Returns the exit status,
+        and `said` if the console shows that, otherwise all that it shows.
+        """
         process, console = pty.fork()
         if process == 0:
             os.execvpe("wine", ["wine", *arguments], self.wine.environment)
         shown = b""
-        with contextlib.suppress(OSError):  # so ends what it shows
+        with contextlib.suppress(OSError):  # the end of its output
             while data := os.read(console, 65536):
                 shown += data
                 if keys and b" queued" in shown:

@@ -1,4 +1,4 @@
-"""The core's unit tests, the contract tests and those of the window, compiled for Windows."""
+"""The unit tests of the core, the contract tests and the window's tests, compiled for Windows."""
 
 import re
 import shutil
@@ -7,7 +7,7 @@ import unittest
 from harness import private_network
 from wine import DRIVE_C, ROOT, Wine
 
-# Why a test cannot be passed here.
+# Why a test cannot pass here.
 NO_RESET = "Wine tells of a reset as of a close in good order"
 NO_FONT = "Qt's offscreen platform finds no fonts under Wine; window_check shows them"
 SKIPPED = {
@@ -23,7 +23,7 @@ class UnitCheck(unittest.TestCase):
     def setUp(self):
         self.wine = self.enterContext(Wine(private_network.scratch("unit")))
 
-        # The names that other checks have; these tests have name servers of their own.
+        # Without the names that other checks need, because these tests have their own name servers.
         (DRIVE_C / "windows/system32/drivers/etc/hosts").write_text("127.0.0.1 localhost\r\n")
 
         shutil.copy(ROOT / "build/windows/tests/explorer.exe", DRIVE_C / "windows/explorer.exe")

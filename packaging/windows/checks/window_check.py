@@ -1,4 +1,4 @@
-"""The program in its window, by keyboard alone."""
+"""The program in its window, used by keyboard alone."""
 
 import shutil
 import unittest
@@ -54,7 +54,7 @@ class WindowCheck(unittest.TestCase):
         self.assertNotIn("Vantorin\\Vantorin", self.wine.registry("HKCU\\Software\\Vantorin"))
 
     def test_every_dialog_pause_stop_and_exit(self):
-        """Their pictures go to the build folder; look at them, and then to docs/pictures/windows."""
+        """Takes pictures into the build folder. Look at them and copy them to docs/pictures/windows."""
         self.serve("limit_rate 20k;")
         for name in ("Documents", "Music", "Websites"):
             (DRIVE_C / name).mkdir()

@@ -1,4 +1,4 @@
-"""A Windows of the check's own: Wine with nothing in it but what the check puts there."""
+"""A private Windows for a check: Wine, containing only what the check puts there."""
 
 import os
 import shutil
@@ -14,12 +14,12 @@ PROGRAM = "C:\\Vantorin\\vantorin.exe"
 COMMAND = "C:\\Vantorin\\vantorin.com"
 DRIVE_C = PREFIX / "drive_c"
 
-# Wine asks to install what shows web pages and runs .NET programs, which nothing here needs.
+# Keeps Wine from offering to install components for web pages and .NET programs, which nothing here needs.
 QUIET = {"WINEDEBUG": "-all", "WINEDLLOVERRIDES": "mscoree,mshtml=", "WINEPREFIX": str(PREFIX)}
 
 
 class Wine:
-    """Windows on a desktop, or without one. As a context, until it shuts down."""
+    """Windows, with or without a desktop. As a context manager, it shuts down at the end."""
 
     def __init__(self, home, desktop=None):
         self.environment = (desktop.environment if desktop else environment(home)) | QUIET
@@ -28,7 +28,7 @@ class Wine:
         shutil.rmtree(PREFIX, ignore_errors=True)
         PREFIX.mkdir(parents=True)
         subprocess.run(["wineboot", "--init"], env=self.environment, capture_output=True, check=True, timeout=300)
-        # Its programs look host names up here.
+        # Its programs look up host names here.
         shutil.copy("/etc/hosts", DRIVE_C / "windows/system32/drivers/etc/hosts")
         self.install()
         return self
@@ -38,7 +38,7 @@ class Wine:
         subprocess.run(["wineserver", "--wait"], env=self.environment, check=False)
 
     def install(self):
-        """What a person does: unpacks the zip. Its one folder is called C:\\Vantorin here."""
+        """Installs the program as a user does, by unpacking the zip. Its folder becomes C:\\Vantorin."""
         with zipfile.ZipFile(os.environ["VANTORIN_ZIP"]) as archive:
             archive.extractall(DRIVE_C)
         folder, = DRIVE_C.glob("vantorin-*")
@@ -48,13 +48,13 @@ class Wine:
         return subprocess.Popen(["wine", *map(str, arguments)], env=self.environment, **how)
 
     def run(self, *arguments, seconds=120, **how):
-        """What the program prints, and its exit status."""
+        """Runs a program and returns its output and its exit status."""
         how = {"stdout": subprocess.PIPE, "stderr": subprocess.STDOUT, "stdin": subprocess.DEVNULL} | how
         done = subprocess.run(["wine", *map(str, arguments)], env=self.environment, timeout=seconds, check=False, **how)
         return (done.stdout or b"").decode(errors="replace"), done.returncode
 
     def registry(self, key):
-        """The values of a key as the system's own tool shows them; "" when there is none."""
+        """The values of a key as shown by the system's own tool; "" if the key does not exist."""
         text, status = self.run("reg", "query", key)
         return text if status == 0 else ""
 
