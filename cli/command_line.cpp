@@ -51,14 +51,15 @@ struct Options {
 
 /// The manual page, docs/vantorin.1, says the same.
 constexpr char kHelp[] =
-    R"(Usage: vantorin
+    R"(Usage: vantorin [ADDRESS]
        vantorin --site ADDRESS --folder FOLDER [OPTION]...
        vantorin --search WORDS --folder FOLDER [--limit N]
 
 Downloads a web site into a folder, for browsing without a network. The first
-form opens the program's window. The second one needs no display: it says on a
-terminal how far it is, then what became of the addresses, and answers every
-question with No. Ctrl+C stops it, a second Ctrl+C at once.
+form opens the program's window, with ADDRESS in its wizard. The second one
+needs no display: it says on a terminal how far it is, then what became of the
+addresses, and answers every question with No. Ctrl+C stops it, a second Ctrl+C
+at once.
 
 Options:
   --site ADDRESS      the page to start from
@@ -110,6 +111,12 @@ Files:
        is there already. The wizard of the window offers to remove them; a fresh
        folder does as well.
 )";
+
+CommandLine WindowFor(const QStringList& words) {
+    CommandLine line;
+    if (!words.isEmpty()) line.address = platform::ToBytes(words.first().trimmed());
+    return line;
+}
 
 CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) {
     CommandLine line{CommandLine::Action::Crawl, {}, {}, {}, 0};
@@ -176,10 +183,9 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     if (parser.isSet(options.version)) {
         return {CommandLine::Action::Print, {}, {}, QString(ui::kNameAndVersion) + "\n", 0};
     }
-    if (!parser.positionalArguments().isEmpty()) {
-        return Refuse("Unknown argument \"" + parser.positionalArguments().first() + "\".");
-    }
-    if (parser.optionNames().isEmpty()) return {};
+    const QStringList words = parser.positionalArguments();
+    if (parser.optionNames().isEmpty() && words.size() < 2) return WindowFor(words);
+    if (!words.isEmpty()) return Refuse("Unknown argument \"" + words.last() + "\".");
     if (parser.isSet(options.search)) return SearchFrom(parser, options);
     return OrderFrom(parser, options);
 }

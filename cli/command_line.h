@@ -26,6 +26,8 @@ struct CommandLine {
     SearchOrder search;  ///< for `Search`
     QString text;        ///< for `Print`
     int exit_code = 0;   ///< for `Print`; 2 when the arguments are wrong
+    /// For `OpenWindow`: the web site to offer; "" for the one of the last time.
+    std::string address = {};
 };
 
 /// Reads the command line; `arguments` begin with the program's name.

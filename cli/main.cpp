@@ -18,6 +18,7 @@
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/system_files.h"
+#include "setup/settings.h"
 #include "text/text.h"
 #include "ui/version.h"
 #include "ui/window_holder.h"
@@ -83,7 +84,8 @@ void ExitInsteadOfAbort(QtMsgType type, const QMessageLogContext&, const QString
     std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
 }
 
-int RunWindow(int argc, char** argv) {
+/// `address` is what the wizard begins with; "" for what it had the last time.
+int RunWindow(const std::string& address, int argc, char** argv) {
     if (!HasDisplay()) {
         SayThatNoDisplayIsThere();
         return kNoDisplay;
@@ -103,6 +105,7 @@ int RunWindow(int argc, char** argv) {
     platform::QtSettingsStore settings;
     platform::QtMessageBoxes boxes;
     cli::SystemServices system(settings, boxes);
+    if (!address.empty()) bas_General::PutSetting("LastURL", address);
     ui::WindowHolder holder(system.Events(), {ShowWizard, MakeSocket});
     const cli::ExitWatch exit_watch(holder);
     holder.Load();
@@ -174,5 +177,5 @@ int main(int argc, char** argv) {
         case CommandLine::Action::OpenWindow:
             break;
     }
-    return RunWindow(argc, argv);
+    return RunWindow(line.address, argc, argv);
 }

@@ -19,6 +19,7 @@
 #include "forms/z_dir.h"
 #include "forms/z_filter.h"
 #include "platform/qt/local_text.h"
+#include "setup/recent_addresses.h"
 #include "setup/settings.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -158,7 +159,9 @@ void frmNew::Command1_Click() {
     if (!SetToInDIR() || !bas_Connections::ClaimTargetFolder()) return;
     SaveFileTypes();
     copy_notes_->Stop();
-    engine::Window().SetText1(platform::ToBytes(txt_url_->text()));
+    const std::string address = platform::ToBytes(txt_url_->text());
+    if (address_line_->Warning().isEmpty()) bas_General::NoteAddress(address);
+    engine::Window().SetText1(address);
     bas_Connections::ConnectNowNow();
     accept();
 }

@@ -2,6 +2,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "forms/address_completer.h"
 #include "forms/address_line.h"
 #include "forms/byte_list.h"
 #include "forms/copy_notes.h"
@@ -14,6 +15,7 @@
 #include "widgets/elided_label.h"
 #include "widgets/icons.h"
 #include "widgets/label_font.h"
+#include "widgets/link_drop.h"
 #include "widgets/note_line.h"
 #include "widgets/pixel_grid_item.h"
 #include "widgets/twips.h"
@@ -42,6 +44,8 @@ void frmNew::MakeControls() {
     AddPictures(this);
     MakeMainArea();
     MakeOptionsArea();
+    new AddressCompleter(txt_url_);
+    new LinkDrop(this, txt_url_);
     SetTabOrder({txt_url_, address_line_->Link(), txt_dir_, command7_,
                  copy_notes_->Unfinished()->Link(), command1_, command6_, list1_, command3_,
                  command4_, command5_, list2_, command8_, command2_});

@@ -146,6 +146,12 @@ void zFilter::Form_Unload() {
     bas_General::StoreKeywordFilters(list1_->Items());
 }
 
+void zFilter::Suggest(const std::string& keyword) {
+    text1_->setText(platform::FromBytes(keyword));
+    text1_->setFocus();
+    text1_->selectAll();
+}
+
 void zFilter::done(int result) {
     Form_Unload();
     QDialog::done(result);

@@ -24,6 +24,9 @@ class zFilter : public QDialog {
     /// there, which makes it usable while `parent` is modal.
     static zFilter* ShowOver(QWidget* parent);
 
+    /// Types `keyword`, to be shortened and added.
+    void Suggest(const std::string& keyword);
+
     void done(int result) override;
 
   protected:

@@ -1,6 +1,7 @@
 #include "setup/file_types.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "platform/services.h"
@@ -51,6 +52,30 @@ bool MakeFirstFileTypesFile() {
 bool AnyFileTypeKnown() {
     const std::vector<std::string> types = ReadFileTypes();
     return std::any_of(types.begin(), types.end(), CanBeAType);
+}
+
+std::string FileTypeOf(const std::string& address) {
+    const std::string lowered = text::LowerCase(address);
+    const std::size_t dot = lowered.rfind('.');
+    const std::string type(dot == lowered.npos ? "" : text::Trim(lowered.substr(dot)));
+    const bool plain = std::ranges::all_of(type.begin() + !type.empty(), type.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+    });
+    return plain && type.size() > 1 ? type : std::string();
+}
+
+bool AddFileTypes(const std::vector<std::string>& types) {
+    MakeFirstFileTypesFile();
+    const auto is_in = [](const std::string& set, const std::string& type) {
+        return text::Contains(set, ":" + type + ":");
+    };
+    const std::string known = LoadFileTypes();
+    std::vector<std::string> list = ReadFileTypes();
+    std::ranges::remove_copy_if(types, std::back_inserter(list),
+                                [&](const std::string& type) { return is_in(known, type); });
+    WriteFileTypes(list);
+    return std::ranges::all_of(
+        types, [&, now = LoadFileTypes()](const std::string& type) { return is_in(now, type); });
 }
 
 std::string LoadFileTypes() {

@@ -60,6 +60,27 @@ TEST(SharedList, AppliesWhatOthersChangedToWhatIsEdited) {
     }
 }
 
+TEST(FileTypes, OfAnAddressIsWhatFollowsItsLastDot) {
+    const std::pair<const char*, const char*> cases[] = {{"site.com/a.b/c.WAV", ".wav"},
+                                                         {"site.com/x.torrent", ".torrent"},
+                                                         {"site.com/dir/file", ""},
+                                                         {"site.com/a.php?x=1", ""},
+                                                         {"site.com/a.", ""},
+                                                         {"", ""},
+                                                         {"site.com/a.b_c", ""}};
+    for (const auto& [address, type] : cases)
+        EXPECT_EQ(FileTypeOf(address), type) << address;
+}
+
+TEST(FileTypes, AreAddedOnceAtTheEnd) {
+    fakes::FakeSystem system;
+    system.files.Have(kTypesFile, ".htm\r\n .WAV \r\n");
+    EXPECT_TRUE(AddFileTypes({".iso", ".wav"}));
+    EXPECT_EQ(system.files.At(kTypesFile), ".htm\r\n.WAV\r\n.iso\r\n");
+    system.files.disk_full = true;
+    EXPECT_FALSE(AddFileTypes({".ogg"}));
+}
+
 TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
     fakes::FakeSystem system;
     system.files.Have(kTypesFile, "\r\n  .GIF \r\n   \r\n.b");

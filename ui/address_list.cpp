@@ -1,8 +1,5 @@
 #include "ui/address_list.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -47,7 +44,7 @@ AddressList::AddressList(crawl::ListItems& items, Shows shows, QWidget* parent)
     setTextElideMode(Qt::ElideMiddle);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setTabKeyNavigation(false);
     MakeMenu();
 
@@ -60,32 +57,16 @@ AddressList::AddressList(crawl::ListItems& items, Shows shows, QWidget* parent)
     setMouseTracking(true);
 }
 
-void AddressList::MakeMenu() {
-    setContextMenuPolicy(Qt::ActionsContextMenu);
-    auto* open = new QAction("Open in the Browser", this);
-    open->setObjectName("OpenAddress");
-    connect(open, &QAction::triggered, this, &AddressList::Activated);
-    auto* copy = new QAction("Copy Address", this);
-    copy->setObjectName("CopyAddress");
-    copy->setShortcut(QKeySequence::Copy);
-    copy->setShortcutContext(Qt::WidgetShortcut);
-    connect(copy, &QAction::triggered, this, &AddressList::CopySelected);
-    addActions({open, copy});
-}
-
 void AddressList::Detach() {
     model_->Detach();
 }
 
 std::string AddressList::Selected() {
     ShowChanges();
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    return selected.empty() ? std::string() : model_->Address(selected.front().row());
-}
-
-void AddressList::CopySelected() {
-    const std::string address = Selected();
-    if (!address.empty()) QApplication::clipboard()->setText(platform::FromBytes(address));
+    const QItemSelection selected = selectionModel()->selection();
+    if (selected.empty()) return {};
+    return model_->Address(selected.contains(currentIndex()) ? currentIndex().row()
+                                                             : selected.front().top());
 }
 
 void AddressList::ShowChanges() {
@@ -129,12 +110,6 @@ void AddressList::focusInEvent(QFocusEvent* event) {
         selectRow(shows_ == Shows::End ? model_->rowCount() - 1 : 0);
     }
     QTableView::focusInEvent(event);
-}
-
-void AddressList::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
-    // Qt would select a neighbour of what goes.
-    if (currentIndex().row() >= start) selectionModel()->clear();
-    QTableView::rowsAboutToBeRemoved(parent, start, end);
 }
 
 QModelIndex AddressList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {

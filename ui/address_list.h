@@ -2,7 +2,9 @@
 
 #include <QTableView>
 #include <QTimer>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "crawl/list_items.h"
 
@@ -25,9 +27,12 @@ class AddressList : public QTableView {
     /// Stops observing the items, so that another list can.
     void Detach();
 
-    /// The address of the selected row; "" when none is selected. A selected item that was taken
-    /// away leaves nothing selected.
+    /// The address of the selected row, of several the one that has the focus; "" when none is
+    /// selected. A selected item that was taken away is not selected any more.
     std::string Selected();
+
+    /// Adds an entry to the menu that asks for the file types of the selected addresses.
+    void OfferTypes();
 
     void keyboardSearch(const QString& typed) override;
 
@@ -38,11 +43,16 @@ class AddressList : public QTableView {
     /// This address was double-clicked: the one under the pointer when the first click came.
     void DoubleClicked(const std::string& address);
 
+    /// This address is to become a keyword filter.
+    void FilterWanted(const std::string& address);
+
+    /// Files of these types are to be fetched.
+    void TypesWanted(const std::vector<std::string>& types);
+
     /// The items have changed, and the rows with them where they are in sight.
     void Refreshed();
 
   protected:
-    void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -55,10 +65,15 @@ class AddressList : public QTableView {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    // address_list_menu.cpp
     void MakeMenu();
+    QAction* AddEntry(const char* name, const QString& caption,
+                      const std::function<void()>& handler);
+    std::vector<std::string> AllSelected();
+    std::vector<std::string> All();
+
     void ShowChanges();
     void Refresh();
-    void CopySelected();
     bool AtEnd() const;
     std::string AddressAt(const QPoint& place) const;
     QString TooltipAt(const QPoint& place) const;

@@ -115,6 +115,9 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void ConnectCrawl();
     void ExploreTarget();
     static void OpenAddress(std::string address);
+    void SuggestFilter(const std::string& address);
+    static void AddTypes(const std::vector<std::string>& types);
+    void Start();
     void mnunew_Click();
     void mnuabout_Click();
     void ShowOtherLinks(bool other_links);

@@ -8,6 +8,8 @@
 #include "forms/z_filter.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
+#include "setup/file_types.h"
+#include "setup/recent_addresses.h"
 #include "setup/settings.h"
 #include "text/text.h"
 #include "ui/frm_main.h"
@@ -44,13 +46,9 @@ void frmMain::ConnectHandlers() {
 }
 
 void frmMain::ConnectControls() {
-    On(text1_, &QLineEdit::returnPressed, [] {
-        if (FolderIsReady()) bas_Connections::Text1_KeyDown(bas_Connections::kEnterKey);
-    });
+    On(text1_, &QLineEdit::returnPressed, [this] { Start(); });
     On(text1_, &QLineEdit::textChanged, [this] { JudgeAddress(); });
-    On(command1_, &QPushButton::clicked, [] {
-        if (FolderIsReady()) bas_Connections::ConnectNowNow();
-    });
+    On(command1_, &QPushButton::clicked, [this] { Start(); });
     On(command2_, &QPushButton::clicked, [] { bas_Connections::AskStop(); });
     On(command3_, &QPushButton::clicked, [this] { filters_ = zFilter::ShowOver(this); });
     On(command4_, &QPushButton::clicked, [this] { ExploreTarget(); });
@@ -59,8 +57,10 @@ void frmMain::ConnectControls() {
         connect(list, &AddressList::DoubleClicked, this, [this](const std::string& address) {
             if (!retired_) OpenAddress(address);
         });
+        connect(list, &AddressList::FilterWanted, this, &frmMain::SuggestFilter);
         On(list, &AddressList::Refreshed, [this] { ListChanged(); });
     }
+    connect(list2_, &AddressList::TypesWanted, this, &frmMain::AddTypes);
     On(other_links_, &QToolButton::clicked, [this] { ShowOtherLinks(list2_->isHidden()); });
 
     // Leaving the box is no choice from its list.
@@ -70,6 +70,12 @@ void frmMain::ConnectControls() {
     On(txt_max_, &QComboBox::currentTextChanged, [this] { ShowProgress(); });
     On(&progress_->ReportButton(), &QPushButton::clicked,
        [this] { report_ = ReportDialog::ShowOver(this); });
+}
+
+void frmMain::Start() {
+    if (!FolderIsReady()) return;
+    if (address_line_->Warning().isEmpty()) bas_General::NoteAddress(Text1());
+    bas_Connections::Text1_KeyDown(bas_Connections::kEnterKey);
 }
 
 void frmMain::ConnectMenu() {
@@ -114,6 +120,27 @@ void frmMain::OpenAddress(std::string address) {
         address = "http://" + std::string(text::Trim(address));
     }
     platform::System().processes.OpenAddress(address);
+}
+
+void frmMain::SuggestFilter(const std::string& address) {
+    if (retired_) return;
+    zFilter* filters = zFilter::ShowOver(this);
+    filters_ = filters;
+    filters->Suggest(address);
+}
+
+void frmMain::AddTypes(const std::vector<std::string>& types) {
+    std::string names;
+    for (const std::string& type : types)
+        names += " " + type;
+    platform::MessageBoxes& boxes = platform::System().boxes;
+    if (bas_General::AddFileTypes(types)) {
+        boxes.MsgBox("The next download will get files of this type, too:" + names,
+                     platform::BoxStyle::Information, "File Types");
+    } else {
+        boxes.MsgBox("The list of file types cannot be written.", platform::BoxStyle::Stop,
+                     "File Types");
+    }
 }
 
 void frmMain::ShowOtherLinks(bool other_links) {

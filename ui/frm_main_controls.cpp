@@ -2,6 +2,7 @@
 #include <QVBoxLayout>
 
 #include "engine/main_window.h"
+#include "forms/address_completer.h"
 #include "forms/address_line.h"
 #include "ui/frm_main.h"
 #include "ui/version.h"
@@ -11,6 +12,7 @@
 #include "widgets/controls.h"
 #include "widgets/icons.h"
 #include "widgets/label_font.h"
+#include "widgets/link_drop.h"
 #include "widgets/readable.h"
 #include "widgets/twips.h"
 
@@ -54,6 +56,8 @@ void frmMain::MakeControls() {
     MakeLists();
     MakeMenu();
     MakeConnections();
+    new AddressCompleter(text1_);
+    new LinkDrop(this, text1_);
     SetTabOrder({text1_, address_line_->Link(), command1_, command2_, command3_, command4_,
                  txt_max_, picture1_, other_links_, list1_, list2_, &progress_->ReportButton()});
 }
@@ -91,6 +95,7 @@ void frmMain::MakeLists() {
     list2_ = new AddressList(crawl::List2, AddressList::Shows::Beginning, client_);
     list2_->setObjectName("List2");
     list2_->setAccessibleName(list2_heading_->text());
+    list2_->OfferTypes();
     list2_->setToolTip("Links on the site whose file type is not wanted");
     other_links_ = new QToolButton(client_);
     other_links_->setObjectName("OtherLinks");

@@ -162,6 +162,45 @@ TEST_F(AddressList, ShowsThatItHasTheKeyboardWithoutARow) {
     EXPECT_NE(list.grab().toImage(), focused);
 }
 
+TEST_F(AddressList, CopiesWhatIsChosenAndAll) {
+    Add(5);
+    Refresh();
+    const auto clipboard = [] { return QApplication::clipboard()->text(); };
+    QTest::keyClick(&list, Qt::Key_End);
+    QTest::keyClick(&list, Qt::Key_Up, Qt::ShiftModifier);
+    const QPoint first_row = list.visualRect(list.model()->index(0, 0)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, first_row);
+    EXPECT_EQ(list.Selected(), "www.site.com/0") << "the one with the focus";
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(clipboard(), "www.site.com/0\nwww.site.com/3\nwww.site.com/4");
+
+    items.RemoveLast();
+    items.AddItem("another");
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(clipboard(), "www.site.com/0\nwww.site.com/3");
+    list.findChild<QAction*>("CopyAll")->trigger();
+    EXPECT_EQ(clipboard().count('\n'), 4);
+    EXPECT_TRUE(clipboard().endsWith("\nanother"));
+}
+
+TEST_F(AddressList, OffersTheTypesOfWhatIsChosen) {
+    list.OfferTypes();
+    for (const char* item : {"site.com/a.WAV", "site.com/b", "site.com/c.iso", "site.com/d.wav"})
+        items.AddItem(item);
+    Refresh();
+    auto* entry = list.findChild<QAction*>("GetType");
+    EXPECT_FALSE(entry->isEnabled());
+    list.selectRow(1);
+    EXPECT_FALSE(entry->isEnabled());
+    list.selectRow(0);
+    EXPECT_EQ(entry->text(), "Get files of this type (.wav)");
+    QSignalSpy wanted(&list, &ui::AddressList::TypesWanted);
+    QTest::keySequence(&list, QKeySequence::SelectAll);
+    entry->trigger();
+    EXPECT_EQ(wanted.at(0).at(0).value<std::vector<std::string>>(),
+              (std::vector<std::string>{".iso", ".wav"}));
+}
+
 TEST_F(AddressList, SelectionIsNeverAnItemThatIsGone) {
     Add(3);
     Refresh();

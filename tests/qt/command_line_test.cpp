@@ -29,12 +29,19 @@ const QString kCrawl = "--site www.site.com --folder /srv/mirror ";
 TEST(CommandLine, RefusesWhatItCannotRead) {
     for (const QString& words :
          {QString("--site www.site.com"), QString("--site"), QString("--site  --folder /srv"),
-          kCrawl + "more", kCrawl + "--connections 0", kCrawl + "--timeout 1e300",
-          kCrawl + "--timeout 0.0004"}) {
+          kCrawl + "more", QString("www.site.com www.other.com"), kCrawl + "--connections 0",
+          kCrawl + "--timeout 1e300", kCrawl + "--timeout 0.0004"}) {
         const cli::CommandLine line = Read(words);
         EXPECT_EQ(line.exit_code, 2) << words.toStdString();
         EXPECT_TRUE(line.text.contains("--help")) << words.toStdString();
     }
+}
+
+TEST(CommandLine, AnAddressAloneOpensTheWindow) {
+    const cli::CommandLine line = Read("http://www.site.com/a?b");
+    EXPECT_EQ(line.action, Action::OpenWindow);
+    EXPECT_EQ(line.address, "http://www.site.com/a?b");
+    EXPECT_EQ(cli::ReadCommandLine({"vantorin"}).address, "");
 }
 
 TEST(CommandLine, ReadsAnOrder) {

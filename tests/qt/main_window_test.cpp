@@ -1,5 +1,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QCompleter>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -8,7 +10,10 @@
 #include <QWheelEvent>
 
 #include "engine/endings.h"
+#include "setup/recent_addresses.h"
 #include "setup/settings.h"
+#include "tests/fakes/temp_folder.h"
+#include "tests/qt/drop.h"
 #include "tests/qt/window_bench.h"
 #include "ui/address_list.h"
 #include "ui/connection_panel.h"
@@ -432,6 +437,82 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     other_links.selectRow(0);
     other_links.findChild<QAction*>("OpenAddress")->trigger();
     EXPECT_EQ(system.processes.addresses.back(), "http://site.com/d.iso");
+}
+
+TEST_F(MainWindow, MakesFiltersTypesAndFilesOfItsAddresses) {
+    Open();
+    Click("OtherLinks");
+    auto& other_links = The<ui::AddressList>("List2");
+    for (const char* item : {"site.com/ads/a.WAV", "site.com/ads/b.iso"})
+        crawl::List2.AddItem(item);
+    ASSERT_TRUE(WaitFor([&] { return other_links.model()->rowCount() == 2; }));
+    const auto choose = [&](const char* entry) {
+        other_links.findChild<QAction*>(entry)->trigger();
+    };
+    other_links.selectRow(0);
+    choose("AddFilter");
+    auto* keyword = Window().findChild<QDialog*>("zFilter")->findChild<QLineEdit*>("Text1");
+    EXPECT_EQ(keyword->selectedText(), "site.com/ads/a.WAV");
+    QTest::keyClicks(keyword, "/ads/");
+    QTest::keyClick(keyword, Qt::Key_Return);
+    QTest::keyClick(keyword, Qt::Key_Escape);
+    EXPECT_EQ(system.files.At("c:\\program\\filters.txt"), "/ADS/\r\n");
+
+    other_links.selectAll();
+    choose("GetType");
+    EXPECT_EQ(system.boxes.asked.back().message,
+              "The next download will get files of this type, too: .iso .wav");
+    EXPECT_EQ(system.files.At("c:\\program\\temp\\filetypes.txt"), ".html\r\n.iso\r\n.wav\r\n");
+
+    const fakes::TempFolder folder;  // the dialog looks for it
+    system.files.Have(folder.Text());
+    for (const bool writable : {false, true}) {
+        system.files.disk_full = !writable;
+        choose("SaveList");
+        auto* dialog = Window().findChild<QFileDialog*>("SaveText");
+        auto* name = dialog->findChild<QLineEdit*>();
+        name->setText(QString::fromStdString((folder.SystemPath() / "links.txt").string()));
+        QTest::keyClick(name, Qt::Key_Return);
+        ASSERT_TRUE(
+            WaitFor([&] { return Window().findChild<QFileDialog*>("SaveText") == nullptr; }));
+        EXPECT_EQ(system.files.At(folder.Text() + "\\links.txt"),
+                  writable ? "site.com/ads/a.WAV\r\nsite.com/ads/b.iso\r\n" : "(none)");
+        EXPECT_EQ(system.boxes.asked.back().title, "Save") << "of the first time";
+    }
+}
+
+TEST_F(MainWindow, OffersAddressesUsedBefore) {
+    bas_General::NoteAddress("www.first.test/docs/");
+    Open();
+    auto& address = The<QLineEdit>("Text1");
+    address.clearFocus();
+    address.setFocus();
+    QTest::keyClicks(&address, "fir");
+    QAbstractItemView* offers = address.completer()->popup();
+    ASSERT_TRUE(offers->isVisible());
+    QTest::keyClick(offers, Qt::Key_Down);
+    QTest::keyClick(offers, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Window().Text1(), "www.first.test/docs/");
+    EXPECT_TRUE(Window().Command1Enabled()) << "this Enter only chooses";
+    QTest::keyClick(&address, Qt::Key_Return);
+    EXPECT_FALSE(Window().Command1Enabled());
+    EXPECT_EQ(bas_General::RecentAddresses(), Texts{"www.first.test/docs/"});
+}
+
+TEST_F(MainWindow, TakesALinkThatIsDropped) {
+    Open();
+    for (const char* place : {"Text1", "txtMax", "List1"}) {
+        EXPECT_TRUE(Drop(The<QWidget>(place), "", QUrl("http://www.b\u00fccher.test/a b")));
+        EXPECT_EQ(Window().Text1(), "http://www.xn--bcher-kva.test/a%20b");
+        EXPECT_TRUE(Drop(The<QWidget>(place), " www.site.com/x "));
+        EXPECT_EQ(Window().Text1(), "www.site.com/x");
+    }
+    EXPECT_FALSE(Drop(The<QWidget>("Text1"), "two words"));
+    EXPECT_FALSE(Drop(The<QWidget>("Text1"), "", QUrl::fromLocalFile("/etc/passwd")));
+    QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_Return);
+    EXPECT_FALSE(Drop(The<QWidget>("Text1"), "www.other.com")) << "while a crawl runs";
+    EXPECT_EQ(Window().Text1(), "www.site.com/x");
 }
 
 TEST_F(MainWindow, AsksBeforeItCloses) {

@@ -1,4 +1,6 @@
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
 #include <functional>
@@ -8,7 +10,9 @@
 #include "forms/z_filter.h"
 #include "output/mirror_files.h"
 #include "setup/file_types.h"
+#include "setup/recent_addresses.h"
 #include "setup/settings.h"
+#include "tests/qt/drop.h"
 #include "tests/qt/form_test.h"
 #include "widgets/link_button.h"
 
@@ -359,6 +363,49 @@ TEST_F(WizardTest, NoDownloadStartsWhileUnfinishedFilesAreRemoved) {
     EXPECT_EQ(system.files.files.count("c:\\Websites\\second.test\\1999.tmp"), 0U);
     Click("Command1");
     EXPECT_EQ(window.text1, "www.second.test");
+}
+
+TEST_F(WizardTest, OffersAddressesUsedBefore) {
+    for (const char* address : {"www.old.com/", "www.site.com/docs/", "www.other.com"})
+        bas_General::NoteAddress(address);
+    Open();
+    QAbstractItemView* offers = TxtUrl()->completer()->popup();
+    Retype(TxtUrl(), "http://SITE");
+    ASSERT_TRUE(offers->isVisible());
+    EXPECT_EQ(offers->model()->rowCount(), 1);
+    QTest::mouseClick(offers->viewport(), Qt::LeftButton, {},
+                      offers->visualRect(offers->model()->index(0, 0)).center());
+    EXPECT_EQ(Setting("LastURL"), "www.site.com/docs/");
+
+    Retype(TxtUrl(), "www.o");
+    EXPECT_EQ(offers->model()->rowCount(), 2);
+    QTest::keyClick(offers, Qt::Key_Escape);
+    EXPECT_FALSE(offers->isVisible());
+    EXPECT_TRUE(wizard->isVisible());
+
+    QTest::keyClicks(TxtUrl(), "t");
+    ASSERT_TRUE(offers->isVisible());
+    QTest::keyClick(offers, Qt::Key_Tab);
+    EXPECT_FALSE(offers->isVisible());
+    EXPECT_FALSE(TxtUrl()->hasFocus());
+    QKeyEvent late(QEvent::KeyPress, Qt::Key_Z, {}, "z");
+    QCoreApplication::sendEvent(offers, &late);
+    EXPECT_EQ(TxtDir()->text(), "z") << "a key on its way to the list goes where the focus is";
+    TxtUrl()->setFocus();
+    Retype(TxtUrl(), "www.ot");
+    ASSERT_TRUE(offers->isVisible());
+    QTest::keyClick(offers, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.text1, "www.ot") << "without a choice Enter starts as ever";
+    EXPECT_EQ(bas_General::RecentAddresses().front(), "www.ot");
+}
+
+TEST_F(WizardTest, TakesALinkThatIsDropped) {
+    Open();
+    const QString folder = TxtDir()->text();
+    EXPECT_TRUE(Drop(*TxtDir(), "", QUrl("https://www.site.com/a")));
+    EXPECT_EQ(Setting("LastURL"), "https://www.site.com/a");
+    EXPECT_EQ(TxtDir()->text(), folder);
 }
 
 TEST_F(WizardTest, GrowsWithTheFontOfTheDesktop) {

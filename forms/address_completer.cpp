@@ -1,0 +1,83 @@
+#include "forms/address_completer.h"
+
+#include <QAbstractItemView>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include "platform/qt/local_text.h"
+#include "setup/recent_addresses.h"
+#include "text/http_scheme.h"
+
+namespace ui {
+
+namespace {
+
+bool IsEnter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+bool IsTab(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+}
+
+}  // namespace
+
+AddressCompleter::AddressCompleter(QLineEdit* box) : QCompleter(box), box_(box) {
+    setModel(&addresses_);
+    setCaseSensitivity(Qt::CaseInsensitive);
+    setFilterMode(Qt::MatchContains);
+    popup()->setTextElideMode(Qt::ElideMiddle);
+    box_->setCompleter(this);
+    box_->installEventFilter(this);
+}
+
+bool AddressCompleter::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == box_ && event->type() == QEvent::FocusIn) {
+        QStringList addresses;
+        for (const std::string& address : bas_General::RecentAddresses())
+            addresses += platform::FromBytes(address);
+        addresses_.setStringList(addresses);
+    }
+    // The list of offers, which its first use makes, comes by here while it is made.
+    if (event->type() == QEvent::KeyPress && watched == popup() &&
+        Handle(*static_cast<QKeyEvent*>(event)))
+        return true;
+    return QCompleter::eventFilter(watched, event);
+}
+
+bool AddressCompleter::Handle(QKeyEvent& key) {
+    if (!popup()->isVisible()) {
+        // The display gives the keyboard back late: keys that are typed fast still come to the
+        // list.
+        if (QWidget* focus = box_->window()->focusWidget())
+            QCoreApplication::sendEvent(focus, &key);
+        return true;
+    }
+    if (IsEnter(key)) {
+        Enter(key);
+    } else if (IsTab(key)) {
+        popup()->hide();
+        QCoreApplication::sendEvent(box_, &key);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void AddressCompleter::Enter(const QKeyEvent& key) {
+    const QModelIndex chosen = popup()->currentIndex();
+    popup()->hide();
+    if (chosen.isValid()) {
+        box_->setText(chosen.data().toString());
+    } else {
+        QCoreApplication::postEvent(box_, key.clone());
+    }
+}
+
+QStringList AddressCompleter::splitPath(const QString& typed) const {
+    const std::string bytes = platform::ToBytes(typed.trimmed());
+    return {platform::FromBytes(std::string(text::WithoutHttp(bytes)))};
+}
+
+}  // namespace ui
