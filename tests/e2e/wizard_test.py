@@ -133,7 +133,6 @@ class WizardTest(unittest.TestCase):
             desktop.press("alt+n")
             desktop.await_window(MAIN)
 
-    @unittest.skip("the question about unfinished files does not come every time; the reason is not known yet")
     def test_a_download_after_one_that_was_killed(self):
         def crawl():
             running = self.start()
@@ -156,6 +155,7 @@ class WizardTest(unittest.TestCase):
         (self.mirror / "example.test/link").symlink_to(outside.parent)
 
         running = crawl()
+        self.desktop.press("Tab")  # While there is nothing to press, the folder's box would take the letter.
 
         def removed():
             """The wizard looks when nobody has typed for a while, and then has what Alt+R presses."""
@@ -169,7 +169,7 @@ class WizardTest(unittest.TestCase):
         self.desktop.await_window(WIZARD)
         self.assertTrue(outside.exists())
         time.sleep(1)
-        self.desktop.press("Return")
+        self.desktop.press("shift+Tab", "Return")
         self.desktop.await_window("Done.")
         self.assertEqual(self.saved(), WANTED - {"sound.ogg"} | {"ads/banner.html"})
 
