@@ -40,7 +40,7 @@ void AddressLine::Judge() {
     const bool harmless = fault.what.empty();
     const QString text = harmless ? WhatWillBeAskedFor(*box_) : platform::FromBytes(fault.what);
     harmless ? Remark(text) : Warn(text, LinkTo(fault.offered));
-    // The keyboard never comes to the line itself.
+    // The line itself never gets the focus, so screen readers get its text from the box.
     box_->setAccessibleDescription(text);
 }
 

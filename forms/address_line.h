@@ -6,19 +6,19 @@ class QLineEdit;
 
 namespace ui {
 
-/// The line below a box for the address of a web site: what a crawl will ask for, or why nothing
-/// can come of it, with a link that puts a better address into the box.
+/// The line below an address box: what a crawl will request, or why it cannot succeed, with a link
+/// that puts a better address into the box.
 class AddressLine : public NoteLine {
     Q_OBJECT
 
   public:
-    /// `box` must outlive this.
+    /// `box` must outlive this object.
     AddressLine(const char* name, QLineEdit* box, QWidget* parent);
 
-    /// Says it of what is in the box now; the line does so by itself when the box's text changes.
+    /// Updates the line. It also does so by itself when the box's text changes.
     void Judge();
 
-    /// Why nothing can come of what is in the box; "" when something may.
+    /// Why the address in the box cannot be fetched; "" if it may be.
     QString Warning() const;
 
   private:

@@ -53,7 +53,7 @@ std::string ByteList::SelectedText() const {
 
 void ByteList::RemoveItem(int index) {
     delete takeItem(index);
-    // Qt selects the neighbour of what goes; here only the focus moves there.
+    // Qt selects the neighbour of a removed row; here only the focus moves there.
     setCurrentRow(std::min(index, count() - 1), QItemSelectionModel::Clear);
 }
 
@@ -63,19 +63,19 @@ void ByteList::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const bool steps = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-    // The first step only selects the row that has the focus already.
+    // The first step only selects the row that already has the focus.
     if (steps && selectedItems().empty()) {
         SelectCurrent();
         return;
     }
     QListWidget::keyPressEvent(event);
-    // A key that leads to the row that has the focus already moves nothing, and Qt selects nothing.
+    // If the key's target row already has the focus, nothing moves, and Qt selects nothing.
     if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) SelectCurrent();
 }
 
 void ByteList::focusInEvent(QFocusEvent* event) {
     QListWidget::focusInEvent(event);
-    // Whoever comes by keyboard sees where in the list they are.
+    // Show keyboard users where in the list they are.
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
         event->reason() == Qt::ShortcutFocusReason) {
         SelectCurrent();

@@ -7,8 +7,8 @@
 
 namespace ui {
 
-/// A small list box whose items are bytes: what a list file held is written back as it was, also
-/// where the local encoding cannot show it.
+/// A small list box whose items are bytes, so that a list file is written back unchanged even if
+/// the local encoding cannot show it.
 class ByteList : public QListWidget {
     Q_OBJECT
 
@@ -16,16 +16,17 @@ class ByteList : public QListWidget {
     ByteList(const char* name, QWidget* parent);
 
     void AddItem(const std::string& item);
-    /// Makes these the only items.
+    /// Replaces all items.
     void SetItems(const std::vector<std::string>& items);
     std::vector<std::string> Items() const;
 
-    /// The position of the selected item, counted from 0; nothing when none is selected.
+    /// The index of the selected item, counted from 0; nothing if none is selected.
     std::optional<int> SelectedIndex() const;
-    /// The selected item; "" when none is selected.
+    /// The selected item; "" if none is selected.
     std::string SelectedText() const;
 
-    /// Removes the item at `index` and leaves nothing selected; the keyboard stays where it was.
+    /// Removes the item at `index`. Nothing is selected afterwards; the focus stays near the
+    /// removed row.
     void RemoveItem(int index);
 
   signals:
@@ -38,7 +39,7 @@ class ByteList : public QListWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    /// Selects the row that has the focus, the first one if none has, unless one is selected.
+    /// If no row is selected, selects the one with the focus, or the first one.
     void SelectCurrent();
     std::string TextOf(const QListWidgetItem& item) const;
 };

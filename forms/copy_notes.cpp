@@ -21,7 +21,7 @@ namespace {
 using Placeholders = bas_Output::CopySurvey::Placeholders;
 
 constexpr int kAfterLastKeyMilliseconds = 300;
-/// A slice ends after either. One step of it on a slow disk may take longer than all of its time.
+/// A slice ends at whichever limit comes first. On a slow disk, a single step may exceed the time.
 constexpr int kSliceMilliseconds = 4;
 constexpr int kSliceSteps = 500;
 
@@ -135,7 +135,7 @@ void CopyNotes::AskAndRemove() {
     const QPointer<CopyNotes> self(this);
     const std::string folder = folder_;
     const bool agrees = AgreesToRemove(survey_->Unfinished(), folder);
-    // While the box was open the form may have gone.
+    // The form may have been destroyed while the box was open.
     if (self == nullptr || !agrees || folder != folder_) return;
     claim_ = platform::System().files.ClaimFolder(target_folder_);
     if (claim_ == nullptr) return LookLater();

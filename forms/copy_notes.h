@@ -13,34 +13,34 @@ namespace ui {
 
 class NoteLine;
 
-/// Tells whoever is about to download a site what an earlier download of it has left in the folder:
-/// files that will not be fetched again, and placeholders of files that never came, which would be
-/// left out. Those it removes when asked to, but never those of a download that is under way.
+/// Shows what an earlier download of the same site has left in the folder: files that will not be
+/// fetched again, and placeholders, whose files would be left out. Removes placeholders on request,
+/// but never those of a running download.
 ///
-/// It looks a little after the last change, and in small slices between events: a large folder or a
-/// slow disk holds up no key.
+/// Searches shortly after the last change, in small slices between events, so that a large folder
+/// or a slow disk does not delay any key.
 class CopyNotes : public QObject {
     Q_OBJECT
 
   public:
     explicit CopyNotes(QWidget* form);
 
-    /// The two lines, which the form places.
+    /// The two lines, to be placed by the form.
     QLabel* Copy() const { return copy_; }
     NoteLine* Unfinished() const { return unfinished_; }
 
-    /// Looks for a copy of the site of `address`, as it was typed, in `folder`, which is
-    /// normalised.
+    /// Searches `folder`, which must be normalized, for a copy of the site of `address`, as typed.
     void LookFor(const std::string& address, const std::string& folder);
 
-    /// Looks no more. For the start of a crawl, whose placeholders are none of an earlier one.
+    /// Stops searching. Call this at the start of a crawl, whose own placeholders must not be
+    /// reported.
     void Stop();
 
   signals:
-    /// The line on unfinished files came or went.
+    /// The line about unfinished files has appeared or disappeared.
     void UnfinishedShown(bool shown);
 
-    /// Unfinished files are being removed, or no more.
+    /// The removal of unfinished files has started or ended.
     void Removing(bool removing);
 
   private:
@@ -53,11 +53,11 @@ class CopyNotes : public QObject {
 
     QLabel* copy_;
     NoteLine* unfinished_;
-    QTimer timer_;        ///< until the first look, then from slice to slice
-    std::string host_;    ///< whose copy it is
-    std::string folder_;  ///< where it lies; "" where there cannot be one
+    QTimer timer_;        ///< delays the search, then runs its slices
+    std::string host_;    ///< the site's host
+    std::string folder_;  ///< the host's folder; "" if there cannot be one
     std::string target_folder_;
-    std::unique_ptr<platform::FolderClaim> claim_;  ///< no crawl begins there during a removal
+    std::unique_ptr<platform::FolderClaim> claim_;  ///< keeps crawls from starting during a removal
     bool removing_ = false;
     std::unique_ptr<bas_Output::CopySurvey> survey_;
 };

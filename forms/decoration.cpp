@@ -11,7 +11,7 @@ namespace ui {
 
 namespace {
 
-/// All pictures are drawn in a square of this side.
+/// The side of the square in which all pictures are drawn.
 constexpr double kSide = 48;
 
 void SetColours(QPainter& painter, const QColor& colour) {

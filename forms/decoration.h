@@ -4,8 +4,8 @@
 
 namespace ui {
 
-/// A picture that only decorates a form. Drawn from shapes in middle tones, so that it is sharp at
-/// every scale and stands out on light and dark desktops alike.
+/// A purely decorative picture. It is drawn from shapes in middle tones, so that it is sharp at
+/// every scale and stands out on light and dark desktops.
 class Decoration : public QWidget {
     Q_OBJECT
 

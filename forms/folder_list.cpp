@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kPathRole = Qt::UserRole;
 
-/// The nearest existing folder at or above `path`, as a resolved text.
+/// The nearest existing folder at or above `path`, as resolved text.
 std::optional<std::string> NearestFolder(const std::string& path) {
     std::optional<std::string> folder = platform::ResolvePathText(path);
     while (folder && !platform::System().files.FolderExists(*folder)) {
@@ -34,13 +34,13 @@ bool IsRoot(std::string_view resolved) {
     return platform::ParentOfResolved(resolved) == resolved;
 }
 
-/// Whether a folder of this name can be given as text: typed, stored and found again.
+/// Whether a folder with this name can be typed, stored and found again as text.
 bool CanBeNamed(const std::string& name) {
     return platform::ToBytes(platform::FromBytes(name)) == name &&
            name.find('\\') == std::string::npos;
 }
 
-/// What the system's own dialogs leave out, too.
+/// The system's own dialogs omit these folders, too.
 bool IsHidden(const std::string& name) {
     return name.starts_with('.');
 }
@@ -79,14 +79,14 @@ FolderList::FolderList(const char* name, QWidget* parent) : QTreeWidget(parent) 
 bool FolderList::SetPath(const std::string& path) {
     std::optional<std::string> resolved = NearestFolder(path);
     if (!resolved) return false;
-    // The drive's letter stays as it was written.
+    // Keep the drive's letter as written.
     if (path.size() >= 2 && path[1] == ':') resolved->front() = path.front();
 
     path_ = IsRoot(*resolved) ? *resolved + "\\" : *resolved;
     clear();
     ShowAncestors(*resolved);
     ShowSubfolders(*resolved);
-    keyboardSearch(QString());  // what is typed next is another folder's name
+    keyboardSearch(QString());  // resets the search: the next key starts another folder's name
     setCurrentItem(open_);
     scrollToItem(open_, QAbstractItemView::PositionAtTop);
     emit PathChanged();
@@ -140,7 +140,7 @@ void FolderList::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            // Kept from the dialog, which would press its Ok.
+            // Otherwise the dialog would press its Ok button.
             OpenItem(currentItem());
             return;
         case Qt::Key_Backspace:

@@ -5,8 +5,8 @@
 
 namespace ui {
 
-/// Browsing of folders: the open folder with the folders above it, and below it the folders that
-/// it holds. Double click and Enter open one, Backspace opens the one above.
+/// Browses folders: shows the open folder with the folders above it and its subfolders. A double
+/// click or Enter opens a folder; Backspace opens the parent.
 ///
 /// Paths are path text: "c:\Websites", and "c:\" for a root.
 class FolderList : public QTreeWidget {
@@ -15,19 +15,19 @@ class FolderList : public QTreeWidget {
   public:
     FolderList(const char* name, QWidget* parent);
 
-    /// The open folder; "" before any was opened.
+    /// The open folder; "" before the first one is opened.
     const std::string& Path() const { return path_; }
 
-    /// Opens `path` or, where it is not there, the nearest folder above it that is. False, and
-    /// nothing changes, when there is none (a drive that is not ready).
+    /// Opens `path`, or its nearest existing parent. Returns false and changes nothing if there is
+    /// none (a drive that is not ready).
     bool SetPath(const std::string& path);
 
   signals:
-    /// Another folder was opened, or the same one afresh.
+    /// Another folder was opened, or the same one was reloaded.
     void PathChanged();
 
   protected:
-    /// Everything is open here: no signs for opening and closing.
+    /// Everything shown is open, so there are no signs for opening and closing.
     void drawBranches(QPainter*, const QRect&, const QModelIndex&) const override {}
     void keyPressEvent(QKeyEvent* event) override;
 

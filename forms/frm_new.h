@@ -20,14 +20,14 @@ class CopyNotes;
 class ElidedLabel;
 
 /// The New Site Wizard: which site to download into which folder, the timeout and the file types.
-/// What it knows between two openings stands in the settings and in the file types file.
+/// The settings and the file types file keep its state between two openings.
 class frmNew : public QDialog {
     Q_OBJECT
 
   public:
     explicit frmNew(QWidget* parent);
 
-    /// Every way of closing leads here.
+    /// Called for every way of closing.
     void done(int result) override;
 
   protected:
@@ -54,8 +54,7 @@ class frmNew : public QDialog {
     void Command7_Click();  ///< the picture button
     void Command8_Click();  ///< Filters
 
-    /// Normalises the folder box and makes its folder the target folder; false when it cannot be
-    /// written into.
+    /// Normalizes the folder box and sets the target folder; false if that is not writable.
     bool SetToInDIR();
     void ShowSystemFolder();
     void LookForCopy();
@@ -77,9 +76,9 @@ class frmNew : public QDialog {
     bas_General::SharedList types_file_{bas_General::FileTypesFile()};
     QLineEdit* txt_url_;
     QLineEdit* txt_dir_;
-    AddressLine* address_line_;   ///< what the address will make the crawl ask for
-    ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
-    CopyNotes* copy_notes_;       ///< what an earlier download has left there
+    AddressLine* address_line_;   ///< what the crawl will request
+    ElidedLabel* system_folder_;  ///< the system's path of the folder, if it differs
+    CopyNotes* copy_notes_;       ///< what an earlier download has left in the folder
     QPushButton* command1_;
     QPushButton* command2_;
     QPushButton* command6_;

@@ -10,14 +10,14 @@ namespace ui {
 
 namespace {
 
-/// A dot and at most four further characters.
+/// A dot and at most four more characters.
 constexpr std::size_t kLongestType = 5;
 
 }  // namespace
 
 void frmNew::LoadFileTypesList() {
     if (bas_General::MakeFirstFileTypesFile()) ListDefaultTypes();
-    // On a first run this shows the defaults, in the list already, a second time.
+    // On a first run the defaults are in the list already and appear a second time.
     for (const std::string& type : bas_General::ReadFileTypes())
         list1_->AddItem(type);
     types_file_.Know();

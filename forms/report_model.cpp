@@ -19,7 +19,7 @@ using crawl::Outcome;
 
 constexpr int kRefreshMilliseconds = 100;
 constexpr qint64 kWorkMilliseconds = 6;
-/// A long report that changes all the time would be sorted all the time.
+/// Without a rest, a long report that keeps changing would be sorted all the time.
 constexpr qint64 kLeastRest = 250;
 constexpr qint64 kRestPerWork = 4;
 
@@ -80,7 +80,7 @@ void ReportModel::SetView(const ReportView& view) {
     rows_.SetView(view);
     searching_ = true;
     BeginUpdate();
-    // Most reports are short: their rows are there at once.
+    // Most reports are short, so their rows appear at once.
     Work();
     emit Refreshed();
 }
@@ -163,7 +163,7 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const {
     return {};
 }
 
-/// The colour of an outcome that cost a file, readable also on dark desktops.
+/// The colour of an outcome that lost a file, readable on dark desktops, too.
 QVariant ReportModel::ColourOf(crawl::Outcome outcome) {
     switch (outcome) {
         case Outcome::Short:

@@ -16,12 +16,12 @@ char Lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Whether `text` holds `sought`, which is lower-cased, in any case.
+/// Whether `text` contains `sought`, which is lower-cased, in any case.
 bool ContainsInAnyCase(std::string_view text, std::string_view sought) {
     return std::ranges::search(text, sought, {}, Lowered).begin() != text.end() || sought.empty();
 }
 
-/// The first eight bytes from `from` on, as a number that orders texts as they do.
+/// The eight bytes from `from` on as a number that compares like the text.
 std::uint64_t KeyOf(std::string_view text, std::size_t from) {
     std::uint64_t key = 0;
     for (std::size_t i = from; i < from + 8; ++i) {
@@ -53,7 +53,7 @@ std::uint64_t KeyOf(const crawl::ReportRow& row, ReportColumn column, std::size_
     return 0;
 }
 
-/// The whole text where the key holds only a part of it.
+/// The full text of a column whose key contains only a part of it.
 std::string_view TextOf(const crawl::ReportRow& row, ReportColumn column) {
     if (column == ReportColumn::Address) return row.address;
     return column == ReportColumn::Detail ? row.detail : std::string_view();
@@ -69,7 +69,7 @@ bool ReportRows::Before::operator()(const Item& a, const Item& b) const {
     if (a.key != b.key) return a.key < b.key;
     const std::string_view text_a = TextOf(report->Row(a.row), column);
     const std::string_view text_b = TextOf(report->Row(b.row), column);
-    // Rows with the same detail share it.
+    // Rows with the same detail share its text.
     return text_a.data() != text_b.data() && text_a < text_b;
 }
 

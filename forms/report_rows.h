@@ -11,48 +11,48 @@
 
 namespace ui {
 
-/// What a table of the report has in its columns, in their order.
+/// The columns of the report's table, in order.
 enum class ReportColumn { Address, Outcome, Status, Bytes, Announced, Tries, Seconds, Detail };
 inline constexpr int kReportColumnCount = 8;
 
 /// Which rows of the report are shown, and in which order.
 struct ReportView {
-    std::string text = {};                       ///< occurs in address or detail, whatever its case
-    std::optional<crawl::Outcome> outcome = {};  ///< the one outcome that is shown
-    std::optional<ReportColumn> sorted_by = {};  ///< else in the order in which they ended
+    std::string text = {};                       ///< part of an address or detail, in any case
+    std::optional<crawl::Outcome> outcome = {};  ///< show only this outcome
+    std::optional<ReportColumn> sorted_by = {};  ///< if not set, in the order in which they ended
     bool descending = false;
 
     bool operator==(const ReportView&) const = default;
 };
 
-/// The addresses of the report that have ended, as a view wants them. There may be a million: they
-/// are looked through and sorted a little at a time, and until that is done the rows of the last
-/// time stay. A view that leaves out and sorts nothing is always up to date and costs nothing.
+/// The ended addresses of the report, filtered and sorted for a view. There may be a million, so
+/// they are searched and sorted in small steps, and the previous rows remain until that is done. A
+/// view without filter and sorting is always up to date and costs nothing.
 class ReportRows {
   public:
-    /// The report must outlive this.
+    /// The report must outlive this object.
     explicit ReportRows(const crawl::AddressReport& report) : report_(report) {}
 
-    /// Begins to find the rows of `view`.
+    /// Starts to search for the rows of `view`.
     void SetView(ReportView view);
     const ReportView& View() const { return view_; }
 
     std::size_t Count() const { return shows_all_ ? report_.Ended().size() : shown_.size(); }
-    /// The number in the report of the row that is shown at `index`.
+    /// The number in the report of the row shown at `index`.
     std::size_t RowAt(std::size_t index) const {
         return shows_all_ ? report_.Ended()[index] : shown_[index];
     }
 
-    /// Whether the report has changed since the rows were found, in a way that they do not follow
-    /// by themselves.
+    /// Whether the rows are out of date because the report has changed.
     bool IsStale() const { return !shows_all_ && seen_changes_ != report_.Changes(); }
 
-    /// Begins to find the rows anew. What was begun before is dropped.
+    /// Starts a new search. Drops an unfinished one.
     void BeginUpdate();
     bool IsUpdating() const { return updating_; }
-    /// Does some hundred rows of that. True when they are found, for `TakeOver` to show them.
+    /// Processes some hundred rows. Returns true when the rows have been found; `TakeOver` then
+    /// shows them.
     bool ContinueUpdate();
-    /// How many rows at the beginning stay what they are.
+    /// The number of rows at the start that stay the same.
     std::size_t CountThatStays() const;
     void TakeOver();
 
@@ -61,7 +61,7 @@ class ReportRows {
 
   private:
     struct Item {
-        std::uint64_t key;  ///< decides first
+        std::uint64_t key;  ///< compared first
         std::uint32_t row;
     };
     struct Before {
@@ -86,10 +86,10 @@ class ReportRows {
     bool updating_ = false;
     std::size_t looked_through_ = 0;
     std::size_t keyed_ = 0;
-    std::size_t common_ = 0;  ///< the length of what all addresses found begin with
+    std::size_t common_ = 0;  ///< the length of the common start of all addresses found
     std::vector<Item> items_;
     std::optional<SlicedSort<Item, Before>> sort_;
-    std::vector<std::uint32_t> next_;  ///< what will be shown
+    std::vector<std::uint32_t> next_;  ///< the rows to be shown next
 };
 
 }  // namespace ui

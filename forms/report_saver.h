@@ -8,19 +8,18 @@
 
 namespace ui {
 
-/// Writes the rows that have ended to a file of comma-separated values. The lines are put together
-/// a little at a time, and the file is then written at one stroke. It deletes itself when it is
-/// done.
+/// Writes the ended rows to a file of comma-separated values. Builds the lines in small steps, then
+/// writes the whole file at once. Deletes itself when done.
 class ReportSaver : public QObject, private crawl::ReportObserver {
     Q_OBJECT
 
   public:
-    /// `path` is path text. The report must outlive this.
+    /// `path` is path text. The report must outlive this object.
     ReportSaver(crawl::AddressReport& report, std::string path, QObject* parent);
     ~ReportSaver() override;
 
   signals:
-    /// All is written, or why nothing was.
+    /// Everything was written, or nothing, with the reason.
     void Done(const std::string& why_not);
 
   private:

@@ -19,11 +19,11 @@ namespace ui {
 namespace {
 
 constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
-/// A selection of more rows than this is not looked for again among rows that were sorted.
+/// A selection of more rows is not restored after sorting.
 constexpr int kMostKeptSelected = 10'000;
 constexpr int kLeastAddressCharacters = 24;
 
-/// Keeps numbers away from the text to their right, and shows what is cut off in a tooltip.
+/// Separates numbers from the text to their right, and shows cut text in a tooltip.
 class ReportCells : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -84,7 +84,7 @@ void ReportTable::SetColumnWidths() {
         "",           "99,999,999",
         "99,999,999", "",
         "9999.999",   "No space left on device"};
-    const int heading_extra = fontMetrics().horizontalAdvance("MM");  // the sign for the order
+    const int heading_extra = fontMetrics().horizontalAdvance("MM");  // the sort indicator
     for (int column = 1; column < kReportColumnCount; ++column) {
         const QString heading =
             model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
@@ -112,7 +112,7 @@ void ReportTable::FollowRows() {
     connect(model_, &QAbstractItemModel::rowsAboutToBeInserted, this,
             [this] { at_end_ = IsAtEnd() && !model_->View().sorted_by; });
     connect(model_, &QAbstractItemModel::rowsInserted, this, [this] {
-        updateGeometries();  // else the scroll bar does not know yet where the end is
+        updateGeometries();  // otherwise the scroll bar does not know the new end yet
         if (at_end_) scrollToBottom();
     });
     connect(model_, &QAbstractItemModel::modelAboutToBeReset, this,
@@ -173,7 +173,7 @@ void ReportTable::currentChanged(const QModelIndex& current, const QModelIndex& 
 }
 
 void ReportTable::focusInEvent(QFocusEvent* event) {
-    // Whoever comes by keyboard sees where in the table they are.
+    // Show keyboard users where in the table they are.
     if (event->reason() != Qt::MouseFocusReason && !currentIndex().isValid() &&
         model_->rowCount() > 0) {
         selectRow(at_end_ && IsAtEnd() ? model_->rowCount() - 1 : rowAt(0));
@@ -182,14 +182,14 @@ void ReportTable::focusInEvent(QFocusEvent* event) {
 }
 
 QModelIndex ReportTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    // In a table Home and End stay in the row.
+    // In a table, Home and End would stay in the row.
     if (action == MoveHome) return model_->index(0, 0);
     if (action == MoveEnd) return model_->index(model_->rowCount() - 1, 0);
     return QTableView::moveCursor(action, modifiers);
 }
 
 void ReportTable::keyboardSearch(const QString&) {
-    // Would read every row at every key; the box above finds them.
+    // Qt's search would read every row at every key. The filter box replaces it.
 }
 
 }  // namespace ui

@@ -8,21 +8,21 @@ namespace ui {
 
 class ReportModel;
 
-/// The rows of the report. It follows their end until somebody scrolls away from it, and keeps
-/// what is selected, whatever comes, goes or is sorted.
+/// The rows of the report. The view follows the end until the user scrolls away, and keeps the
+/// selection when rows are added, removed or sorted.
 class ReportTable : public QTableView {
     Q_OBJECT
 
   public:
     ReportTable(ReportModel* model, QWidget* parent);
 
-    /// The rows that are selected, as they stand, at most `most`.
+    /// At most `most` selected rows, in the order shown.
     std::vector<int> SelectedRows(int most) const;
 
     void keyboardSearch(const QString& typed) override;
 
   signals:
-    /// Another row, or none, is the current one.
+    /// The current row has changed.
     void CurrentChanged();
 
   protected:
@@ -42,7 +42,7 @@ class ReportTable : public QTableView {
     ReportModel* model_;
     bool at_end_ = true;
     int scrolled_to_ = 0;
-    std::vector<std::size_t> selected_;  ///< by their numbers in the report, during a reset
+    std::vector<std::size_t> selected_;  ///< row numbers in the report, during a reset
     std::size_t current_ = 0;
 };
 

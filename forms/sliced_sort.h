@@ -7,15 +7,15 @@
 
 namespace ui {
 
-/// A stable merge sort that is done a little at a time, between events. Whatever `Less` says, and
-/// also when it changes its mind meanwhile, every item is still there in the end.
+/// A stable merge sort in small steps, to be done between events. No item is lost even if `Less` is
+/// inconsistent or changes its results meanwhile.
 template <typename Item, typename Less>
 class SlicedSort {
   public:
     SlicedSort(std::vector<Item> items, Less less)
         : items_(std::move(items)), sorted_(items_.size()), less_(std::move(less)) {}
 
-    /// Handles some hundred items. False when all is sorted and nothing was left to do.
+    /// Processes some hundred items. Returns false if everything was sorted already.
     bool Step() {
         if (run_begin_ < items_.size()) {
             SortNextRun();
@@ -27,7 +27,7 @@ class SlicedSort {
         return true;
     }
 
-    /// The items; in order once `Step` has said so.
+    /// The items, sorted once `Step` has returned false.
     std::vector<Item> Take() { return std::move(items_); }
 
   private:
@@ -39,7 +39,7 @@ class SlicedSort {
         std::stable_sort(begin, items_.begin() + static_cast<std::ptrdiff_t>(run_begin_), less_);
     }
 
-    /// Two neighbouring runs of `width_` items become one; `to_` items of the whole are done.
+    /// Merges some items of two adjacent runs of `width_` items. `to_` items of the whole are done.
     void MergeSome() {
         for (std::size_t n = 0; n < kRun && to_ < items_.size(); ++n) {
             if (to_ == pair_end_) BeginPair();

@@ -5,7 +5,7 @@
 
 namespace ui {
 
-/// Where the system has a folder that was typed or chosen; "" where it says so in the same words.
+/// A hint with the system's path of a typed or chosen folder; "" if that is the same text.
 QString SystemFolderHint(const std::string& folder);
 
 }  // namespace ui

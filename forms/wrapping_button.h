@@ -4,7 +4,7 @@
 
 namespace ui {
 
-/// A large button whose caption may take several lines.
+/// A large button whose caption may wrap to several lines.
 class WrappingButton : public QPushButton {
     Q_OBJECT
 

@@ -28,7 +28,7 @@ namespace ui {
 
 namespace {
 
-/// Adds every drive of the system; an item's data is the drive's lower-case letter with its colon.
+/// Adds every drive of the system. An item's data is the drive's lower-case letter and colon.
 void AddDrives(QComboBox& drives) {
 #ifdef _WIN32
     for (const QFileInfo& root : QDir::drives()) {
@@ -79,7 +79,7 @@ void zDir::MakeControls() {
 void zDir::PlaceControls() {
     auto* image1 = new Decoration("Image1", Decoration::Subject::Folder, this);
     image1->setFixedSize(Twips(600), Twips(600));
-    // What Ok takes is the open folder, not one that is only clicked.
+    // Ok takes the open folder, not one that is only selected.
     auto* chosen = new QHBoxLayout;
     chosen->addWidget(MakeLabel("SaveIn", "Save in:", this));
     chosen->addWidget(label1_, 1);
@@ -116,7 +116,8 @@ void zDir::Form_Load() {
 }
 
 void zDir::Drive1_Change() {
-    // A drive that is not ready leaves the folder list where it was, and the box goes back to it.
+    // If the drive is not ready, the folder list stays where it was, and the box goes back to that
+    // drive.
     if (!dir1_->SetPath(platform::ToBytes(drive1_->currentData().toString()) + "\\")) Dir1_Change();
 }
 
@@ -128,7 +129,7 @@ void zDir::Dir1_Change() {
 }
 
 void zDir::Command1_Click() {
-    // A root's path has its "\" already and gets a second one.
+    // A root's path already ends with "\" and gets a second one.
     set_folder_(label1_caption_ + "\\");
     accept();
 }
@@ -138,12 +139,12 @@ void zDir::MakeNewFolder() {
     const QPointer<zDir> self(this);
     const std::string open = dir1_->Path();
     const std::string name(text::Trim(boxes.InputBox("Name of the new folder", "New Folder")));
-    if (self == nullptr || name.empty()) return;  // the dialog may go while the box is open
+    if (self == nullptr || name.empty()) return;  // the dialog may have been destroyed
     const std::string folder = open + (open.ends_with('\\') ? "" : "\\") + name;
     if (name.find_first_of("/\\") == std::string::npos &&
         platform::System().files.CreateFolder(folder)) {
         dir1_->SetPath(folder);
-        command1_->setFocus();  // a folder is made to be taken
+        command1_->setFocus();  // a new folder is most likely to be chosen
     } else {
         boxes.MsgBox("A folder of that name cannot be made here.", platform::BoxStyle::Information,
                      "New Folder");

@@ -12,16 +12,16 @@ class ChoiceBox;
 class ElidedLabel;
 class FolderList;
 
-/// The directory chooser: browsing drives and folders instead of typing one.
+/// The directory chooser: browse drives and folders instead of typing a path.
 class zDir : public QDialog {
     Q_OBJECT
 
   public:
-    /// Takes the chosen folder as path text.
+    /// Receives the chosen folder as path text.
     using SetFolder = std::function<void(const std::string&)>;
 
-    /// Opens on the stored folder, or the nearest one that is there. Ok gives what is chosen to
-    /// `set_folder` before the dialog closes; any other way of closing changes nothing.
+    /// Opens at the stored folder, or its nearest existing parent. Ok passes the chosen folder to
+    /// `set_folder` before the dialog closes. Closing it any other way changes nothing.
     zDir(QWidget* parent, SetFolder set_folder);
 
   private:
@@ -31,7 +31,7 @@ class zDir : public QDialog {
     void Drive1_Change();
     void Dir1_Change();
     void Command1_Click();
-    /// Asks for a name, makes a folder of it in the open one, and opens that.
+    /// Asks for a name, creates that folder in the open one, and opens it.
     void MakeNewFolder();
     void SetLabel1(const std::string& caption);
 
@@ -40,7 +40,7 @@ class zDir : public QDialog {
     ChoiceBox* drive1_;
     FolderList* dir1_;
     ElidedLabel* label1_;
-    ElidedLabel* system_folder_;  ///< where the system has the folder, if it says so differently
+    ElidedLabel* system_folder_;  ///< the system's path of the folder, if it differs
     QPushButton* command1_;
     QPushButton* command2_;
     QPushButton* new_folder_;
