@@ -18,7 +18,7 @@ extern "C" void NoteSignal(int number) {
     if (g_signal != 0 && number == SIGINT) std::_Exit(ExitCodeOf(number));
     if (g_signal == 0) g_signal = number;
 #ifdef _WIN32
-    std::signal(number, NoteSignal);  // each is told of once there
+    std::signal(number, NoteSignal);  // Windows resets the handler each time
 #endif
 }
 

@@ -2,15 +2,15 @@
 
 namespace cli {
 
-/// Takes note of SIGINT, SIGTERM and SIGHUP from now on, unless whoever started the program wants
-/// them ignored, as `nohup` does. The first one is for the program to heed. Another one changes
-/// nothing, for a terminal that closes sends several, but a second Ctrl+C ends the process at once.
+/// Records SIGINT, SIGTERM and SIGHUP from now on, unless the parent process wants them ignored, as
+/// `nohup` does. The program must react to the first one. Further ones change nothing, because a
+/// closing terminal sends several; but a second Ctrl+C ends the process at once.
 void NoteEndingSignals();
 
-/// The number of the signal that has come; 0 while none has.
+/// The number of the first signal; 0 while there is none.
 int EndingSignal();
 
-/// The exit code of a program that `signal` has ended.
+/// The exit code of a program ended by `signal`.
 constexpr int ExitCodeOf(int signal) {
     return 128 + signal;
 }

@@ -15,8 +15,8 @@ constexpr int kLookMilliseconds = 200;
 
 bool g_watching = false;
 
-/// Qt calls `exit` where the display has gone, and nothing on the stack is taken apart then. The
-/// window is beyond use, but the placeholders must not stay.
+/// Qt calls `exit` if the display is gone, and no destructors on the stack run. The window is
+/// unusable then, but the placeholders must be deleted.
 void SweepIfCutShort() {
     if (g_watching) bas_Output::RemoveTempFiles();
 }

@@ -7,8 +7,8 @@
 
 namespace cli {
 
-/// While this lives, the program with the window ends tidily whoever ends it: a signal, the end of
-/// the desktop's session, or a display that goes away.
+/// While this object exists, the program with the window ends cleanly, whatever ends it: a signal,
+/// the end of the desktop's session, or a display that goes away.
 class ExitWatch {
   public:
     explicit ExitWatch(ui::WindowHolder& holder);

@@ -9,10 +9,10 @@
 
 namespace cli {
 
-/// Reads pages by a pass of our own, where another desktop would lend its browser control.
+/// Extracts page text with our own parser, so that no browser is needed.
 class HtmlPageText final : public platform::PageText {
   public:
-    /// `yield` is called before and after each page, and now and then while a large one is read.
+    /// `yield` is called before and after each page, and now and then during a large one.
     explicit HtmlPageText(std::function<void()> yield = {}) : yield_(std::move(yield)) {}
 
     std::string InnerText(std::string file_bytes, platform::PageKind kind) override {

@@ -5,15 +5,15 @@
 
 namespace cli {
 
-/// What a line ends in where the system's programs read it.
+/// The line end that the system's programs expect.
 #ifdef _WIN32
 inline constexpr char kLineEnd[] = "\r\n";
 #else
 inline constexpr char kLineEnd[] = "\n";
 #endif
 
-/// One of the program's standard streams, written to without ever waiting for whoever reads it: a
-/// pipe that nobody empties must not hold up a crawl.
+/// One of the program's standard streams. Writing never waits for the reader: a pipe that nobody
+/// empties must not hold up a crawl.
 class OutputStream {
   public:
     enum class Which { Output = 1, Error = 2 };
@@ -21,15 +21,15 @@ class OutputStream {
 
     bool IsTerminal() const;
 
-    /// Whether it takes text within that time, as far as the system can tell; a time below 0 is
-    /// for ever.
+    /// Whether the stream accepts text within that time, as far as the system can tell. A negative
+    /// time waits for ever.
     bool Ready(int milliseconds = 0) const;
 
-    /// Writes what is taken at once and gives its length. After a fault other than a full pipe, a
-    /// full disk for example, the text counts as taken.
+    /// Writes what the stream accepts at once and returns its length. After a fault other than a
+    /// full pipe, such as a full disk, all text counts as written.
     std::size_t Write(std::string_view text);
 
-    /// Whether the reader has closed the pipe, as far as the system tells before a write does.
+    /// Whether the reader has closed the pipe, as far as the system can tell without a write.
     bool ReaderGone() const;
 
   private:
@@ -37,10 +37,9 @@ class OutputStream {
     bool reader_gone_ = false;
 };
 
-/// Gives each standard stream that is closed a place. On Windows that is the console of whoever
-/// started the program with arguments, since a program with windows is given none; elsewhere one
-/// where all that is written gets lost, for the stream's number would go to the next file or
-/// connection, and the terminal's text with it.
+/// Reopens closed standard streams. On Windows they lead to the console of the parent process if
+/// there are arguments, because a program with windows gets no console. Elsewhere they lead to
+/// /dev/null, so that no file or connection gets descriptors 0-2 and receives the terminal's text.
 void OpenClosedStreams();
 
 }  // namespace cli

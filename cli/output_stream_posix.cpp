@@ -23,8 +23,8 @@ bool OutputStream::ReaderGone() const {
 }
 
 std::size_t OutputStream::Write(std::string_view text) {
-    // A pipe that is ready has room for this much. To make it non-blocking instead would do the
-    // same to the shell that shares it.
+    // A pipe that is ready has room for this much. Making it non-blocking would also affect the
+    // shell that shares it.
     constexpr std::size_t kPart = 512;
     std::size_t taken = 0;
     while (taken < text.size() && Ready()) {

@@ -18,7 +18,7 @@ bool IsConsole(HANDLE handle) {
     return GetConsoleMode(handle, &mode) != 0;
 }
 
-/// A console has a code page of its own for bytes, so it gets letters.
+/// A console uses its own code page for bytes, so it gets wide characters.
 void WriteToConsole(HANDLE console, std::string_view text) {
     const int size = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0');
@@ -27,8 +27,8 @@ void WriteToConsole(HANDLE console, std::string_view text) {
     WriteConsoleW(console, wide.data(), static_cast<DWORD>(length), &written, nullptr);
 }
 
-/// For its lifetime a full pipe takes nothing instead of waiting. Others who write to the pipe are
-/// used to waiting. Files and the rest have no such state.
+/// Makes a pipe non-blocking for its lifetime. Other programs that write to the same pipe expect it
+/// to block. Has no effect on files and other handles.
 class NonBlockingPipe {
   public:
     explicit NonBlockingPipe(HANDLE handle) : handle_(handle) { Set(PIPE_NOWAIT); }
@@ -60,7 +60,7 @@ bool OutputStream::IsTerminal() const {
 }
 
 bool OutputStream::Ready(int milliseconds) const {
-    // No pipe tells whether it has room; a write to it says what it took.
+    // A pipe cannot tell whether it has room; a write returns how much it has accepted.
     constexpr int kBetweenWrites = 10;
     if (milliseconds != 0) Sleep(kBetweenWrites);
     return true;
@@ -94,13 +94,13 @@ std::size_t OutputStream::Write(std::string_view text) {
 }
 
 void OpenClosedStreams() {
-    // A window needs no console, and would end with it.
+    // The window needs no console, and would be closed together with it.
     if (__argc < 2) return;
     const bool output_given = IsOpen(STD_OUTPUT_HANDLE);
     const bool error_given = IsOpen(STD_ERROR_HANDLE);
     const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     const HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
-    AttachConsole(ATTACH_PARENT_PROCESS);  // fails when it has been joined already, too
+    AttachConsole(ATTACH_PARENT_PROCESS);  // also fails if already attached
     SetStdHandle(STD_OUTPUT_HANDLE, output);
     SetStdHandle(STD_ERROR_HANDLE, error);
     if (!output_given) LeadToConsole(STD_OUTPUT_HANDLE);

@@ -21,7 +21,7 @@ std::string ReportFile::Open(const std::string& path) {
     path_ = path;
     const auto native_path = native::PathOf(path);
     if (!native_path) return platform::kNoName;
-    // Nobody waits for whoever reads a pipe.
+    // Opening a pipe would wait for a reader.
     const auto status = native::StatusOf(*native_path);
     if (status && !status->is_file) return "not a file";
     file_.reset(native::Open(*native_path, "wb"));
@@ -46,7 +46,7 @@ void ReportFile::Flush() {
         return;
     }
     why_not_ = native::WhyItFailed();
-    // Half a line goes.
+    // Remove a partial line.
     std::error_code ignored;
     std::filesystem::resize_file(*native::PathOf(path_), length_, ignored);
     std::fseek(file_.get(), 0, SEEK_END);
@@ -57,7 +57,7 @@ std::string ReportFile::Finish() {
     Flush();
     const bool closed = std::fclose(file_.release()) == 0;
     if (!closed && why_not_.empty()) why_not_ = native::WhyItFailed();
-    // A file goes on taking lines after its folder was deleted.
+    // A file can still be written to after its folder was deleted.
     const auto status = native::StatusOf(*native::PathOf(path_));
     if (why_not_.empty() && (!status || status->length != length_)) why_not_ = "the file has gone";
     return why_not_;

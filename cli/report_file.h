@@ -9,8 +9,8 @@
 
 namespace cli {
 
-/// The report of a crawl as a file that grows while the crawl goes on: a line for each row that has
-/// ended. A line is there whole or not at all. What a full disk did not take is written when it has
+/// The report of a crawl as a file that grows during the crawl, with one line per settled row. A
+/// line is written whole or not at all. What does not fit on a full disk is written when there is
 /// room again.
 class ReportFile final : public crawl::ReportObserver {
   public:
@@ -19,14 +19,14 @@ class ReportFile final : public crawl::ReportObserver {
     ReportFile(const ReportFile&) = delete;
     ReportFile& operator=(const ReportFile&) = delete;
 
-    /// Begins the file, in place of one that is there, and listens to the crawl's report. Why that
-    /// cannot be done, in the system's words, or "". `path` is path text.
+    /// Creates the file, replacing an old one, and observes the crawl's report. Returns the
+    /// system's message on failure, "" on success. `path` is path text.
     std::string Open(const std::string& path);
 
-    /// Writes what has been told so far.
+    /// Writes the pending lines.
     void Flush();
 
-    /// Writes the rest and ends the file. Why it is not whole, or "".
+    /// Writes the rest and closes the file. Returns why the file is incomplete, or "".
     std::string Finish();
 
     void RowSettled(std::size_t row) override;
@@ -37,8 +37,8 @@ class ReportFile final : public crawl::ReportObserver {
     };
     std::string path_;
     std::unique_ptr<std::FILE, Close> file_;
-    std::string pending_;       ///< lines that are not written yet
-    std::uint64_t length_ = 0;  ///< of the lines that are
+    std::string pending_;       ///< lines not written yet
+    std::uint64_t length_ = 0;  ///< the length of the lines written
     std::string why_not_;
 };
 

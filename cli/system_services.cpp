@@ -11,13 +11,13 @@ namespace cli {
 
 namespace {
 
-/// Whether a file can be made in the folder. On Windows its attributes do not tell.
+/// Whether a file can be created in the folder. On Windows the folder's attributes do not tell.
 bool IsWritable(const QDir& folder) {
     return QTemporaryFile(folder.filePath("vantorin")).open();
 }
 
-/// The folder of the program's own lists, as a system path: where the program lies, when it is a
-/// portable copy in a folder of its own that can be written to, else the user's data folder.
+/// The folder for the program's own lists, as a system path: beside the program if that is a
+/// writable folder of its own (a portable copy), otherwise the user's data folder.
 std::string ProgramFolder() {
     const QDir beside(QCoreApplication::applicationDirPath());
     const bool among_others = beside.dirName() == "bin" || beside.dirName() == "games";

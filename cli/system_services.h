@@ -8,8 +8,8 @@
 
 namespace cli {
 
-/// The machine that the program runs on, installed as the program's system while this lives.
-/// Settings and message boxes differ between a window and an unattended run and are given.
+/// The real system, installed as the program's services while this object exists. Settings and
+/// message boxes are passed in, because they differ between a window and an unattended run.
 class SystemServices {
   public:
     SystemServices(platform::SettingsStore& settings, platform::MessageBoxes& boxes);

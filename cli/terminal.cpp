@@ -14,7 +14,7 @@ Terminal::Terminal(bool quiet) : quiet_(quiet), shows_progress_(!quiet && output
 
 void Terminal::ShowProgress(const std::string& line) {
     if (!shows_progress_ || line == progress_ || !pending_.empty() || !output_.Ready()) return;
-    // Blanks cover what a longer line left there.
+    // Blanks overwrite the rest of a longer line.
     const std::size_t old_length = line_open_ ? progress_.size() : 0;
     const std::size_t blanks = old_length > line.size() ? old_length - line.size() : 0;
     progress_ = line;

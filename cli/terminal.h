@@ -7,42 +7,42 @@
 
 namespace cli {
 
-/// What an unattended run shows: on a terminal, a line of progress that stays in place; and lines
-/// that stay. Nothing here waits for a reader but `Finish`.
+/// The output of an unattended run: permanent lines and, on a terminal, a progress line that is
+/// updated in place. Only `Finish` waits for a reader.
 class Terminal {
   public:
-    /// A quiet one prints nothing but what it must.
+    /// A quiet terminal prints only what is essential.
     explicit Terminal(bool quiet = false);
 
-    /// Shows on a terminal how far the crawl is; nothing when the line says the same as the last
-    /// one, or while the output takes no more.
+    /// Shows the progress on a terminal. Does nothing if the line has not changed or the output
+    /// accepts no more.
     void ShowProgress(const std::string& line);
 
-    /// Prints lines that a quiet terminal leaves out.
+    /// Prints lines that a quiet terminal omits.
     void Say(const std::string& lines);
 
-    /// Prints lines to keep, at the latest when `Flush` finds that the output takes them.
+    /// Prints permanent lines, at the latest when `Flush` finds that the output accepts them.
     void Print(const std::string& lines);
 
-    /// Writes what is still to be printed, as far as the output takes it.
+    /// Writes pending lines as far as the output accepts them.
     void Flush();
 
-    /// The same for a slow reader, who gets half a second; one who reads nothing loses the rest.
+    /// The same, but waits up to half a second for a slow reader. What is not read by then is lost.
     void Finish();
 
-    /// Whether the reader has closed the pipe that is written to.
+    /// Whether the reader of the output has closed the pipe.
     bool ReaderGone() const { return output_.ReaderGone(); }
 
   private:
     OutputStream output_{OutputStream::Which::Output};
     bool quiet_;
     bool shows_progress_;
-    std::string progress_;  ///< the progress shown last
+    std::string progress_;  ///< the last progress line shown
     bool line_open_ = false;
-    std::string pending_;  ///< not written yet
+    std::string pending_;  ///< text not written yet
 };
 
-/// Message boxes of an unattended run: the text is printed, and nobody says yes.
+/// Message boxes of an unattended run: prints the text and answers No.
 class TerminalBoxes : public platform::MessageBoxes {
   public:
     explicit TerminalBoxes(Terminal& terminal) : terminal_(terminal) {}

@@ -36,8 +36,8 @@ std::string Progress() {
            bas_Connections::FormatCount(crawl::TotalBytes) + " bytes";
 }
 
-/// The folder as it will be in every path below it; nothing when the rules for names would change
-/// it. A person sees such a change in the wizard's box; here the files would go where nobody looks.
+/// The folder as it appears in every path below it; nothing if the rules for names would change it.
+/// In the wizard the user sees such a change; here the files would go where nobody looks.
 std::optional<std::string> FolderThatStays(const std::string& typed) {
     const std::string folder = platform::ResolvePathText(typed).value_or(typed) + "\\";
     const bool stays = bas_General::NormalizeFolder(folder) == folder &&
@@ -65,8 +65,8 @@ bool PrepareFileTypes(Terminal& terminal) {
     return false;
 }
 
-/// One line beside the output, when nothing can come of an address. The crawl goes its way all the
-/// same, as it does from the window.
+/// Prints a line to stderr if the address cannot be fetched. The crawl starts anyway, as it does
+/// from the window.
 void WarnOf(const std::string& site) {
     const bas_Connections::AddressFault fault =
         bas_Connections::FaultOfTypedAddress(site, platform::AsciiHost);
@@ -85,8 +85,8 @@ void Start(const CrawlOrder& order, ui::frmMain& window) {
     }
 }
 
-/// Shows how far a crawl is, and ends the event loop when it has ended, by itself or because it has
-/// to.
+/// Shows the progress of a crawl. Ends the event loop when the crawl has ended, by itself or
+/// because it must.
 class Watch {
   public:
     Watch(ui::WindowHolder& holder, Terminal& terminal, ReportFile& report)
@@ -166,7 +166,7 @@ int RunCrawl(const CrawlOrder& order, ui::WindowHolder& holder, ReportFile& repo
 int RunUnattended(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& terminal) {
     NoteEndingSignals();
 #ifndef _WIN32
-    std::signal(SIGPIPE, SIG_IGN);  // the terminal notices
+    std::signal(SIGPIPE, SIG_IGN);  // Terminal detects it
 #endif
     WarnOf(order.site);
     int exit_code = kExitUnusable;

@@ -6,16 +6,16 @@
 
 namespace cli {
 
-/// Exit codes of an unattended run. One that a signal ended exits with 128 and its number, as
-/// programs do; so does one whose output nobody reads any more, with the number of SIGPIPE.
+/// Exit codes of an unattended run. If a signal ends it, the code is 128 plus the signal's number,
+/// as usual. If the reader of its output goes away, the code is the same with SIGPIPE's number.
 inline constexpr int kExitComplete = 0;
 inline constexpr int kExitUnusable = 1;
-inline constexpr int kExitIncomplete = 3;  ///< not every address was answered and written
+inline constexpr int kExitIncomplete = 3;  ///< some addresses were not answered or not written
 inline constexpr int kExitNothing = 4;     ///< no file was saved
 inline constexpr int kExitReaderGone = 141;
 
-/// Runs the crawl as if the wizard had been filled in and its download button pressed, and returns
-/// the exit code when it has ended. The holder's window is loaded but never shown.
+/// Runs the crawl as if the wizard had been filled in and its download button pressed. Returns the
+/// exit code at the end of the crawl. The holder's window is loaded but never shown.
 int RunUnattended(const CrawlOrder& order, ui::WindowHolder& holder, Terminal& terminal);
 
 }  // namespace cli

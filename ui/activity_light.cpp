@@ -8,7 +8,7 @@ namespace ui {
 
 namespace {
 
-/// The light is drawn about the middle of a square of this side.
+/// The side of the square in whose centre the light is drawn.
 constexpr double kSide = 28;
 
 QString WordFor(ActivityLight::State state) {

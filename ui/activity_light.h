@@ -4,7 +4,7 @@
 
 namespace ui {
 
-/// Shows at a glance whether a crawl runs: a light that is green, amber while paused, or off.
+/// Shows at a glance whether a crawl is running: a light that is green, amber (paused) or off.
 class ActivityLight : public QWidget {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kRefreshMilliseconds = 50;
 
-/// What a view leaves free on either side of a row's text.
+/// The space that a view leaves on either side of a row's text.
 int TextMargin(const QWidget& list) {
     return list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
 }
@@ -72,7 +72,7 @@ std::string AddressList::Selected() {
 void AddressList::ShowChanges() {
     const bool at_end = AtEnd();
     model_->Update();
-    // Qt puts this off, and until then the scroll bar does not know where the end is.
+    // Qt delays this, and until then the scroll bar does not know the new end.
     updateGeometries();
     if (at_end) scrollToBottom();
     viewport()->update();
@@ -83,7 +83,7 @@ void AddressList::ShowChanges() {
 }
 
 void AddressList::Refresh() {
-    // A list out of sight, as in a run without a window, costs nothing.
+    // A hidden list, as in an unattended run, costs nothing.
     if (isVisible()) ShowChanges();
     emit Refreshed();
 }
@@ -93,7 +93,7 @@ void AddressList::showEvent(QShowEvent* event) {
     Refresh();
 }
 
-/// Whether the end is to be kept in view: nobody has scrolled away from it.
+/// Whether to keep the end in view, because the user has not scrolled away from it.
 bool AddressList::AtEnd() const {
     return shows_ == Shows::End && verticalScrollBar()->value() == verticalScrollBar()->maximum();
 }
@@ -105,7 +105,7 @@ void AddressList::resizeEvent(QResizeEvent* event) {
 }
 
 void AddressList::focusInEvent(QFocusEvent* event) {
-    // Whoever comes by keyboard sees where in the list they are.
+    // Show keyboard users where in the list they are.
     if (ByKeyboard(*event) && !selectionModel()->hasSelection() && model_->rowCount() > 0) {
         selectRow(shows_ == Shows::End ? model_->rowCount() - 1 : 0);
     }
@@ -113,7 +113,7 @@ void AddressList::focusInEvent(QFocusEvent* event) {
 }
 
 QModelIndex AddressList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    // In a table Home and End stay in the row.
+    // In a table, Home and End would stay in the row.
     if (action == MoveHome) return model_->index(0);
     if (action == MoveEnd) return model_->index(model_->rowCount() - 1);
     return QTableView::moveCursor(action, modifiers);
@@ -134,7 +134,7 @@ std::string AddressList::AddressAt(const QPoint& place) const {
 
 QString AddressList::TooltipAt(const QPoint& place) const {
     const std::string address = AddressAt(place);
-    // Rows that move under a pointer at rest would show a tooltip of what is elsewhere already.
+    // Rows may have moved under the resting pointer; the tooltip would describe the wrong one.
     if (address.empty() || address != pointed_at_) return {};
     const QString text = platform::FromBytes(address);
     const int width = visualRect(indexAt(place)).width() - 2 * TextMargin(*this);
@@ -160,7 +160,7 @@ void AddressList::mousePressEvent(QMouseEvent* event) {
 }
 
 void AddressList::mouseDoubleClickEvent(QMouseEvent* event) {
-    // The rows may have moved since the first click; Qt would take this for one of its own.
+    // The rows may have moved since the first click, so Qt's own check would pick the wrong row.
     if (event->button() == Qt::LeftButton && !pressed_.empty()) emit DoubleClicked(pressed_);
     event->accept();
 }
@@ -171,7 +171,7 @@ void AddressList::paintEvent(QPaintEvent* event) {
 }
 
 void AddressList::keyboardSearch(const QString&) {
-    // Would read every row, a million perhaps, at every key.
+    // Qt's search would read every row, perhaps a million, at every key.
 }
 
 }  // namespace ui

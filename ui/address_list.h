@@ -12,23 +12,23 @@ namespace ui {
 
 class AddressModel;
 
-/// A list box of addresses. A table without headers: of Qt's views it alone stays fast when a
-/// million rows grow and shrink at their end.
+/// A list box of addresses. It is a table without headers, the only one of Qt's views that stays
+/// fast when a million rows grow and shrink at their end.
 class AddressList : public QTableView {
     Q_OBJECT
 
   public:
-    /// What a list that nobody has scrolled keeps in view.
+    /// What stays in view until the user scrolls.
     enum class Shows { Beginning, End };
 
-    /// Shows `items`, which must outlive this, and becomes their one observer.
+    /// Shows `items`, which must outlive this object, and becomes their only observer.
     AddressList(crawl::ListItems& items, Shows shows, QWidget* parent);
 
     /// Stops observing the items, so that another list can.
     void Detach();
 
-    /// The address of the selected row, of several the one that has the focus; "" when none is
-    /// selected. A selected item that was taken away is not selected any more.
+    /// The address of the selected row; if several are selected, that of the one with the focus; ""
+    /// if none is. Removing a selected item deselects it.
     std::string Selected();
 
     /// Adds an entry to the menu that asks for the file types of the selected addresses.
@@ -37,10 +37,10 @@ class AddressList : public QTableView {
     void keyboardSearch(const QString& typed) override;
 
   signals:
-    /// The selected row was opened from its menu, or Enter was pressed on it.
+    /// The selected row was opened from its menu or with Enter.
     void Activated();
 
-    /// This address was double-clicked: the one under the pointer when the first click came.
+    /// This address was double-clicked: the one that was under the pointer at the first click.
     void DoubleClicked(const std::string& address);
 
     /// This address is to become a keyword filter.
@@ -49,7 +49,7 @@ class AddressList : public QTableView {
     /// Files of these types are to be fetched.
     void TypesWanted(const std::vector<std::string>& types);
 
-    /// The items have changed, and the rows with them where they are in sight.
+    /// The items have changed, and so have the rows if they are visible.
     void Refreshed();
 
   protected:
@@ -81,8 +81,8 @@ class AddressList : public QTableView {
     AddressModel* model_;
     Shows shows_;
     QTimer refresh_;
-    std::string pointed_at_;  ///< what was under the pointer when that moved last
-    std::string pressed_;     ///< what was under it when its button went down
+    std::string pointed_at_;  ///< under the pointer when it last moved
+    std::string pressed_;     ///< under the pointer when a button was pressed
 };
 
 }  // namespace ui

@@ -7,25 +7,25 @@
 
 namespace ui {
 
-/// A list box's items for Qt's views. The items change thousands of times a second and number up to
-/// a million, so the views are told of many changes at once: what they know is what was there at
-/// the last `Update`.
+/// A list box's items for Qt's views. There may be a million, and they change thousands of times a
+/// second, so the views are notified of many changes at once: they know the items as of the last
+/// `Update`.
 class AddressModel : public QAbstractListModel {
     Q_OBJECT
 
   public:
-    /// Becomes the one observer of `items`, which must outlive this.
+    /// Becomes the only observer of `items`, which must outlive this object.
     AddressModel(crawl::ListItems& items, QObject* parent);
     ~AddressModel() override;
 
     /// Stops observing the items, so that another model can.
     void Detach();
 
-    /// Tells the views what has changed since the last time. Rows that were taken away go, also
-    /// where others have come in their place meanwhile.
+    /// Notifies the views of the changes since the last call. A row whose item was removed goes,
+    /// even if another item has taken its place.
     void Update();
 
-    /// The whole address of a row; "" where the item has gone since the last `Update`.
+    /// The whole address of a row; "" if the item was removed since the last `Update`.
     std::string Address(int row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -40,8 +40,8 @@ class AddressModel : public QAbstractListModel {
 
     crawl::ListItems& items_;
     bool observing_ = true;
-    int shown_count_ = 0;   ///< how many items there were at the last update
-    int lowest_count_ = 0;  ///< the fewest since then: rows from there on are others now
+    int shown_count_ = 0;   ///< the item count at the last update
+    int lowest_count_ = 0;  ///< the lowest count since then: later rows have changed
 };
 
 }  // namespace ui

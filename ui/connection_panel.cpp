@@ -21,7 +21,7 @@ constexpr int kReceivedWidth = 1260;
 constexpr int kStatusLeft = kMargin + kNumberWidth + kReceivedWidth + 3 * kMargin;
 constexpr int kGraphWidth = 2250;
 constexpr int kHeadingWidth = 1800;
-/// In a panel narrower than this the headings need the graph's room.
+/// In a narrower panel the headings need the graph's room.
 constexpr int kLeastWidthForGraph = 6300;
 
 constexpr int kLeastRows = 4;
@@ -45,7 +45,7 @@ class RowsWidget : public QWidget {
     }
 };
 
-/// Whether a row of this status has nothing to say.
+/// Whether a row with this status has nothing to tell.
 bool IsIdle(const std::string& status) {
     return status == bas_Connections::kNotConnected;
 }
@@ -133,7 +133,7 @@ void ConnectionPanel::resizeEvent(QResizeEvent* event) {
     connections_heading_->setGeometry(inside.left() + Twips(kStatusLeft), inside.top(),
                                       Twips(kHeadingWidth), heading_height);
     picture3_->setVisible(width() >= Twips(kLeastWidthForGraph));
-    // A pixel is left to the frame on each side: at 150 % it is more than one wide.
+    // Leave a pixel for the frame on each side, because at 150 % the frame is wider than one.
     scroller_->setGeometry(inside.left() + 1, inside.top() + header, inside.width() - 2,
                            std::max(0, inside.height() - header - 1));
     PlaceRows();
@@ -142,7 +142,7 @@ void ConnectionPanel::resizeEvent(QResizeEvent* event) {
 void ConnectionPanel::PlaceRows() {
     const int rows_height = crawl::kSlotCount * RowHeight();
     const bool scrolls = scroller_->height() < rows_height;
-    // Only what scrolls is worth a stop of the Tab key.
+    // The Tab key stops here only if the rows scroll.
     scroller_->setFocusPolicy(scrolls ? Qt::TabFocus : Qt::NoFocus);
     const int bar = scrolls ? scroller_->verticalScrollBar()->sizeHint().width() : 0;
     const int width = std::max(0, scroller_->width() - bar);

@@ -12,17 +12,17 @@
 
 namespace ui {
 
-/// The connection panel: two headings with the rate of the last minute beside them, and below a row
-/// for each connection. The rows scroll where the panel is too low for them.
+/// The connection panel: two headings, beside them the rate of the last minute, and below them a
+/// row for each connection. The rows scroll if the panel is too low.
 class ConnectionPanel : public QFrame {
     Q_OBJECT
 
   public:
     explicit ConnectionPanel(QWidget* parent);
 
-    /// The height at which all rows show.
+    /// The height that shows all rows.
     int FullHeight() const;
-    /// The height at which a few rows show.
+    /// The height that shows a few rows.
     int LeastHeight() const;
 
     void SetStatus(int row, const std::string& text);
@@ -44,7 +44,7 @@ class ConnectionPanel : public QFrame {
 
     void MakeRows();
     void PlaceRows();
-    /// Says in one sentence what a row shows, for who cannot see which labels stand side by side.
+    /// Describes a row in one sentence for screen readers.
     void Describe(int row);
 
     QLabel* connections_heading_;

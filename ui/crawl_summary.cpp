@@ -25,7 +25,7 @@ std::string HostOf(const crawl::ReportRow& row) {
     return std::string(row.address.substr(0, row.address.find('/')));
 }
 
-/// Why an address was not answered, said of its host.
+/// Why an address was not answered, as a sentence about its host.
 std::string SaidOfHost(const std::string& host, std::string_view why) {
     static constexpr std::pair<std::string_view, std::string_view> kSayings[] = {
         {"refused", " refused the connection"},
@@ -43,7 +43,7 @@ std::string SaidOfHost(const std::string& host, std::string_view why) {
     return host + ": " + std::string(why);
 }
 
-/// What was wrong with the address that all others would have come from; "" when nothing was.
+/// What was wrong with the start address, on which all others depend; "" if nothing was.
 std::string TroubleAtTheStart(const crawl::ReportRow& start) {
     const std::string address = "http://" + std::string(start.address);
     const std::string answered = HostOf(start) + " answered " + std::to_string(start.status);
@@ -113,7 +113,7 @@ std::string CrawlReporter::Words(const CrawlCircumstances& circumstances) {
     const std::string trouble = Trouble();
     if (circumstances.paused) add("Paused: no new files start");
     add(trouble);
-    // Where the start came to nothing there is nothing to count.
+    // If the start has failed, there is nothing to count.
     const bool only_start = report_.Count() == 1 && report_.CountOf(Outcome::NotWritten) == 0;
     if (trouble.empty() || !only_start) add(Counts(circumstances, !trouble.empty()));
     return words;
@@ -173,7 +173,7 @@ const crawl::ReportRow* CrawlReporter::FirstNotWritten() {
     while (looked_through_ < ended.size() && !is_not_written(ended[looked_through_])) {
         ++looked_through_;
     }
-    if (looked_through_ == ended.size()) looked_through_ = 0;  // it was written again meanwhile
+    if (looked_through_ == ended.size()) looked_through_ = 0;  // an earlier row has changed
     not_written_ = looked_through_ < ended.size() ? ended[looked_through_] : crawl::kNoRow;
     return is_not_written(not_written_) ? &report_.Row(not_written_) : nullptr;
 }

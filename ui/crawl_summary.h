@@ -7,33 +7,33 @@
 
 namespace ui {
 
-/// What the report alone does not tell of a crawl.
+/// What the report itself does not tell about a crawl.
 struct CrawlCircumstances {
     bool running = false;
     bool paused = false;
-    bool has_connections = true;  ///< false when none at a time was chosen
-    std::string folder = {};      ///< where the files go, as people write it
+    bool has_connections = true;  ///< false if 0 connections are chosen
+    std::string folder = {};      ///< the target folder as shown to the user
 };
 
-/// How far a crawl is and what it has come to.
+/// A crawl's progress and results.
 struct CrawlSummary {
     std::string words;
     bool warns = false;
-    std::size_t done = 0;   ///< whole answers on disk, of
-    std::size_t known = 0;  ///< so many addresses; as many only when all is well
-    bool is_well = true;    ///< nothing was lost so far, and at the end nothing is missing
+    std::size_t done = 0;   ///< complete answers on disk
+    std::size_t known = 0;  ///< addresses; equal to `done` only if all is well
+    bool is_well = true;    ///< nothing was lost so far, or is missing at the end
 };
 
-/// Sums up the report. It keeps in mind what it has seen, so that this takes the same time however
-/// long the report is.
+/// Sums up the report. Remembers what it has seen, so that the cost does not depend on the report's
+/// length.
 class CrawlReporter {
   public:
-    /// The report must outlive this.
+    /// The report must outlive this object.
     explicit CrawlReporter(const crawl::AddressReport& report) : report_(report) {}
 
     CrawlSummary Summary(const CrawlCircumstances& circumstances);
 
-    /// A crawl begins.
+    /// A crawl starts.
     void Reset();
 
   private:

@@ -37,7 +37,7 @@ void frmMain::Form_Load() {
     SetTxtMax("4");
     bas_Output::MakeFolder(platform::System().files.ProgramFolder() + "\\dldata");
     ShowWizardOnActivate = true;
-    // The lists are this window's controls: a fresh one has them empty.
+    // The lists are this window's controls, so a new window starts with empty ones.
     crawl::List1.Clear();
     crawl::List2.Clear();
     rate_timer_.start(kRateMilliseconds);
@@ -46,7 +46,7 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::Retire() {
-    // Closing the pause dialog turns the scheduler on once more.
+    // Closing the pause dialog turns the scheduler on, so do it before that is turned off.
     if (pause_dialog_) pause_dialog_->reject();
     retired_ = true;
     move_timer_.SetEnabled(false);
@@ -115,7 +115,7 @@ void frmMain::SetCommand1Enabled(bool enabled) {
 }
 
 void frmMain::LeaveStart() {
-    // Qt would put the keyboard on the stop button, where two more keys end the crawl.
+    // Otherwise Qt would move the focus to the stop button, where two more keys end the crawl.
     if (focusWidget() == text1_ || focusWidget() == command1_) {
         (list1_->isHidden() ? list2_ : list1_)->setFocus();
     }
@@ -134,7 +134,7 @@ void frmMain::SetTxtMax(const std::string& count) {
     if (txt_max_->currentText() == shown) return;
     txt_max_->setCurrentIndex(txt_max_->findText(shown));
     txt_max_->setEditText(shown);
-    // The next key replaces what was not typed by hand.
+    // The next key replaces a number that the user did not type.
     if (txt_max_->hasFocus()) txt_max_->lineEdit()->selectAll();
     bas_Connections::txtMax_Change();
 }
@@ -181,7 +181,7 @@ void frmMain::ShowList1() {
 }
 
 void frmMain::ShowCleaningUp() {
-    // Without a crawl there is next to nothing to delete.
+    // Without a crawl there is almost nothing to delete.
     if (!engine::CrawlIsRunning() || !isVisible()) return;
     progress_->SetWords("Cleaning up...");
     holder_.LetScreenCatchUp();

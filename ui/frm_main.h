@@ -28,11 +28,11 @@ namespace ui {
 class AddressLine;
 class WindowHolder;
 
-/// The main window: the download monitor. It shows what the crawl writes into it and turns clicks
+/// The main window: the download monitor. It shows what the crawl writes to it, and turns clicks
 /// and keys into calls of the crawl's procedures.
 ///
-/// Any of those procedures may stop the crawl, and then this window is unloaded and another one is
-/// `engine::Window()`; the object itself lives until its handlers have returned.
+/// Any of those procedures may stop the crawl. This window is then unloaded, and another one is
+/// `engine::Window()`. The object itself lives until its handlers have returned.
 class frmMain : public QMainWindow, public engine::MainWindow {
     Q_OBJECT
 
@@ -40,20 +40,20 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     explicit frmMain(WindowHolder& holder);
     ~frmMain() override;
 
-    /// Fills the controls. The window must be the engine's by then.
+    /// Fills the controls. The window must already be the engine's.
     void Form_Load();
 
-    /// Gives a window that has not been shown before its size, where the screen has the room.
+    /// Sets the size of a window that has not been shown yet, as far as the screen has room.
     void PlaceOnScreen();
 
-    /// Unloads the window: no event of it reaches the crawl any more.
+    /// Unloads the window: none of its events reaches the crawl any more.
     void Retire();
     bool IsRetired() const { return retired_; }
 
-    /// Stops and cleans up what is running, unasked, and ends the program with `exit_code`.
+    /// Stops and cleans up a running crawl without asking, and ends the program with `exit_code`.
     void Leave(int exit_code);
 
-    /// As if N had been chosen from the list of `txtMax`.
+    /// Does the same as choosing N from the list of `txtMax`.
     void ChooseConnections(int count);
 
     /// Whether the next activation opens the New Site Wizard.
@@ -124,7 +124,8 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void JudgeAddress();
     void ListChanged();
 
-    /// Takes the keyboard from the controls that start a crawl, which are about to be disabled.
+    /// Moves the focus away from the controls that start a crawl, because they are about to be
+    /// disabled.
     void LeaveStart();
 
     // frm_main_progress.cpp
@@ -135,8 +136,8 @@ class frmMain : public QMainWindow, public engine::MainWindow {
 
     bool CatchingUp() const;
 
-    /// `handler` as it is to be hung up everywhere: an unloaded window does nothing any more, and
-    /// one that only lets the screen catch up, nothing for the moment.
+    /// Wraps `handler` for every connection: it does nothing in an unloaded window, nor while the
+    /// screen catches up.
     template <typename Handler>
     auto WhileLoaded(Handler handler) {
         return [this, handler] {
@@ -158,11 +159,11 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     platform::QtTimer move_timer_;
     CrawlReporter reporter_{crawl::Report};
     QTimer rate_timer_;
-    QTimer progress_timer_;  ///< runs while a crawl does
+    QTimer progress_timer_;  ///< active while a crawl is running
 
-    QWidget* client_;  ///< the area below the menu, in which everything lies
+    QWidget* client_;  ///< the area below the menu, which contains all controls
     QLineEdit* text1_;
-    AddressLine* address_line_;  ///< what the address will make the crawl ask for
+    AddressLine* address_line_;  ///< what the crawl will request
     QPushButton* command1_;
     QPushButton* command2_;
     QPushButton* command3_;
@@ -178,13 +179,13 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     QLabel* label8_;
     QLabel* label9_;
     QLabel* list2_heading_;
-    ElidedLabel* next_;  ///< which address of the queue is fetched next
+    ElidedLabel* next_;  ///< the queued address that is fetched next
     ConnectionPanel* picture1_;
     ActivityLight* picture2_;
     ProgressStrip* progress_;
     AddressList* list1_;
     AddressList* list2_;
-    QToolButton* other_links_;  ///< exchanges `List1` and `List2`
+    QToolButton* other_links_;  ///< switches between `List1` and `List2`
     QAction* mnunew_;
     QAction* mnuexit_;
     QAction* mnupause_;

@@ -22,11 +22,11 @@ namespace ui {
 
 namespace {
 
-/// In twips: what a warning and its link take at least.
+/// The least width of a warning and its link, in twips.
 constexpr int kLeastAddressLine = 4200;
 
-/// Whether a crawl may start into the target folder. A crawl from the address box, before a wizard
-/// has chosen a folder, goes into the stored one.
+/// Whether a crawl may save into the target folder. A crawl started from the address box before a
+/// wizard has chosen a folder uses the stored one.
 bool FolderIsReady() {
     if (crawl::TargetFolder.empty() &&
         !bas_General::PrepareTargetFolder(
@@ -63,7 +63,7 @@ void frmMain::ConnectControls() {
     connect(list2_, &AddressList::TypesWanted, this, &frmMain::AddTypes);
     On(other_links_, &QToolButton::clicked, [this] { ShowOtherLinks(list2_->isHidden()); });
 
-    // Leaving the box is no choice from its list.
+    // Leaving the box does not count as a choice from its list.
     disconnect(txt_max_->lineEdit(), &QLineEdit::editingFinished, txt_max_, nullptr);
     On(txt_max_->lineEdit(), &QLineEdit::textEdited, [] { bas_Connections::txtMax_Change(); });
     On(txt_max_, &QComboBox::activated, [] { bas_Connections::txtMax_Click(); });

@@ -16,7 +16,7 @@
 #include "widgets/readable.h"
 #include "widgets/twips.h"
 
-/// The main window's controls, menu, sockets and timers as they are when it is designed.
+/// Creates the main window's controls, menu, sockets and timers.
 namespace ui {
 
 namespace {
@@ -38,7 +38,7 @@ void frmMain::MakeControls() {
     column->addWidget(client_, 1);
     column->addWidget(progress_);
     setCentralWidget(whole);
-    layout()->setSizeConstraint(QLayout::SetNoConstraint);  // it may be made as small as one likes
+    layout()->setSizeConstraint(QLayout::SetNoConstraint);  // no minimum size
 
     picture1_ = new ConnectionPanel(client_);
     picture1_->setObjectName("Picture1");
@@ -131,7 +131,7 @@ QAction* frmMain::MakeEntry(QMenu* menu, const char* name, const QString& captio
     QAction* entry = menu->addAction(caption);
     entry->setObjectName(name);
     entry->setShortcut(keys);
-    // The caption alone must not make a desktop move the entry to another menu.
+    // Keep desktops from moving the entry to another menu because of its caption.
     entry->setMenuRole(QAction::NoRole);
     return entry;
 }

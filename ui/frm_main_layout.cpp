@@ -8,12 +8,12 @@
 #include "widgets/controls.h"
 #include "widgets/twips.h"
 
-/// The main window's layout. The client area below the menu is what is laid out, in twips.
+/// The main window's layout: arranges the client area below the menu, in twips.
 namespace ui {
 
 namespace {
 
-// What lies above the connection panel, between it and the queue, and the queue's own room.
+// Lengths above the connection panel, between it and the queue, and of the queue itself.
 constexpr int kEdge = 180;
 constexpr int kButton = 420;
 constexpr int kPanelLeft = 240;
@@ -25,10 +25,10 @@ constexpr int kQueueRoom = 1500;
 constexpr int kOpeningWidth = 12300;
 constexpr int kOpeningQueue = 2250;
 
-/// What the panel and the queue leave of the height to everything else.
+/// The height of everything but the panel and the queue.
 constexpr int kAroundPanelAndQueue = 2280 + 480;
 
-/// A control refuses a negative size and keeps the one it has.
+/// Ignores negative widths, which a control would refuse.
 void SetWidth(QWidget* control, int twips) {
     if (twips >= 0) control->resize(Twips(twips), control->height());
 }
@@ -92,8 +92,8 @@ void frmMain::PlaceFixedControls() {
 }
 
 void frmMain::FitPanel(int height) {
-    // All rows where there is room for them and some of the queue, else as many as there are; they
-    // scroll then. Below a few rows the panel does not shrink.
+    // Show all rows if there is room for them and for some of the queue; otherwise as many as fit,
+    // and they scroll. The panel does not shrink below a few rows.
     const int room = Twips(height - kAroundPanelAndQueue - kQueueRoom);
     const int panel = std::clamp(room, picture1_->LeastHeight(), picture1_->FullHeight());
     picture1_->resize(picture1_->width(), OnPixelGrid(panel));
@@ -129,7 +129,7 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::HideWhatDoesNotFit() {
-    // Half a number reads as another one.
+    // A number that is cut in half reads as another one.
     for (QLabel* counter : {label3_, label4_, label5_}) {
         counter->setVisible(counter->x() + counter->sizeHint().width() <= client_->width());
     }
@@ -145,7 +145,7 @@ void frmMain::PlaceOtherLinksButton() {
 }
 
 void frmMain::PlaceAddressLine() {
-    // Below the address, as far as the buttons and the number of connections leave room for it.
+    // Below the address, as far as the buttons and the number of connections leave room.
     constexpr int kGap = 120;
     const int left = InTwips(command4_->geometry().right()) + kGap;
     const int right = Left(label9_->isHidden() ? static_cast<QWidget*>(txt_max_) : label9_) - kGap;
@@ -157,11 +157,12 @@ void frmMain::PlaceAddressLine() {
 void frmMain::PlaceOnScreen() {
     const int wanted = Twips(kAroundPanelAndQueue + kOpeningQueue) + picture1_->FullHeight() +
                        menuBar()->height() + progress_->sizeHint().height();
-    // The desktop's frame around the window is not known yet.
+    // The size of the window's frame is not known yet.
     constexpr int kFrame = 40;
     const QSize room = screen()->availableGeometry().size() - QSize(0, kFrame);
     resize(QSize(Twips(kOpeningWidth), wanted).boundedTo(room));
-    // Left to the desktop, the place would not be known yet when the wizard is put over it.
+    // If the desktop chose the position, it would not be known yet when the wizard is placed over
+    // the window.
     QRect place({0, 0}, size());
     place.moveCenter(screen()->availableGeometry().center());
     move(place.topLeft() - QPoint(0, kFrame / 2));

@@ -7,7 +7,7 @@
 #include "platform/qt/local_text.h"
 #include "ui/frm_main.h"
 
-/// What the main window tells of how far a crawl is.
+/// How the main window shows the progress of a crawl.
 namespace ui {
 
 namespace {
@@ -25,7 +25,7 @@ void frmMain::CrawlEnds() {
     progress_timer_.stop();
     if (pause_dialog_) {
         pause_dialog_->reject();        // nothing is left to pause
-        move_timer_.SetEnabled(false);  // which closing the dialog has turned on
+        move_timer_.SetEnabled(false);  // closing the dialog has turned it on
     }
     ShowProgress();
 }
@@ -41,7 +41,7 @@ void frmMain::ShowProgress() {
                                        .folder = ShownFolder()}));
 }
 
-/// The folder of the report's crawl as people write it.
+/// The reported crawl's folder as a system path, with "~" for the user's home folder.
 std::string frmMain::ShownFolder() {
     const std::string folder = crawl::ReportFolder;
     const QString path =

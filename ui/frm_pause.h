@@ -4,7 +4,8 @@
 
 namespace ui {
 
-/// The pause dialog: no new file starts while it is open. However it is closed, the crawl goes on.
+/// The pause dialog. No new file starts while it is open. However it is closed, the crawl
+/// continues.
 class frmPause : public QDialog {
     Q_OBJECT
 

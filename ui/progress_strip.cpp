@@ -17,7 +17,7 @@ namespace ui {
 
 namespace {
 constexpr int kEdge = 180;
-/// The bar's own range: counts of files pass the bar's 32 bits.
+/// The bar's own range, because file counts may exceed the bar's 32 bits.
 constexpr int kSteps = 1000;
 }  // namespace
 
@@ -29,7 +29,7 @@ ProgressStrip::ProgressStrip(QWidget* parent)
     setFont(LabelFont());
     bar_->setAccessibleName("Files saved of files found so far");
     bar_->setRange(0, kSteps);
-    // The window is laid out once, not anew when a crawl begins.
+    // Keep the layout the same when the bar appears at the start of a crawl.
     QSizePolicy stays = bar_->sizePolicy();
     stays.setRetainSizeWhenHidden(true);
     bar_->setSizePolicy(stays);
@@ -79,7 +79,7 @@ void ProgressStrip::ShowWords() {
     const bool begins_to_warn = warns && !words_->IsWarning();
     words_->SetWarning(warns);
     if (!begins_to_warn) return;
-    // A screen reader is not to wait until somebody asks it for this line.
+    // Screen readers announce the warning at once instead of on request.
     QAccessibleEvent alert(words_, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

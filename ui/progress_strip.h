@@ -10,8 +10,8 @@ class ElidedLabel;
 class ThinBar;
 struct CrawlSummary;
 
-/// How far a crawl is and what it has come to, below everything else: a thin bar, the same in
-/// words, and a button for the whole of it.
+/// A crawl's progress and results, at the bottom of the window: a thin bar, a line of text, and a
+/// button for the full report.
 class ProgressStrip : public QWidget {
     Q_OBJECT
 
@@ -20,10 +20,10 @@ class ProgressStrip : public QWidget {
 
     void Show(const CrawlSummary& summary);
 
-    /// Changes the words alone.
+    /// Changes only the text.
     void SetWords(const QString& words, bool warns = false);
 
-    /// Shows `warning` in the place of the words until it is "".
+    /// Shows `warning` instead of the text until it is "".
     void Warn(const QString& warning);
 
     QPushButton& ReportButton() { return *report_; }

@@ -17,7 +17,8 @@ constexpr std::size_t kSeconds = 60;
 // Lengths in twips.
 constexpr int kTextHeight = 195;
 constexpr int kMargin = 75;
-/// What fills the graph at least, in bytes per second: a few bytes must not look like a flood.
+/// The least rate that fills the graph, in bytes per second: a few bytes must not look like a
+/// flood.
 constexpr std::int32_t kLeastScale = 1024;
 
 QString RateText(std::int32_t bytes_per_second) {

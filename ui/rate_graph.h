@@ -7,15 +7,15 @@
 
 namespace ui {
 
-/// Draws how many bytes came in each second of the last minute.
+/// Draws the bytes received in each second of the last minute.
 class RateGraph : public QWidget {
     Q_OBJECT
 
   public:
     explicit RateGraph(QWidget* parent);
 
-    /// To be called once a second with the bytes received so far. The first call only says where
-    /// counting begins; a count below the last one is the start of another crawl.
+    /// Call this once a second with the number of bytes received so far. The first call only sets
+    /// the starting point. A number below the last one means that a new crawl has started.
     void Sample(std::int32_t total_bytes);
 
   protected:
@@ -23,7 +23,7 @@ class RateGraph : public QWidget {
 
   private:
     std::deque<std::int32_t> rates_;
-    std::optional<std::int32_t> last_total_;  ///< none before the first sample
+    std::optional<std::int32_t> last_total_;  ///< not set before the first sample
 };
 
 }  // namespace ui

@@ -4,8 +4,8 @@
 
 namespace ui {
 
-/// A thin progress bar without a text, in the same shape on every desktop. It turns red where
-/// something was lost.
+/// A thin progress bar without text that looks the same on every desktop. It is red if something
+/// was lost.
 class ThinBar : public QProgressBar {
     Q_OBJECT
 

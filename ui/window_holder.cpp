@@ -14,10 +14,10 @@ namespace ui {
 namespace {
 constexpr int kLookAgainMilliseconds = 10;
 
-/// What a desktop takes to remove a box and to have painted what lay beneath.
+/// The time that a desktop needs to remove a box and repaint what was below it.
 constexpr int kCatchUpMilliseconds = 60;
 
-/// Each dialog closes as if by its frame, so that it stores what it stores then.
+/// Closes each dialog as if by its frame, so that it stores its changes.
 void CloseDialogs() {
     while (QWidget* const dialog = QApplication::activeModalWidget()) {
         if (!dialog->close()) return;

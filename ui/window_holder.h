@@ -18,54 +18,55 @@ namespace ui {
 
 class frmMain;
 
-/// Owns the main window. A stop replaces it by a fresh one while handlers of the old one are still
-/// on the call stack: the button that was clicked, perhaps a scan in whose yield it was clicked. So
-/// an unloaded window does nothing more, but is destroyed only when the stack has unwound.
+/// Owns the main window. A stop replaces it by a new one while handlers of the old one are still on
+/// the call stack: that of the clicked button, and perhaps a scan in whose yield it was clicked. So
+/// an unloaded window becomes inactive, but is destroyed only when the stack has unwound.
 class WindowHolder : public QObject {
     Q_OBJECT
 
   public:
     struct Hooks {
-        /// Shows the New Site Wizard modally over a window; none in an unattended run.
+        /// Shows the New Site Wizard modally over a window; not set in an unattended run.
         std::function<void(QWidget& window)> show_wizard;
-        /// Makes one connection's socket.
+        /// Creates the socket for one connection.
         std::function<std::unique_ptr<platform::Socket>()> make_socket;
     };
 
-    /// `events` is the loop by which handlers yield.
+    /// `events` is the loop that handlers use to yield.
     WindowHolder(const platform::QtEventLoop& events, Hooks hooks);
     ~WindowHolder() override;
 
-    /// Loads the first window and makes it the engine's. It is shown only by `Show`.
+    /// Loads the first window and makes it the engine's. Only `Show` shows it.
     void Load();
     void Show();
     frmMain& Current() { return *current_; }
 
-    /// Replaces the window by a fresh one in the same place.
+    /// Replaces the window by a new one in the same place.
     void Reload();
 
-    /// The window became active. The wizard that this may open waits until no handler is running.
+    /// The window has become active. If this opens the wizard, it waits until no handler is
+    /// running.
     void Activated();
 
-    /// Shows the wizard unless one is open.
+    /// Shows the wizard unless it is open.
     void OpenWizard();
 
-    /// Ends the program with `exit_code` as if the exit question had been answered with Yes,
-    /// whatever is open. Nothing when it is ending already.
+    /// Ends the program with `exit_code`, whatever is open, as if the exit question had been
+    /// answered with Yes. Does nothing if it is already ending.
     void Exit(int exit_code);
 
-    /// Lets the screen show what has changed. No key, no click and nothing of the crawl is heeded
+    /// Lets the screen show the latest changes. Ignores keys, clicks and all events of the crawl
     /// meanwhile.
     void LetScreenCatchUp();
 
-    /// Whether that is so right now.
+    /// Whether `LetScreenCatchUp` is running.
     bool IsCatchingUp() const { return catching_up_; }
 
-    /// Makes one socket for a window.
+    /// Creates one socket for a window.
     std::unique_ptr<platform::Socket> MakeSocket() const { return hooks_.make_socket(); }
 
-    /// Whether no handler is on the stack below the caller's: nobody is yielding and no modal
-    /// dialog is open. Meant for handlers of timers.
+    /// Whether no handler is on the stack below the caller: nothing is yielding and no modal dialog
+    /// is open. For use in timer handlers.
     bool StackIsIdle() const;
 
   private:
@@ -80,7 +81,7 @@ class WindowHolder : public QObject {
     bool activated_ = false;
     bool wizard_open_ = false;
     bool catching_up_ = false;
-    QTimer waiting_;  ///< runs while there is something to do once the stack has unwound
+    QTimer waiting_;  ///< active while there is work for when the stack has unwound
 };
 
 }  // namespace ui
