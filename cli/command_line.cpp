@@ -31,7 +31,7 @@ std::optional<std::int64_t> ReadTimeout(const QString& text) {
     const std::optional<double> seconds = text::WholeNumber(platform::ToBytes(text));
     if (!seconds || !(*seconds >= 0)) return std::nullopt;
     const std::optional<std::int64_t> milliseconds = text::RoundHalfEven(*seconds * 1000);
-    // Nothing rounded down may become the 0 that waits for ever.
+    // A small timeout must not be rounded down to 0, which waits for ever.
     if (milliseconds == 0 && *seconds > 0) return std::nullopt;
     return milliseconds;
 }

@@ -15,7 +15,7 @@ struct CrawlOrder {
     int connections = 4;
     std::int64_t timeout_milliseconds = 15000;  ///< 0 waits for ever
     std::string report;                         ///< path text; "" for none
-    bool quiet = false;                         ///< says only how it ended
+    bool quiet = false;                         ///< print only the result and faults
 };
 
 /// What the command line asks for.
@@ -25,8 +25,8 @@ struct CommandLine {
     CrawlOrder order;    ///< for `Crawl`
     SearchOrder search;  ///< for `Search`
     QString text;        ///< for `Print`
-    int exit_code = 0;   ///< for `Print`; 2 when the arguments are wrong
-    /// For `OpenWindow`: the web site to offer; "" for the one of the last time.
+    int exit_code = 0;   ///< for `Print`; 2 if the arguments are wrong
+    /// For `OpenWindow`: the web site to offer; "" for the last one.
     std::string address = {};
 };
 

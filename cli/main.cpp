@@ -47,7 +47,7 @@ void ShowWizard(QWidget& window) {
     wizard.exec();
 }
 
-/// Whether this system can show windows at all. Elsewhere than on Unix a program always can.
+/// Whether this system can show windows. On systems other than Unix it always can.
 bool HasDisplay() {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -75,7 +75,7 @@ void SayThatNoDisplayIsThere() {
         stderr);
 }
 
-/// Qt aborts, leaving a core, when a display is named that cannot be reached.
+/// Exits cleanly where Qt would abort with a core dump because a display cannot be reached.
 void ExitInsteadOfAbort(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type == QtFatalMsg) {
         SayThatNoDisplayIsThere();
@@ -84,7 +84,7 @@ void ExitInsteadOfAbort(QtMsgType type, const QMessageLogContext&, const QString
     std::fprintf(stderr, "%s\n", platform::ToBytes(message).c_str());
 }
 
-/// `address` is what the wizard begins with; "" for what it had the last time.
+/// `address` is the wizard's first address; "" for the last one used.
 int RunWindow(const std::string& address, int argc, char** argv) {
     if (!HasDisplay()) {
         SayThatNoDisplayIsThere();
@@ -94,13 +94,13 @@ int RunWindow(const std::string& address, int argc, char** argv) {
     const QApplication application = platform::MakeApplication(argc, argv);
     qInstallMessageHandler(nullptr);
 #ifdef Q_OS_WIN
-    // Menus and boxes have faces of their own there, none of them that of the forms.
+    // On Windows, menus and boxes use fonts other than that of the forms.
     QApplication::setFont(ui::LabelFont());
 #else
     QApplication::setStyle(new ui::ProgramStyle);
 #endif
-    QApplication::setDesktopFileName("vantorin");  // whose icon Wayland shows for the window
-    // The window says itself when the program ends: a stop closes one window and opens another.
+    QApplication::setDesktopFileName("vantorin");  // Wayland shows its icon for the window
+    // The window itself ends the program, because a stop closes one window and opens another.
     QApplication::setQuitOnLastWindowClosed(false);
     platform::QtSettingsStore settings;
     platform::QtMessageBoxes boxes;
@@ -111,12 +111,11 @@ int RunWindow(const std::string& address, int argc, char** argv) {
     holder.Load();
     holder.Show();
     const int exit_code = QApplication::exec();
-    holder.Exit(exit_code);  // unless it has
+    holder.Exit(exit_code);  // does nothing if it has ended already
     return exit_code;
 }
 
-/// Qt warns about what an environment without a desktop lacks, which an unattended run does not
-/// use.
+/// Drops Qt's warnings about a missing desktop, which an unattended run does not use.
 void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtCriticalMsg && type != QtFatalMsg) return;
     cli::OutputStream(cli::OutputStream::Which::Error)
@@ -125,7 +124,7 @@ void PassOnFaultsOnly(QtMsgType type, const QMessageLogContext&, const QString& 
 
 int RunCrawl(const cli::CrawlOrder& order, int argc, char** argv) {
     qInstallMessageHandler(PassOnFaultsOnly);
-    // The window is never shown, so the run needs no display, whatever the environment says of one.
+    // The window is never shown, so the run needs no display, even if the environment names one.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");
     const QApplication application = platform::MakeApplication(argc, argv);
@@ -138,8 +137,8 @@ int RunCrawl(const cli::CrawlOrder& order, int argc, char** argv) {
     return cli::RunUnattended(order, holder, terminal);
 }
 
-/// Has large blocks given back to the system whenever they are freed. By itself the C library keeps
-/// more and more of them, and a second large response needs its memory on top of that.
+/// Returns large blocks to the system as soon as they are freed. By default, the C library keeps
+/// more and more of them, and a second large response would need its memory in addition.
 void GiveBackLargeBlocks() {
 #ifdef __GLIBC__
     constexpr int kLargeBlock = 1 << 20;

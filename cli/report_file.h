@@ -10,8 +10,8 @@
 namespace cli {
 
 /// The report of a crawl as a file that grows during the crawl, with one line per settled row. A
-/// line is written whole or not at all. What does not fit on a full disk is written when there is
-/// room again.
+/// line is written whole or not at all. Lines that do not fit on a full disk are written when there
+/// is room again.
 class ReportFile final : public crawl::ReportObserver {
   public:
     ReportFile() = default;

@@ -39,7 +39,8 @@ bool AddressCompleter::eventFilter(QObject* watched, QEvent* event) {
             addresses += platform::FromBytes(address);
         addresses_.setStringList(addresses);
     }
-    // The list of offers, which its first use makes, comes by here while it is made.
+    // popup() creates the list on first use. Events during that come through here, too, so call it
+    // only for key presses.
     if (event->type() == QEvent::KeyPress && watched == popup() &&
         Handle(*static_cast<QKeyEvent*>(event)))
         return true;
@@ -48,8 +49,7 @@ bool AddressCompleter::eventFilter(QObject* watched, QEvent* event) {
 
 bool AddressCompleter::Handle(QKeyEvent& key) {
     if (!popup()->isVisible()) {
-        // The display gives the keyboard back late: keys that are typed fast still come to the
-        // list.
+        // The focus returns from the list with a delay, so keys typed quickly still arrive here.
         if (QWidget* focus = box_->window()->focusWidget())
             QCoreApplication::sendEvent(focus, &key);
         return true;

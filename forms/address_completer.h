@@ -8,22 +8,22 @@ class QLineEdit;
 
 namespace ui {
 
-/// Offers the addresses that were used before, while one is typed into a box. Enter takes the one
-/// that is chosen; while none is, it does what it does without offers.
+/// Offers addresses used before while the user types into a box. Enter takes the selected offer; if
+/// none is selected, it works as without offers.
 class AddressCompleter : public QCompleter {
     Q_OBJECT
 
   public:
-    /// Becomes the completer of `box`, and its child.
+    /// Becomes the completer and a child of `box`.
     explicit AddressCompleter(QLineEdit* box);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    /// "http://" in front finds what was noted without it.
+    /// Ignores a leading "http://", because addresses are stored without it.
     QStringList splitPath(const QString& typed) const override;
 
   private:
-    /// Whether nobody else needs to handle a key that the list of offers got.
+    /// Handles a key sent to the list of offers; false if the list must handle it.
     bool Handle(QKeyEvent& key);
     void Enter(const QKeyEvent& key);
 

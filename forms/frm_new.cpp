@@ -39,7 +39,7 @@ int ExpandedWidth() {
     return Twips(9720);
 }
 
-/// Half of the difference of the widths, so that the form grows about its centre.
+/// Half of the difference in width, so that the form grows around its centre.
 int SideStep() {
     return (Twips(2865) + 1) / 2;
 }
@@ -61,7 +61,7 @@ void frmNew::done(int result) {
 }
 
 bool frmNew::event(QEvent* event) {
-    // Whoever has edited the list in another copy of the program comes from there.
+    // The user may come from another copy of the program that has changed the list.
     if (event->type() == QEvent::WindowActivate && !unloaded_) TakeOthersTypes();
     return QDialog::event(event);
 }
@@ -98,7 +98,7 @@ void frmNew::Form_Load() {
 }
 
 void frmNew::Form_Unload() {
-    // A filters dialog of this wizard cannot outlive it.
+    // A filters dialog opened from this wizard cannot outlive it.
     for (zFilter* filters : findChildren<zFilter*>(Qt::FindDirectChildrenOnly))
         filters->close();
 
@@ -133,7 +133,7 @@ std::string frmNew::TxtDir() const {
 
 void frmNew::SetTxtDir(const std::string& folder) {
     {
-        // Qt is silent about a text that is the same; the handler runs for every write.
+        // Qt does not signal an unchanged text, but the handler must run for every write.
         const QSignalBlocker changed_below(txt_dir_);
         txt_dir_->setText(platform::FromBytes(folder));
     }
@@ -177,7 +177,7 @@ void frmNew::Command6_Click() {
     setFixedWidth(expand ? ExpandedWidth() : CollapsedWidth());
     move(x() + (expand ? -SideStep() : SideStep()), y());
     command6_->setText(expand ? "Options <<" : "Options >>");
-    // Out of sight it must be out of the tab order, too.
+    // When hidden, it must also leave the tab order.
     frame1_->setVisible(expand);
 }
 

@@ -27,7 +27,7 @@ namespace {
 constexpr int kFormHeight = 4800;
 constexpr int kNoteHeight = 255;
 
-/// From the web into a folder: what the program is for.
+/// From the web into a folder: a picture of what the program does.
 void AddPictures(QWidget* form) {
     PlaceTwips(new Decoration("Image1", Decoration::Subject::Globe, form), 600, 240, 840, 840);
     PlaceTwips(new Decoration("Image2", Decoration::Subject::Arrow, form), 1620, 420, 480, 480);
@@ -140,7 +140,7 @@ void frmNew::MakeOptionsArea() {
     grid->addWidget(command3_, 2, 0);
     grid->addWidget(command4_, 2, 1);
     grid->addWidget(command5_, 3, 0, 1, 2);
-    // Room for "12 sec" and the like: two columns of this width, and the caption above.
+    // Two columns, with the caption above, leave room for texts like "12 sec".
     grid->addWidget(label5, 4, 0, 1, 2);
     grid->addWidget(list2_, 5, 0);
     grid->addWidget(label6, 5, 1);

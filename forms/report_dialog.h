@@ -17,15 +17,15 @@ class ReportModel;
 class ReportSaver;
 class ReportTable;
 
-/// What became of each address, as a table. Modeless, so that the crawl can be watched; it deletes
-/// itself when it closes.
+/// The report as a table. Modeless, so that the crawl can be watched. The dialog deletes itself
+/// when closed.
 class ReportDialog : public QDialog {
     Q_OBJECT
 
   public:
     explicit ReportDialog(QWidget* parent);
 
-    /// Shows the dialog over `parent`; one that is open already comes to the front.
+    /// Shows the dialog over `parent`. A dialog that is already open comes to the front.
     static ReportDialog* ShowOver(QWidget* parent);
 
   private:

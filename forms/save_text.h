@@ -7,8 +7,8 @@ class QWidget;
 
 namespace ui {
 
-/// Asks for a file and writes `bytes` to it, in a dialog over `parent` that nobody waits for; a box
-/// tells when that fails. `name` is what the file is called unless another name is given.
+/// Asks for a file in a dialog over `parent` and writes `bytes` to it. Returns at once. A box
+/// reports a failure. `name` is the suggested file name.
 void AskAndSave(QWidget* parent, const QString& title, const QString& name, std::string bytes);
 
 }  // namespace ui

@@ -40,7 +40,7 @@ zFilter::zFilter(QWidget* parent) : QDialog(parent) {
 }
 
 zFilter::~zFilter() {
-    // Still open when its parent goes: what was edited is kept all the same.
+    // If the parent is destroyed while the dialog is open, keep the changes, too.
     Form_Unload();
 }
 
@@ -135,7 +135,7 @@ void zFilter::TakeOthersKeywords() {
 }
 
 bool zFilter::event(QEvent* event) {
-    // Whoever has edited the list in another copy of the program comes from there.
+    // The user may come from another copy of the program that has changed the list.
     if (event->type() == QEvent::WindowActivate && !unloaded_) TakeOthersKeywords();
     return QDialog::event(event);
 }
@@ -164,7 +164,7 @@ void zFilter::Command1_Click() {
         if (bas_General::FilterExists(keyword, list1_->Items())) {
             platform::System().boxes.MsgBox("Filter already exists in the list!",
                                             platform::BoxStyle::Information, "Filter");
-            if (self == nullptr) return;  // the dialog went while the box was open
+            if (self == nullptr) return;  // the dialog may have been destroyed
         } else {
             list1_->AddItem(text::UpperCase(keyword));
             list1_->scrollToBottom();

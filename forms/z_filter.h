@@ -11,8 +11,8 @@ namespace ui {
 
 class ByteList;
 
-/// The keyword filters. Modeless; it deletes itself when it closes, and however it closes, its list
-/// becomes the filters.
+/// The keyword filters. Modeless. The dialog deletes itself when closed. However it is closed, its
+/// list becomes the filters.
 class zFilter : public QDialog {
     Q_OBJECT
 
@@ -20,11 +20,11 @@ class zFilter : public QDialog {
     explicit zFilter(QWidget* parent);
     ~zFilter() override;
 
-    /// Shows the dialog over `parent`. There is one at most: a dialog that is open already moves
-    /// there, which makes it usable while `parent` is modal.
+    /// Shows the dialog over `parent`. There is at most one: an open dialog moves to `parent`, so
+    /// that it is usable while `parent` is modal.
     static zFilter* ShowOver(QWidget* parent);
 
-    /// Types `keyword`, to be shortened and added.
+    /// Puts `keyword` into the box, for the user to shorten and add.
     void Suggest(const std::string& keyword);
 
     void done(int result) override;

@@ -26,12 +26,12 @@ std::string FileTypesFile();
 /// dot.
 bool AnyFileTypeKnown();
 
-/// The type of the file at `address`, lower-cased: its last "." and what follows; "" if that is not
+/// The lower-cased type of the file at `address`: the text from its last "." on; "" if that is not
 /// a valid type.
 std::string FileTypeOf(const std::string& address);
 
-/// Appends to the list those of `types` that it lacks; the next crawl uses them. Returns whether
-/// the list contains all of them then.
+/// Appends those of `types` that the list lacks; the next crawl uses them. Returns whether the list
+/// then contains all of them.
 bool AddFileTypes(const std::vector<std::string>& types);
 
 /// The wanted types for a crawl, each lower-cased, trimmed and wrapped in colons; "" if there is no

@@ -14,7 +14,7 @@ namespace {
 
 constexpr char kKey[] = "RecentURLs";
 constexpr std::size_t kMost = 50;
-/// Nobody types a longer one, and the settings stay small.
+/// Nobody types longer addresses, and this keeps the settings small.
 constexpr std::size_t kLongest = 1000;
 
 bool IsOneLine(const std::string& address) {

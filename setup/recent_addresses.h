@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
-/// Site setup. This file: the addresses that downloads were started with.
+/// Site setup. This file: the addresses with which downloads were started.
 namespace bas_General {
 
-/// They are without "http://", the one used last in front.
+/// The recent addresses without "http://", the last one first.
 std::vector<std::string> RecentAddresses();
 
-/// Puts an address, as it was typed, in front. The oldest of more than 50 goes.
+/// Adds an address as typed and makes it the first. Keeps at most 50.
 void NoteAddress(const std::string& typed);
 
 }  // namespace bas_General

@@ -45,7 +45,7 @@ class ConsumableText {
         bytes_.append(more);
     }
 
-    /// Drops the first `count` characters, or all when there are fewer.
+    /// Drops the first `count` characters, or all if there are fewer.
     void Consume(std::size_t count) {
         if (count < Size()) {
             eaten_ += count;

@@ -12,7 +12,7 @@ class OneBased {
   public:
     static constexpr int kCount = N;
 
-    /// True when `index` names an element.
+    /// Whether `index` is valid.
     static constexpr bool Has(int index) { return index >= 1 && index <= N; }
 
     T& operator[](int index) {

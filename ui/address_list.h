@@ -31,7 +31,7 @@ class AddressList : public QTableView {
     /// if none is. Removing a selected item deselects it.
     std::string Selected();
 
-    /// Adds an entry to the menu that asks for the file types of the selected addresses.
+    /// Adds a menu entry that requests the file types of the selected addresses.
     void OfferTypes();
 
     void keyboardSearch(const QString& typed) override;
@@ -43,10 +43,10 @@ class AddressList : public QTableView {
     /// This address was double-clicked: the one that was under the pointer at the first click.
     void DoubleClicked(const std::string& address);
 
-    /// This address is to become a keyword filter.
+    /// The user wants a keyword filter made from this address.
     void FilterWanted(const std::string& address);
 
-    /// Files of these types are to be fetched.
+    /// The user wants files of these types to be fetched.
     void TypesWanted(const std::vector<std::string>& types);
 
     /// The items have changed, and so have the rows if they are visible.

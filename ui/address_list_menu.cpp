@@ -12,7 +12,7 @@
 #include "ui/address_list.h"
 #include "ui/address_model.h"
 
-/// What can be done with the addresses of a list: its context menu.
+/// The context menu of a list of addresses.
 namespace ui {
 
 namespace {
@@ -75,7 +75,7 @@ std::vector<std::string> AddressList::AllSelected() {
     std::vector<int> rows;
     for (const QModelIndex& row : selectionModel()->selectedRows())
         rows.push_back(row.row());
-    std::ranges::sort(rows);  // they come in the order of their choosing
+    std::ranges::sort(rows);  // they come in the order of selection
     std::vector<std::string> addresses;
     for (const int row : rows)
         addresses.push_back(model_->Address(row));

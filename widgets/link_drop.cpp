@@ -10,7 +10,7 @@ namespace ui {
 
 namespace {
 
-/// "" where there is none, as in a file of this computer or a paragraph of text.
+/// The dropped address; "" if there is none, as in a local file or a paragraph of text.
 QString AddressIn(const QMimeData& data) {
     if (data.hasUrls()) {
         const QUrl url = data.urls().constFirst();
@@ -41,7 +41,7 @@ bool LinkDrop::eventFilter(QObject* watched, QEvent* event) {
         drop->ignore();
         return true;
     }
-    // Whatever the other program would like: nothing of it goes.
+    // Always copy, so that the other program does not remove what was dragged.
     drop->setDropAction(Qt::CopyAction);
     drop->accept();
     if (drops) {

@@ -7,13 +7,13 @@ class QWidget;
 
 namespace ui {
 
-/// Takes a link, or an address as text, that is dropped anywhere on a form into one box of it. The
-/// form's other boxes for text take nothing then.
+/// Puts a link, or an address as text, that is dropped anywhere on a form into one of its boxes.
+/// The form's other text boxes then accept no drops.
 class LinkDrop : public QObject {
     Q_OBJECT
 
   public:
-    /// `box` lies on `form`. A box that is disabled takes nothing.
+    /// `box` is on `form`. While it is disabled, drops are ignored.
     LinkDrop(QWidget* form, QLineEdit* box);
 
   protected:
