@@ -89,7 +89,7 @@ std::optional<std::string_view> HeaderValue(std::string_view line, std::string_v
 }
 
 /// The part before the body, including the blank line at its end. An answer that ends inside its
-/// header is all header; one that does not start with a header is all body.
+/// header is all header; one without a header is all body.
 std::string_view HeaderOf(std::string_view answer) {
     const bool has_status = answer.starts_with("HTTP/");
     for (const std::string_view blank_line :

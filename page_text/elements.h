@@ -28,7 +28,7 @@ enum class Display : std::uint8_t {
 
 /// Further properties of an element.
 enum ElementTrait : std::uint8_t {
-    kVoid = 1 << 0,         ///< Has no content, or is treated so (its content counts as outside).
+    kVoid = 1 << 0,         ///< Has no content, or its content counts as outside.
     kRawText = 1 << 1,      ///< Contains no markup up to its end tag.
     kKeepsSpaces = 1 << 2,  ///< White space in it is shown as written.
     kInParagraph = 1 << 3,  ///< A block that does not end the paragraph around it.

@@ -16,7 +16,7 @@ class PageReader {
     /// `page` is UTF-8.
     explicit PageReader(std::string_view page);
 
-    /// The text as UTF-8. May be called only once. Calls `yield`, if given, at regular distances.
+    /// The text as UTF-8. May be called only once. Calls `yield`, if given, from time to time.
     std::string Read(const std::function<void()>& yield);
 
   private:

@@ -34,8 +34,8 @@ class PatternScan {
     struct Anchor {
         char character;
         Patterns patterns;
-        /// For each neighbour on this side, the patterns it fits. Any fits a pattern that ends
-        /// here.
+        /// For each neighbour on this side, the patterns that it fits. Any neighbour fits a pattern
+        /// that ends here.
         std::array<Patterns, 256> by_previous, by_next;
     };
 
