@@ -46,7 +46,7 @@ def enter(ways=tuple(WAYS_IN), needs=()):
     """
     for path in needs:
         if not Path(path).exists():
-            skip(f"there is no {path} here")
+            skip(f"{path} does not exist")
     if INSIDE in os.environ:
         folder = Path(os.environ[INSIDE])
         atexit.register(shutil.rmtree, folder, ignore_errors=True)
@@ -64,8 +64,8 @@ def enter(ways=tuple(WAYS_IN), needs=()):
             os.execvp(way[0], [*way, *sys.orig_argv])
         reason = trial.stderr.strip()
     if "propagation" in reason:
-        reason += " (the root of this chroot has to be a mount point; bind it to itself before)"
-    skip(f"no private network can be made here: {reason}")
+        reason += " (the root of this chroot must be a mount point; bind it to itself first)"
+    skip(f"cannot create a private network: {reason}")
 
 
 def prepare(folder):

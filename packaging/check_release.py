@@ -36,7 +36,7 @@ def check_zip(path, top):
         licenses = archive.read(f"{top}/LICENSES.txt").decode()
         program = archive.read(f"{top}/vantorin.exe")
     named = set(re.findall(r"licenses/\S+\.txt", licenses))
-    expect("Qt, version" in licenses and len(named) > 3, f"{path} does not say what is in the program")
+    expect("Qt, version" in licenses and len(named) > 3, f"{path} does not say what the program contains")
     needed = {"vantorin.exe", "vantorin.com", "README.md", "CHANGELOG.md"} | linked_from_readme() | named
     expect(needed <= names, f"{path} lacks {sorted(needed - names)}")
     return program
@@ -82,7 +82,7 @@ def main(folder, version, *releases):
     packages = {release: f"vantorin_{version}_{release}_amd64.deb" for release in releases}
     expected = {archive, source, "SHA256SUMS", *packages.values()}
     found = {path.name for path in folder.iterdir()}
-    expect(found == expected, f"{folder} lacks {sorted(expected - found)}, has {sorted(found - expected)} too many")
+    expect(found == expected, f"{folder} lacks {sorted(expected - found)}, has {sorted(found - expected)} in excess")
     expect(check_sums(folder) == expected, "SHA256SUMS does not list every file")
     check_windows_version(check_zip(folder / archive, f"{top}-win64"), version)
     for release, package in packages.items():

@@ -38,7 +38,7 @@ lint_ruff() {
     if command -v ruff >/dev/null; then
         ruff check --quiet --no-cache .
     else
-        echo "skipped: there is no ruff here; flake8 looks for the same faults" >&2
+        echo "skipped: ruff is not installed; flake8 runs the same checks" >&2
         flake8 --extend-exclude=build --select=E4,E7,E9,F .
     fi
 }
