@@ -1,5 +1,6 @@
 """What the program tells of a download: the report, the last lines, the exit status."""
 
+import contextlib
 import csv
 import io
 import os
@@ -139,6 +140,22 @@ class Outcomes(ReportTest):
         self.assertIn("1 saved, 6 already there", self.crawl(answers, "--report", self.report))
         self.assertEqual(self.requests, [b"/"])
         self.assertEqual([row["outcome"] for row in self.rows()], ["saved"])
+
+    def test_what_is_not_asked_and_what_is_too_large(self):
+        def endless(connection, _):
+            with contextlib.suppress(OSError):
+                while True:
+                    connection.sendall(bytes(1 << 20))
+
+        if b"__asan_init" in read(self.program):
+            self.skipTest("the sanitizer's own memory passes every limit")
+        answers = {b"/": page(links_to(b"endless.zip", b"..above.html", b"whole.html")), b"/whole.html": page(b"")}
+        lines = self.crawl(answers | {b"/endless.zip": endless}, "--report", self.report, status=3,
+                           under=["prlimit", "--as=600000000"])
+        outcomes = {row["address"]: row["outcome"] for row in self.rows()}
+        self.assertEqual(outcomes, {START: "saved", f"{START}/endless.zip": "too large",
+                                    f"{START}/..above.html": "not asked", f"{START}/whole.html": "saved"})
+        self.assertIn("2 saved, 1 too large, 1 not asked", lines)
 
     def test_a_full_disk(self):
         self.mount(self.mirror, "size=512k")
