@@ -55,61 +55,58 @@ constexpr char kHelp[] =
        vantorin --site ADDRESS --folder FOLDER [OPTION]...
        vantorin --search WORDS --folder FOLDER [--limit N]
 
-Downloads a web site into a folder, for browsing without a network. The first
-form opens the program's window, with ADDRESS in its wizard. The second one
-needs no display: it says on a terminal how far it is, then what became of the
-addresses, and answers every question with No. Ctrl+C stops it, a second Ctrl+C
-at once.
+Downloads a web site into a folder, so that it can be browsed without a network.
+The first form opens the window, with ADDRESS in the wizard. The second one needs
+no display: it shows its progress on a terminal, prints what became of the
+addresses, and answers every question with No. Ctrl+C stops it tidily, a second
+Ctrl+C at once. The third one searches the pages of a copy.
 
 Options:
   --site ADDRESS      the page to start from
-  --folder FOLDER     where to save; the folder is made when it is missing. Its path
-                      may not hold "www.", "__", a name that begins with a blank, or
-                      any of * < > { } ? ! & |
-  --connections N     how many files to download at a time, 1 to 24 (default: 4)
-  --timeout SECONDS   how long a server may be silent before its file is tried
-                      again, three times in all; 0 waits for ever (default: 15)
-  --report FILE       write a line about each address, as comma-separated values
-  --quiet             print only what became of the addresses, and faults
-  --search WORDS      search the copy in the folder instead: print a line for each
-                      page in which all words occur, whatever their case, the one
-                      with the most matches first: how many, its path, and words
-                      around the first one, with tabs between. "Several words"
-                      between double quotes are looked for as they stand.
+  --folder FOLDER     where to save; a missing folder is created. Its path must not
+                      contain "www.", "__", a name that begins with a blank, or any
+                      of * < > { } ? ! & |
+  --connections N     how many files to download at once, 1 to 24 (default: 4)
+  --timeout SECONDS   how long a server may be silent before a file is tried again,
+                      three times in all; 0 waits for ever (default: 15)
+  --report FILE       write what became of each address, as comma-separated values
+  --quiet             print only the totals and faults
+  --search WORDS      print each page that contains all the words, in any case, the
+                      page with the most matches first: the number of matches, the
+                      path and an excerpt, separated by tabs. "Several words" in
+                      double quotes match as a phrase.
   --limit N           how many pages a search prints (default: 50)
   -h, --help          show this help
   -v, --version       show the program's version
 
 Exit status:
-  0    the site is complete: every address was answered and its file written
-  1    the folder or the report cannot be used, or another download is being saved
-       in the folder, or no type of files to download is known; without options:
+  0    every address was answered and its file written; or the search found something
+  1    the folder or the report cannot be used, another download uses the folder, no
+       file type to download is known, there is nothing to search; without options:
        there is no display
-  2    the options make no sense
-  3    complete, but some addresses were unanswered, short, not written or too large
-  4    complete, but not one file was saved
-  5    nothing was found; a search that finds something exits with 0, one in a
-       folder without a copy with 1
+  2    wrong options
+  3    the download ended, but some addresses were unanswered, short, not written or
+       too large
+  4    the download ended without a saved file
+  5    the search found nothing
   129, 130, 143
        stopped by a signal: SIGHUP, SIGINT (Ctrl+C), SIGTERM
-  141  stopped because whatever read the output has gone
-A reader that only pauses holds nothing up: progress is dropped meanwhile, and
-the last lines wait for half a second.
+  141  stopped because the reader of the output has gone
+A reader that pauses blocks nothing: progress is dropped meanwhile, and the last
+lines wait for half a second.
 
 Files:
-  temp/filetypes.txt  the types of files to download, one on each line
-  filters.txt         keywords: addresses with one of them are not downloaded
-       Both lie beside the program where that is a folder of its own that can be
-       written to, else in your data folder: on Linux ~/.local/share/Vantorin, on
-       Windows %APPDATA%\Vantorin.
-       The window's settings (on Linux ~/.config/Vantorin/Vantorin.conf, on Windows
-       in the registry below HKEY_CURRENT_USER\Software\Vantorin) are left alone
-       by a download without it.
-  FOLDER/.../*.tmp    files that wait to be downloaded
-       They go when the download ends or is stopped. After a crash, a kill or a
-       second Ctrl+C they stay, and the next download takes each for a file that
-       is there already. The wizard of the window offers to remove them; a fresh
-       folder does as well.
+  temp/filetypes.txt  the types of files to download, one a line
+  filters.txt         keywords: an address that contains one is not downloaded
+       Both are beside the program if it has a folder of its own and can write there,
+       otherwise in your data folder: on Linux ~/.local/share/Vantorin, on Windows
+       %APPDATA%\Vantorin. A download without the window leaves the window's settings
+       unchanged (on Linux in ~/.config/Vantorin/Vantorin.conf, on Windows in the
+       registry under HKEY_CURRENT_USER\Software\Vantorin).
+  FOLDER/.../*.tmp    placeholders of queued files
+       The end of a download removes them. After a crash, a kill or a second Ctrl+C
+       they stay, and the next download takes them for files that are already there.
+       The wizard offers to remove them.
 )";
 
 CommandLine WindowFor(const QStringList& words) {

@@ -58,7 +58,7 @@ class Desktop:
             wait_until(lambda: self.run("xdotool", "getwindowfocus", "getwindowname") == title, seconds,
                        f'a window "{title}" with the keyboard')
         except TimeoutError:
-            self.run("import", "-window", "root", "instead.png")
+            self.run("import", "-window", "root", "build/instead.png")
             raise
 
     def press(self, *keys):
