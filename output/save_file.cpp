@@ -79,10 +79,11 @@ platform::FileResult WritePage(std::string_view received, std::string& address, 
     RenameDynamicPage(crawl::SavePath);
     text::ReplaceAllIn(address, "\\\\", "\\");
 
-    const text::Replacements& rules = RewritingRules(
-        {.has_lines = has_lines,
-         .is_top_level = IsTopLevelFile(crawl::SavePath),
-         .from_host = crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string()});
+    const RewritingOf page{
+        .has_lines = has_lines,
+        .is_top_level = IsTopLevelFile(crawl::SavePath),
+        .from_host = crawl::Slots.Has(slot) ? crawl::Slots[slot].Host : std::string()};
+    const text::Replacements& rules = RewritingRules(page);
     const std::string_view body = WithoutHeader(received);
     const std::optional<std::string> rewritten = rules.AppliedTo(body);
     platform::FileResult result = WriteMirrorPage(crawl::SavePath, HostFolder(address),
