@@ -38,7 +38,7 @@ class OutputStream {
 };
 
 /// Reopens closed standard streams. On Windows they lead to the console of the parent process if
-/// there are arguments, because a program with windows gets no console. Elsewhere they lead to
+/// there are options, because a program with windows gets no console. Elsewhere they lead to
 /// /dev/null, so that no file or connection gets descriptors 0-2 and receives the terminal's text.
 void OpenClosedStreams();
 

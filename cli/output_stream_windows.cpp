@@ -95,7 +95,7 @@ std::size_t OutputStream::Write(std::string_view text) {
 
 void OpenClosedStreams() {
     // The window needs no console, and would be closed together with it.
-    if (__argc < 2) return;
+    if (__argc < 2 || (__argc == 2 && __argv[1][0] != '-')) return;
     const bool output_given = IsOpen(STD_OUTPUT_HANDLE);
     const bool error_given = IsOpen(STD_ERROR_HANDLE);
     const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);

@@ -42,11 +42,10 @@ BOOL WINAPI LeaveItToTheProgram(DWORD event) {
 
 }  // namespace
 
-int wmain() {
+int wmain(int argc, wchar_t** argv) {
     constexpr int kNotStarted = 1;
     const std::wstring program = ProgramBeside();
-    const std::wstring words = Words(GetCommandLineW());
-    std::wstring line = L'"' + program + L"\" " + words;
+    std::wstring line = L'"' + program + L"\" " + Words(GetCommandLineW());
     SetConsoleCtrlHandler(LeaveItToTheProgram, TRUE);
 
     STARTUPINFOW startup{};
@@ -61,8 +60,8 @@ int wmain() {
         std::fputs("vantorin.exe, which belongs beside this command, cannot be started.\n", stderr);
         return kNotStarted;
     }
-    // Without arguments it shows its window, and the console need not wait.
-    if (words.empty()) return 0;
+    // Without options it shows its window, and the console need not wait.
+    if (argc < 2 || (argc == 2 && argv[1][0] != L'-')) return 0;
     WaitForSingleObject(started.hProcess, INFINITE);
     DWORD status = kNotStarted;
     GetExitCodeProcess(started.hProcess, &status);
