@@ -3,7 +3,10 @@
 Run by scripts/take_pictures, which builds the program and installs the site shown.
 """
 
+import contextlib
 import os
+import re
+import signal
 import subprocess
 from pathlib import Path
 
@@ -13,6 +16,11 @@ from harness.program import copy_program, wait_until
 
 SITE = "www.example.test"
 ROOT = "/usr/share/doc/python-flask-doc/html"
+UNKNOWN = "www.exmple.org"
+# Its one page has so many links that it takes a moment to delete their placeholders.
+ENDLESS = "www.second.test"
+LINKS = web.links_to(*(b"%d/%d.html" % (i // 100, i) for i in range(10_000)))
+PLACEHOLDER = "This file is queued to be downloaded, or did not download correctly."
 
 
 class Photographer:
@@ -24,19 +32,39 @@ class Photographer:
         """Takes a picture of the window with that title, including its frame, once it has the keyboard."""
         self.desktop.await_window(title)
         self.desktop.run("xdotool", "mousemove", "0", "0", "sleep", "0.5")  # wait for painting, and avoid tooltips
-        window = self.desktop.run("xdotool", "getwindowfocus")
-        self.desktop.run("import", "-frame", "-window", window, "+dither", "-colors", "96",
-                         "-strip", f"PNG8:{self.folder}/{name}.png")
+        self.take_now(name, "-frame", "-window", self.desktop.run("xdotool", "getwindowfocus"))
+
+    def take_with_menu(self, name):
+        """Takes a picture of the window that has the keyboard, with the menu that it has opened."""
+        said = self.desktop.run("xdotool", "sleep", "0.5", "getwindowfocus", "getwindowgeometry", "--shell")
+        place = dict(re.findall(r"(\w+)=(\d+)", said))
+        self.take_now(name, "-window", "root", "-crop", "{WIDTH}x{HEIGHT}+{X}+{Y}".format(**place), "+repage")
+
+    def take_now(self, name, *what):
+        self.desktop.run("import", *what, "+dither", "-colors", "96", "-strip", f"PNG8:{self.folder}/{name}.png")
+
+
+@contextlib.contextmanager
+def serve(limits=""):
+    """Serves the sites in the pictures, with a name server that knows no other."""
+    endless = private_network.scratch("endless")
+    (endless / "index.html").write_bytes(LINKS)
+    with (web.nginx(private_network.scratch("nginx"), {SITE: ROOT, ENDLESS: endless}, limits),
+          private_network.name_server_without_names()):
+        yield
 
 
 def take_all(desktop, running, websites, pictures):
     """Takes every window of the program, which has just been started for the first time, and ends it. Saves
     the site in the folder `websites`.
     """
-    press, take = desktop.press, Photographer(desktop, pictures).take
+    picture = Photographer(desktop, pictures)
+    press, take = desktop.press, picture.take
 
     desktop.await_window(WIZARD)
-    desktop.type(SITE)
+    desktop.type(f"https://{SITE}")
+    take(WIZARD, "hint")
+    press("alt+u")  # the address that was meant
     take(WIZARD, "wizard")
     press("Tab", "Tab", "space")
     desktop.await_window("Select Directory to Save the Website")
@@ -61,9 +89,12 @@ def take_all(desktop, running, websites, pictures):
     press("Tab", "Tab", "Return")
 
     desktop.await_window(MAIN)
-    press("Tab", "Tab", "Tab", "Tab")  # away from the queue
-    desktop.type("12")  # connections
     copy = websites / "example.test"
+    wait_until(lambda: len(list(copy.glob("**/*.html"))) > 5, what="the first files")
+    press("Home", "Menu")
+    picture.take_with_menu("menu")
+    press("Escape", *["Tab"] * 5)  # from the queue
+    desktop.type("12")  # connections
     wait_until(lambda: len(list(copy.glob("**/*.html"))) > 30, what="some files")
     take(MAIN, "window")
     press("alt+s", "Return")
@@ -84,10 +115,45 @@ def take_all(desktop, running, websites, pictures):
     take("About", "about")
     press("Return")
     desktop.await_window(MAIN)
+
+    (copy / "late.html.tmp").write_text(PLACEHOLDER)
+    press("ctrl+n")
+    take(WIZARD, "copy")
+    press("ctrl+a")
+    desktop.type(UNKNOWN)
+    press("Return")
+    desktop.await_window("Done.")
+    press("alt+n")
+    take(MAIN, "lost")
+
+    press("ctrl+n")
+    desktop.await_window(WIZARD)
+    press("ctrl+a")
+    desktop.type(ENDLESS)
+    press("Return")
+    desktop.await_window(MAIN)
+    late = websites / "second.test/90/9000.html.tmp"  # the program takes the last address first
+    wait_until(late.exists, 300, "most placeholders")
     press("alt+f", "e")
     take("Exit Vantorin", "exit")
-    press("alt+y")
-    running.wait(30)
+    take_clean_up(picture, running, late.parent.parent)
+    running.wait(60)
+
+
+def take_clean_up(picture, running, folder):
+    """Answers Yes, and halts the program for the picture while it deletes its placeholders."""
+    def placeholders():
+        return sum(name.endswith(".tmp") for _, _, names in os.walk(folder) for name in names)
+
+    desktop = picture.desktop
+    window = desktop.run("xdotool", "search", "--name", f"^{MAIN}$").split()[-1]
+    few = placeholders() - 2000  # more than the crawl itself takes away meanwhile
+    desktop.press("alt+y")
+    while placeholders() > few and running.poll() is None:
+        pass
+    running.send_signal(signal.SIGSTOP)
+    picture.take_now("cleaning_up", "-frame", "-window", window)
+    running.send_signal(signal.SIGCONT)
 
 
 def main():
@@ -98,7 +164,7 @@ def main():
         (home / name).mkdir(parents=True)
     desktop = Desktop(home)
     try:
-        with web.nginx(private_network.scratch("nginx"), {SITE: ROOT}, "limit_rate 20k;"):
+        with serve("limit_rate 20k;"):
             running = desktop.start(copy_program(private_network.scratch("program")))
             take_all(desktop, running, home / "Websites", Path("docs/pictures").resolve())
     finally:
