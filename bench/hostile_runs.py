@@ -17,7 +17,7 @@ from pathlib import Path
 from bench.watched_crawl import COMPLETE, HOST, ONE_MB, SITE, WatchedCrawl
 from harness import private_network
 from harness.program import copy_program, environment, tree
-from harness.web import ScriptedServer, links_to, page
+from harness.web import ScriptedServer, page, silent, site_of
 
 
 @contextlib.contextmanager
@@ -32,21 +32,12 @@ def silent_name_server():
     settings.write_text(before)
 
 
-def silent(_, ending):
-    ending.wait()
-
-
 def good_pages(count):
     return {b"/good%d.html" % i: page(b"good %d" % i) for i in range(count)}
 
 
 def count_good(crawl, count):
     return sum(crawl.saved(f"good{i}.html") == b"good %d\r\n" % i for i in range(count))
-
-
-def site_of(answers):
-    """The answers, plus a start page that links to all of them."""
-    return {b"/": page(links_to(*[path[1:] for path in answers])), **answers}
 
 
 # Each function below runs one row of the table at the end. It returns whether the program behaved as it should, and

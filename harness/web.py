@@ -3,6 +3,7 @@
 import contextlib
 import socket
 import socketserver
+import struct
 import subprocess
 import threading
 
@@ -70,6 +71,28 @@ def page(body, kind="text/html"):
 
 def links_to(*targets):
     return b"<html>" + b"".join(b"<a href='%s'>x</a>\n" % target for target in targets) + b"</html>"
+
+
+def site_of(answers):
+    """The answers, plus a start page that links to all of them."""
+    return {b"/": page(links_to(*[path[1:] for path in answers])), **answers}
+
+
+def silent(_, ending):
+    """An answer that never comes."""
+    ending.wait()
+
+
+def closes(connection, _):
+    """The end of a connection without an answer."""
+    connection.close()
+
+
+def resets(connection, ending):
+    """The end of a connection by a reset, once what was sent before has arrived."""
+    ending.wait(0.2)
+    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+    connection.close()
 
 
 NOT_FOUND = b"HTTP/1.0 404 Not Found\r\nContent-Length: 8\r\n\r\nnot here"

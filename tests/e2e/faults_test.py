@@ -10,40 +10,9 @@ import time
 import unittest
 
 from harness import private_network
-from harness.program import Crawl, copy_program, tree, wait_until
-from harness.web import ScriptedServer, links_to, page
-
-START = "www.example.test"
-HOME = b"example.test/index.html"
-
-
-class FaultTest(unittest.TestCase):
-    def setUp(self):
-        self.folder = private_network.scratch(self.id().rpartition(".")[2])
-        self.mirror = self.folder / "mirror"
-        self.program = copy_program(self.folder / "program")
-        (self.folder / "home").mkdir()
-
-    def start(self, *arguments, site=START, folder=None, **more):
-        return Crawl(self.program, site, folder or self.mirror, *arguments, **more)
-
-    def crawl(self, answers, *arguments, status=0, **how):
-        """Crawls what `answers` serves to the end, which must have this exit status: 3 where some
-        files cannot be had or written."""
-        with ScriptedServer(answers) as server:
-            crawl = self.start(*arguments, **how)
-            self.assertEqual(crawl.wait(90), status, crawl.output())
-        return server
-
-    def placeholders(self):
-        return [path for path in tree(self.mirror) if path.endswith(b".tmp")]
-
-    def saved(self):
-        return {path: data for path, data in tree(self.mirror).items() if path.startswith(b"example.test/")}
-
-
-def silent(_, ending):
-    ending.wait()
+from harness.program import copy_program, tree, wait_until
+from harness.web import ScriptedServer, links_to, page, silent, site_of
+from tests.e2e.downloads import HOME, START, DownloadTest
 
 
 # Names are cleaned late, so ".*./" and its like become "../" after every test for that.
@@ -54,7 +23,7 @@ LATE_CLIMBS = [b".*./.*./.*./", b".{./.{./", b".|./.|./", b".www../.www../.www..
 ESCAPES = [folder + b"escape%d.html" % i for i, folder in enumerate(CLIMBS + LATE_CLIMBS)]
 
 
-class Escapes(FaultTest):
+class Escapes(DownloadTest):
     def test_nothing_is_written_outside_the_folder(self):
         canary = self.folder / "canary"
         canary.mkdir()
@@ -65,10 +34,10 @@ class Escapes(FaultTest):
         before = self.outside()
         links = [*ESCAPES, b".*./.*./canary/kept.txt", b".*./.*./program/filters.txt"]
         answers = {path: page(links_to(*links, b"/a/b/c/deep.html")) for path in (b"/", b"/a/b/c/deep.html")}
-        server = self.crawl(answers, "--connections", 24, "--timeout", 1, status=3)
+        self.crawl(answers, "--connections", 24, "--timeout", 1, status=3)
         self.assertEqual(self.outside(), before)
         late = {b"/" + link for link in ESCAPES[len(CLIMBS):]}
-        self.assertEqual(late - set(server.paths()), set(), "each was tried")
+        self.assertEqual(late - set(self.requested), set(), "each was tried")
 
     def test_files_of_the_user_in_the_folder_are_left_alone(self):
         mine, answers = {}, {}
@@ -81,8 +50,8 @@ class Escapes(FaultTest):
             (self.mirror / path).write_text("mine")
         links = [path[1:] + b"?" for path in answers]  # the "?" keeps each from being known
         answers_and_start = answers | {b"/": page(links_to(*links))}
-        server = self.crawl(answers_and_start, "--connections", 24, "--timeout", 0.5, status=3)
-        self.assertEqual(set(server.paths()), {b"/", *answers}, "each was tried")
+        self.crawl(answers_and_start, "--connections", 24, "--timeout", 0.5, status=3)
+        self.assertEqual(set(self.requested), {b"/", *answers}, "each was tried")
         files = tree(self.mirror)
         self.assertEqual({path: files.get(path) for path in mine}, mine)
         added = [path for path in files.keys() - mine.keys() if not path.endswith(b"_.tmp")]
@@ -98,7 +67,7 @@ class Escapes(FaultTest):
         return near, folders, roots
 
 
-class FoldersNamedTwice(FaultTest):
+class FoldersNamedTwice(DownloadTest):
     """Folders that are not there yet, and that a path names more than once: "new/./dir" lies in "new"."""
 
     def test_a_start_page_below_them_is_saved(self):
@@ -119,21 +88,21 @@ class FoldersNamedTwice(FaultTest):
         names = [b"d/././e/././f/q.html", b"new/./dir/x.html", b"deep\\.\\er/.//a/r.html"]
         answers = {b"/d/./e/./f/q.html": page(b"q"), b"/new/dir/x.html": page(b"x"),
                    b"/deep/er/a/r.html": look}
-        server = self.crawl(answers | {b"/": page(links_to(*names))}, "--connections", 1)
-        self.assertEqual(set(server.paths()), {b"/", *answers})
+        self.crawl(answers | {b"/": page(links_to(*names))}, "--connections", 1)
+        self.assertEqual(set(self.requested), {b"/", *answers})
         self.assertEqual(waiting, {b"example.test/d/e/f/q.html.tmp", b"example.test/new/dir/x.html.tmp",
                                    b"example.test/deep/er/a/r.html.tmp"})
         self.assertEqual(set(self.saved()), {HOME, *(path.removesuffix(b".tmp") for path in waiting)})
 
 
-class ManyLinks(FaultTest):
+class ManyLinks(DownloadTest):
     def test_pages_that_keep_the_program_busy_for_longer_than_the_timeout(self):
         names = [b"page%d.html" % i for i in range(30)]
         body = page(links_to(*(names * 120)))
         answers = {path: body for path in (b"/", *(b"/" + name for name in names))}
-        server = self.crawl(answers, "--connections", 24, "--timeout", 0.3)
+        self.crawl(answers, "--connections", 24, "--timeout", 0.3)
         self.assertEqual(len(self.saved()), len(answers))
-        self.assertLessEqual(len(server.requests), 1.1 * len(answers), "our own work is not the server's silence")
+        self.assertLessEqual(len(self.requested), 1.1 * len(answers), "our own work is not the server's silence")
 
     def test_pages_that_lead_to_themselves(self):
         long_name = b"n" * 260 + b".html"
@@ -145,18 +114,13 @@ class ManyLinks(FaultTest):
         for name in loops:
             own = name.rpartition(b"/")[2]
             answers[b"/" + name] = page(links_to(own, b"http://www.example.test/" + name) + refresh % name)
-        server = self.crawl(answers, "--connections", 4, status=3)
+        self.crawl(answers, "--connections", 4, status=3)
         for name in loops:
-            self.assertLessEqual(server.paths().count(b"/" + name), 3, name)
+            self.assertLessEqual(self.requested.count(b"/" + name), 3, name)
         self.assertIn(b"example.test/index.php.html", self.saved(), "a folder of that name is no file")
 
 
-class TargetFolder(FaultTest):
-    def mount(self, folder, options):
-        folder.mkdir()
-        subprocess.run(["mount", "-t", "tmpfs", "-o", options, "none", folder], check=True)
-        self.addCleanup(subprocess.run, ["umount", folder], check=True)
-
+class TargetFolder(DownloadTest):
     def test_a_folder_that_cannot_be_written_is_refused(self):
         (self.folder / "file").write_text("in the way")
         read_only = self.folder / "read_only"
@@ -183,31 +147,18 @@ class TargetFolder(FaultTest):
             third.wait()
 
     def test_a_folder_that_vanishes(self):
-        names = [b"dir/file%d.html" % i for i in range(40)]
-
         def vanish(connection, _):
             # At one stroke: taking it apart would meet the files that the crawl writes meanwhile.
             self.mirror.rename(self.folder / "vanished")
             connection.sendall(page(b"gone"))
 
-        answers = {b"/": page(links_to(*names)), b"/dir/file20.html": vanish}
-        server = self.crawl(answers)
-        self.assertEqual(len(server.requests), len(names) + 1)
+        names = [b"/dir/file%d.html" % i for i in range(40)]
+        self.crawl(site_of({name: page(b"there") for name in names} | {names[20]: vanish}))
+        self.assertEqual(len(self.requested), len(names) + 1)
         self.assertTrue((self.mirror / "example.test/dir/file0.html").is_file(), "the last one comes after")
 
-    def test_a_full_disk(self):
-        self.mount(self.mirror, "size=512k")
-        body = b"picture" * 10_000
-        names = [b"file%d.gif" % i for i in range(20)]
-        answers = {b"/": page(links_to(*names))} | {b"/" + name: page(body) for name in names}
-        server = self.crawl(answers, status=3)
-        self.assertEqual(sorted(server.paths()), sorted(answers))
-        pictures = [data for path, data in self.saved().items() if path.endswith(b".gif")]
-        self.assertTrue(3 < len(pictures) < 8, f"{len(pictures)} files fit")
-        self.assertTrue(all(data == body + b"\r\n" for data in pictures), "a file is whole or not there")
 
-
-class ListFiles(FaultTest):
+class ListFiles(DownloadTest):
     def test_damaged_lists_do_no_harm(self):
         damaged = {"random": random.Random(1).randbytes(100_000), "one line": b"x" * 1_000_000, "nul": bytes(1000),
                    "many lines": b".html\r\n" * 100_000, "no lines": b""}
@@ -245,11 +196,11 @@ def slow(connection, _):
     connection.sendall(page(b"slow"))
 
 
-class Surroundings(FaultTest):
+class Surroundings(DownloadTest):
     """What the system does to a run that nobody watches."""
 
     names = [b"slow%d.html" % i for i in range(30)]
-    site = {b"/": page(links_to(*names))} | {b"/" + name: slow for name in names}
+    site = site_of({b"/" + name: slow for name in names})
 
     def setUp(self):
         super().setUp()

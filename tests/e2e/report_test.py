@@ -7,37 +7,20 @@ import os
 import pty
 import shutil
 import signal
-import socket
-import struct
-import subprocess
 import time
 import unittest
 
 from harness import private_network
-from harness.program import Crawl, copy_program, read, wait_until
-from harness.web import ScriptedServer, links_to, page
+from harness.program import read, wait_until
+from harness.web import ScriptedServer, closes, links_to, page, resets, silent, site_of
+from tests.e2e.downloads import START, DownloadTest
 
-START = "www.example.test"
 COLUMNS = ["address", "outcome", "status", "bytes", "announced", "tries", "seconds", "detail"]
-
-
-def silent(_, ending):
-    ending.wait()
 
 
 def silent_in_body(connection, ending):
     connection.sendall(page(b"text")[:-2])
     ending.wait()
-
-
-def closes(connection, _):
-    connection.close()
-
-
-def resets(connection, ending):
-    ending.wait(0.1)
-    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
-    connection.close()
 
 
 def answer(status, *lines, body=b"text"):
@@ -70,25 +53,7 @@ ELSEWHERE = {
 SUMMARY = "3 saved, 2 error, 1 moved, 1 short, 6 unanswered, 1 not written (File name too long)"
 
 
-class ReportTest(unittest.TestCase):
-    def setUp(self):
-        self.folder = private_network.scratch("report")
-        self.mirror = self.folder / "mirror"
-        self.report = self.folder / "report.csv"
-        self.program = copy_program(self.folder / "program")
-        (self.folder / "home").mkdir()
-
-    def start(self, *arguments, **more):
-        return Crawl(self.program, START, self.mirror, *arguments, **more)
-
-    def crawl(self, answers, *arguments, status=0, **more):
-        """The lines that a crawl of what `answers` serves prints until it ends with that status."""
-        with ScriptedServer(answers) as server:
-            crawl = self.start(*arguments, **more)
-            self.assertEqual(crawl.wait(60), status, crawl.output())
-        self.requests = server.paths()
-        return crawl.output().splitlines()
-
+class ReportTest(DownloadTest):
     def rows(self):
         """The report's rows as dictionaries. Addresses are bytes, read as Latin-1."""
         text = read(self.report).decode("latin-1")
@@ -96,11 +61,6 @@ class ReportTest(unittest.TestCase):
         rows = list(csv.reader(io.StringIO(text, newline=""), strict=True))
         self.assertEqual(rows[0], COLUMNS)
         return [dict(zip(COLUMNS, row, strict=True)) for row in rows[1:]]
-
-    def mount(self, folder, options):
-        folder.mkdir(exist_ok=True)
-        subprocess.run(["mount", "-t", "tmpfs", "-o", options, "none", folder], check=True)
-        self.addCleanup(subprocess.run, ["umount", folder], check=True)
 
 
 class Outcomes(ReportTest):
@@ -127,7 +87,7 @@ class Outcomes(ReportTest):
     def test_nothing_saved(self):
         lines = self.crawl({b"/": answer(b"404 Not Found")}, "--report", self.report, status=4)
         self.assertIn("1 error", lines)
-        crawl = Crawl(self.program, "www.nowhere.test", self.mirror, "--timeout", 5, "--report", self.report)
+        crawl = self.start("--timeout", 5, "--report", self.report, site="www.nowhere.test")
         self.assertEqual(crawl.wait(20), 4)
         self.assertIn("1 unanswered", crawl.output().splitlines())
         self.assertEqual(self.rows()[0]["detail"], "no name server answered")
@@ -138,7 +98,7 @@ class Outcomes(ReportTest):
         answers[b"/dir/"] = page(b"")
         self.assertIn("7 saved", self.crawl(answers))
         self.assertIn("1 saved, 6 already there", self.crawl(answers, "--report", self.report))
-        self.assertEqual(self.requests, [b"/"])
+        self.assertEqual(self.requested, [b"/"])
         self.assertEqual([row["outcome"] for row in self.rows()], ["saved"])
 
     def test_what_is_not_asked_and_what_is_too_large(self):
@@ -159,15 +119,16 @@ class Outcomes(ReportTest):
 
     def test_a_full_disk(self):
         self.mount(self.mirror, "size=512k")
-        names = [b"dir%d/file.gif" % i for i in range(10)]
-        answers = {b"/": page(links_to(*names))} | {b"/" + name: page(bytes(100_000)) for name in names}
+        body = b"picture" * 10_000
+        answers = site_of({b"/dir%d/file.gif" % i: page(body) for i in range(20)})
         lines = self.crawl(answers, "--report", self.report, status=3)
+        self.assertEqual(sorted(self.requested), sorted(answers))
         full = [row for row in self.rows() if row["outcome"] == "not written"]
         self.assertEqual({row["detail"] for row in full}, {"No space left on device"})
-        saved = [row["address"] for row in self.rows() if row["outcome"] == "saved"]
-        files = [path for path in self.mirror.rglob("*.gif")]
-        self.assertEqual(len(saved), len(files) + 1)
-        self.assertIn(f"{len(saved)} saved, {len(full)} not written (No space left on device)", lines)
+        pictures = [data for path, data in self.saved().items() if path.endswith(b".gif")]
+        self.assertTrue(3 < len(pictures) < 8, f"{len(pictures)} files fit")
+        self.assertEqual(set(pictures), {body + b"\r\n"}, "a file is whole or not there")
+        self.assertIn(f"{len(pictures) + 1} saved, {len(full)} not written (No space left on device)", lines)
 
     def test_stopped(self):
         with ScriptedServer({b"/": page(links_to(*SITE)), b"/" + LONG: silent}):
@@ -182,7 +143,7 @@ class Outcomes(ReportTest):
 
 
 class Output(ReportTest):
-    site = {b"/": page(links_to(b"a.html")), b"/a.html": page(b"")}
+    site = site_of({b"/a.html": page(b"")})
 
     def test_what_is_printed(self):
         lines = self.crawl(self.site)
@@ -220,14 +181,13 @@ class ReportFiles(ReportTest):
                           (pipe, "not a file"), ("/dev/full", "not a file")):
             lines = self.crawl(self.site, "--quiet", "--report", path, status=1)
             self.assertEqual(lines, [f"The report cannot be written to {path}: {why}"])
-            self.assertEqual(self.requests, [])
+            self.assertEqual(self.requested, [])
 
     def test_a_disk_that_fills_up(self):
         disk = self.folder / "disk"
         self.mount(disk, "size=8k")
         self.report = disk / "report.csv"
-        names = [b"n" * 100 + b"%d.html" % i for i in range(100)]
-        answers = {b"/": page(links_to(*names))} | {b"/" + name: page(b"") for name in names}
+        answers = site_of({b"/" + b"n" * 100 + b"%d.html" % i: page(b"") for i in range(100)})
         lines = self.crawl(answers, "--connections", 24, "--report", self.report, status=1)
         self.assertIn("The report is not complete: No space left on device", lines)
         self.assertIn("101 saved", lines)

@@ -2,7 +2,6 @@
 
 import contextlib
 import socket
-import struct
 import time
 import unittest
 from collections import Counter
@@ -10,7 +9,7 @@ from collections import Counter
 from harness import private_network
 from harness.program import Crawl, copy_program, tree
 from tests.e2e.site_model import SiteModel
-from harness.web import ScriptedServer, links_to, page
+from harness.web import ScriptedServer, closes, links_to, page, resets, silent, site_of
 
 SITE = b"www.example.test"
 REST_OF_REQUEST = (b" HTTP/1.0\r\nHost: " + SITE + b"\r\nReferrer: " + SITE +
@@ -36,27 +35,13 @@ def then(send, end):
     return both
 
 
-def waits(_, ending):
-    ending.wait()
-
-
 def waits_a_moment(_, ending):
     ending.wait(TIMEOUT / 3)
-
-
-def closes(connection, _):
-    connection.close()
 
 
 def ends_its_side(connection, ending):
     connection.shutdown(socket.SHUT_WR)
     ending.wait()
-
-
-def resets(connection, ending):
-    ending.wait(0.2)  # what was sent is to arrive before the reset
-    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
-    connection.close()
 
 
 def sends_urgent(connection, _):
@@ -116,11 +101,11 @@ WAYS |= {f"split_at_{at}": (ANSWER, sends(ANSWER[:at], ANSWER[at:]))
 
 # No end in sight, or a bad one: never saved.
 FAULTS = {
-    "silent": waits, "closes_at_once": closes, "ends_its_side_at_once": ends_its_side, "resets_at_once": resets,
+    "silent": silent, "closes_at_once": closes, "ends_its_side_at_once": ends_its_side, "resets_at_once": resets,
     "resets_in_header": then(sends(ANSWER[:20]), resets),
     "resets_before_body": then(sends(ANSWER[:BODY_AT]), resets),
     "resets_in_body": then(sends(ANSWER[:-5]), resets), "resets_at_end": then(sends(ANSWER), resets),
-    "stays_open": then(sends(ANSWER), waits), "stays_open_in_header": then(sends(ANSWER[:20]), waits),
+    "stays_open": then(sends(ANSWER), silent), "stays_open_in_header": then(sends(ANSWER[:20]), silent),
 }
 UNREACHABLE = [b"http://%s.example.test/x.html" % name for name in (b"refused", b"full", b"nowhere")]
 
@@ -256,7 +241,7 @@ class LargeAnswers(unittest.TestCase):
         """The files of the site, the most memory that the program held, and the server."""
         folder = private_network.scratch("large")
         answers = {b"/" + name: answer for name, answer in answers.items()}
-        with ScriptedServer({b"/": page(links_to(*[path[1:] for path in answers])), **answers}) as server:
+        with ScriptedServer(site_of(answers)) as server:
             crawl = Crawl(copy_program(folder / "program"), SITE.decode(), folder / "mirror", *arguments)
             self.assertEqual(crawl.wait(), 0, crawl.output())
         files = tree(folder / "mirror/example.test")

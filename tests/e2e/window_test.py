@@ -7,13 +7,9 @@ import unittest
 from harness import private_network
 from harness.desktop import MAIN, WIZARD, Desktop
 from harness.program import copy_program, tree, wait_until
-from harness.web import ScriptedServer, links_to, page
+from harness.web import ScriptedServer, silent, site_of
 
 LINKS = [b"folder%d/page%d.html" % (i % 7, i) for i in range(300)]
-
-
-def silent(_, ending):
-    ending.wait()
 
 
 class EndedByOthers(unittest.TestCase):
@@ -23,8 +19,7 @@ class EndedByOthers(unittest.TestCase):
         self.mirror.mkdir(parents=True)
         self.desktop = Desktop(self.folder / "home")
         self.addCleanup(self.desktop.close)
-        silent_pages = {b"/" + link: silent for link in LINKS}
-        self.enterContext(ScriptedServer({b"/": page(links_to(*LINKS))} | silent_pages))
+        self.enterContext(ScriptedServer(site_of({b"/" + link: silent for link in LINKS})))
         self.program = copy_program(self.folder / "program")
 
     def start(self):
