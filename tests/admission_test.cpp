@@ -45,15 +45,13 @@ class AdmissionTest : public testing::Test {
 TEST_F(AdmissionTest, QueuesListsOrDrops) {
     const struct {
         std::string link, queued, placeholder, listed;
-    } cases[] = {
-        {"HTTP://www.SITE.com/x.html", "www.SITE.com/x.html", "SITE.com\\x.html", ""},
-        {"http:/site.com/b.html", "http://site.com/b.html", "http:\\site.com\\b.html", ""},
-        {"other.com/x.html?of=site.com", "", "", "other.com/x.html?of=site.com"},
-        {"site.com\\dir\\ ", "site.com/dir/index.html", "site.com\\dir\\index.html", ""},
-        {"site.com/l.PHP?", "site.com/l.PHP", "site.com\\l.PHP_", ""},
-        {"site.com/a/./b.html", "site.com/a/b.html", "site.com\\a\\.\\b.html", ""},
-        {"site.com.de/../x.html", "site.com.de/x.html", "site.com.de\\..\\x.html", ""},
-    };
+    } cases[] = {{"HTTP://www.SITE.com/x.html", "www.SITE.com/x.html", "SITE.com\\x.html", ""},
+                 {"http:/site.com/b.html", "http://site.com/b.html", "http:\\site.com\\b.html", ""},
+                 {"other.com/x.html?of=site.com", "", "", "other.com/x.html?of=site.com"},
+                 {"site.com\\dir\\ ", "site.com/dir/index.html", "site.com\\dir\\index.html", ""},
+                 {"site.com/l.PHP?", "site.com/l.PHP", "site.com\\l.PHP_", ""},
+                 {"site.com/a/./b.html", "site.com/a/b.html", "site.com\\a\\.\\b.html", ""},
+                 {"site.com.de/../x.html", "site.com.de/x.html", "site.com.de\\..\\x.html", ""}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.link);
         BeginCrawl("C:\\Mirror\\");

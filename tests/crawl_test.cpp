@@ -144,8 +144,7 @@ TEST_F(Disturbed, NothingIsLostToWhatComesInBetween) {
     const std::function<void(int)> disturbances[] = {
         [](int slot) { bas_Connections::tmrOut_Timer(slot); },
         [](int slot) { bas_Connections::ProcessResponse("<a href='late.html'>", slot); },
-        [](int) { bas_Connections::SiteComplete(); },
-    };
+        [](int) { bas_Connections::SiteComplete(); }};
     for (const auto& disturb : disturbances) {
         const bool ends_early = &disturb == &disturbances[2];
         StartOver();
@@ -164,12 +163,10 @@ TEST_F(Disturbed, NothingIsLostToWhatComesInBetween) {
 }
 
 TEST_F(Crawl, PagesThatLeadToThemselvesEnd) {
-    const char* pages[] = {
-        "<meta http-equiv=refresh content='0; url=http://www.site.com/'>",
-        "<a href='w{ww.x.html'><a href='w*ww.y.html'>",
-        "<a href='.{./.{./out.html'><a href='.*./.*./.*./out.html'>",
-        "<a href='.www../.www../.www../out.html'><a href='..\\..\\out.html'>",
-    };
+    const char* pages[] = {"<meta http-equiv=refresh content='0; url=http://www.site.com/'>",
+                           "<a href='w{ww.x.html'><a href='w*ww.y.html'>",
+                           "<a href='.{./.{./out.html'><a href='.*./.*./.*./out.html'>",
+                           "<a href='.www../.www../.www../out.html'><a href='..\\..\\out.html'>"};
     for (const char* page : pages) {
         SCOPED_TRACE(page);
         StartOver();

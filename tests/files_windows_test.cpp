@@ -14,12 +14,10 @@ TEST(PathText, OnePlaceHasOneText) {
     const std::string here = platform::PathTextOf(std::filesystem::current_path().string());
     const struct {
         std::string path, resolved;
-    } cases[] = {
-        {"C:\\a\\\\b/.\\c\\", "c:\\a\\b\\c"},
-        {"q:a\\..\\..\\b", "q:\\b"},
-        {"\\a", *ResolvePathText(here.substr(0, 2) + "\\a")},
-        {"..\\a", *ResolvePathText(here + "\\..\\a")},
-    };
+    } cases[] = {{"C:\\a\\\\b/.\\c\\", "c:\\a\\b\\c"},
+                 {"q:a\\..\\..\\b", "q:\\b"},
+                 {"\\a", *ResolvePathText(here.substr(0, 2) + "\\a")},
+                 {"..\\a", *ResolvePathText(here + "\\..\\a")}};
     for (const auto& c : cases) {
         EXPECT_EQ(ResolvePathText(c.path), c.resolved) << c.path;
     }

@@ -36,13 +36,11 @@ class HttpExchange : public CrawlTest {
 TEST_F(HttpExchange, SendsOneRequestByteForByte) {
     const struct {
         std::string address, line, host;
-    } cases[] = {
-        {"www.example.com/docs/index.html", "GET /docs/ HTTP/1.0", "www.example.com"},
-        {"www.example.com//a.html", "GET /a.html HTTP/1.0", "www.example.com"},
-        {"www.example.com///a.html", "GET //a.html HTTP/1.0", "www.example.com"},
-        {"www.example.com/docs", "GET /docs/ HTTP/1.0", "www.example.com"},
-        {"example.com:8080/a.html", "GET /a.html HTTP/1.0", "example.com:8080"},
-    };
+    } cases[] = {{"www.example.com/docs/index.html", "GET /docs/ HTTP/1.0", "www.example.com"},
+                 {"www.example.com//a.html", "GET /a.html HTTP/1.0", "www.example.com"},
+                 {"www.example.com///a.html", "GET //a.html HTTP/1.0", "www.example.com"},
+                 {"www.example.com/docs", "GET /docs/ HTTP/1.0", "www.example.com"},
+                 {"example.com:8080/a.html", "GET /a.html HTTP/1.0", "example.com:8080"}};
     for (const auto& c : cases) {
         Request(c.address);
         EXPECT_EQ(window.Sock(1).sent(), c.line + "\r\nHost: " + c.host +
@@ -75,8 +73,7 @@ TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
         {"Content-Length: 1\r2\r\n", 12},
         {"Content-Length: 9999999999\r\n", 5},  // does not fit: the old value stays
         {"Content-Length:", 0},
-        {"not a header: 1 77\r\n", 5},
-    };
+        {"not a header: 1 77\r\n", 5}};
     for (const auto& [chunk, length] : cases) {
         Request("a.com/x.html");
         crawl::Slots[1].ContentLength = 5;

@@ -56,11 +56,9 @@ TEST(LinkScannerTest, FindsTheLinksOfAPage) {
     }
     const struct {
         std::string html, links;
-    } cases[] = {
-        {"href=p.html#top>", "p.html "},   {"href='IRC:x.html'", "IRC:x.html "},
-        {"href=' a.html'", "index.html "}, {"href=\"'a.html'\"", "index.html "},
-        {"href=   a.html>", "a.html "},    {"href\r\n='a\r.ht\nml'>", "a.html "},
-    };
+    } cases[] = {{"href=p.html#top>", "p.html "},   {"href='IRC:x.html'", "IRC:x.html "},
+                 {"href=' a.html'", "index.html "}, {"href=\"'a.html'\"", "index.html "},
+                 {"href=   a.html>", "a.html "},    {"href\r\n='a\r.ht\nml'>", "a.html "}};
     for (const auto& c : cases) {
         EXPECT_EQ(LinksOf(c.html), c.links) << c.html;
     }
@@ -105,8 +103,7 @@ TEST(LinkScannerTest, WhatIsAppendedOrScannedMeanwhileMixesNothingUp) {
              ConsumableText other("<a href='other.html'><a href='one.html'>");
              Scan(other);
          },
-         "site.com/dir/other.html"},
-    };
+         "site.com/dir/other.html"}};
     constexpr int kYields = 17;
     for (int nth = 1; nth <= kYields * std::ssize(cases); ++nth) {
         const auto& c = cases[nth % std::ssize(cases)];

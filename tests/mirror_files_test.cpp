@@ -19,11 +19,9 @@ using std::string_literals::operator""s;
 namespace {
 
 /// What a site may say to climb out of its folder. All lead to c:\outside\ when they are believed.
-const std::string kAttacks[] = {
-    "site.com\\..\\..\\outside\\a.html",
-    "site.com/.wwwww.w../.wwwww.w../.{./outside/a.html",
-    "../mirror-too/a.html",
-};
+const std::string kAttacks[] = {"site.com\\..\\..\\outside\\a.html",
+                                "site.com/.wwwww.w../.wwwww.w../.{./outside/a.html",
+                                "../mirror-too/a.html"};
 
 class Confinement : public testing::Test {
   protected:
@@ -84,14 +82,12 @@ TEST_F(Confinement, AFolderThatNoRecordFileNeedsMayBeMadeInsideOrOnTheWay) {
 TEST_F(Confinement, TheFoldersBeforeOneThatMayNotBeMadeAreMade) {
     const struct {
         const char *path, *made;
-    } cases[] = {
-        {"C:\\new\\sites\\transdd.txt\\a", "c:\\new\\*c:\\new\\sites\\*"},
-        {"C:\\new\\sites\\log.txt\\deep\\in\\a", "c:\\new\\*c:\\new\\sites\\*"},
-        {"C:\\new\\other\\deep\\a", "c:\\new\\*"},
-        {"C:\\new\\sites\\h\\..\\..\\..\\outside\\new\\a",
-         "c:\\new\\*c:\\new\\sites\\*c:\\new\\sites\\h\\*"},
-        {"Z:\\a\\b\\c", ""},
-    };
+    } cases[] = {{"C:\\new\\sites\\transdd.txt\\a", "c:\\new\\*c:\\new\\sites\\*"},
+                 {"C:\\new\\sites\\log.txt\\deep\\in\\a", "c:\\new\\*c:\\new\\sites\\*"},
+                 {"C:\\new\\other\\deep\\a", "c:\\new\\*"},
+                 {"C:\\new\\sites\\h\\..\\..\\..\\outside\\new\\a",
+                  "c:\\new\\*c:\\new\\sites\\*c:\\new\\sites\\h\\*"},
+                 {"Z:\\a\\b\\c", ""}};
     crawl::TargetFolder = "C:\\new\\sites\\";
     const fakes::MemoryFiles before = system.files;
     for (const auto& c : cases) {
@@ -119,17 +115,15 @@ TEST_F(Confinement, APageLiesInTheFolderOfItsHost) {
     const struct {
         std::string host, path;
         bool written;
-    } cases[] = {
-        {"site.com", "site.com\\a", true},
-        {"site.com", "site.com\\..\\site.com\\.\\a\\..\\b", true},
-        {"site.com", "site.com", false},
-        {"site.com", "site.com\\..\\a", false},
-        {"site.com", "site.com\\..\\site.com.au\\a", false},
-        {"", "a", false},
-        {".", ".\\a", false},
-        {"..", "..\\mirror\\a", false},
-        {"_SEARCHDATA", "_SEARCHDATA\\site.com.txt", false},
-    };
+    } cases[] = {{"site.com", "site.com\\a", true},
+                 {"site.com", "site.com\\..\\site.com\\.\\a\\..\\b", true},
+                 {"site.com", "site.com", false},
+                 {"site.com", "site.com\\..\\a", false},
+                 {"site.com", "site.com\\..\\site.com.au\\a", false},
+                 {"", "a", false},
+                 {".", ".\\a", false},
+                 {"..", "..\\mirror\\a", false},
+                 {"_SEARCHDATA", "_SEARCHDATA\\site.com.txt", false}};
     for (const char* folder : {"site.com", " site.com", "site.com.au", "_SEARCHDATA"}) {
         system.files.Have(crawl::TargetFolder + folder);
     }
@@ -147,8 +141,7 @@ const std::string kUsersFiles[] = {
     ".bashrc",          "notes.tmp",          "mine.html",
     "filters.txt",      "photo.gif",          "other.net\\a.html",
     "other.net\\b.tmp", "papers\\a\\old.php", "papers\\draft.html.tmp",
-    "site.com.tmp",
-};
+    "site.com.tmp"};
 
 TEST_F(Confinement, NothingThatASiteSaysTouchesTheUsersFiles) {
     for (const std::string& file : kUsersFiles) {
@@ -204,13 +197,12 @@ TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
     }
     std::ofstream(folder.SystemPath() / "outside.txt") << "old";
     std::ofstream(mirror / "other.net/a.html") << "old";
-    for (const auto& [link, target] : std::map<std::string, std::string>{
-             {"log.txt", "../outside.txt"},
-             {"site.com/outside", "../../"},
-             {"site.com/other", "../other.net"},
-             {"site.com/b.html", "../other.net/a.html"},
-             {"site.com/in", "real"},
-         }) {
+    for (const auto& [link, target] :
+         std::map<std::string, std::string>{{"log.txt", "../outside.txt"},
+                                            {"site.com/outside", "../../"},
+                                            {"site.com/other", "../other.net"},
+                                            {"site.com/b.html", "../other.net/a.html"},
+                                            {"site.com/in", "real"}}) {
         std::error_code error;
         std::filesystem::create_symlink(target, mirror / link, error);
         if (error == std::errc::function_not_supported) GTEST_SKIP() << "no links on this system";

@@ -15,11 +15,9 @@ namespace {
 TEST(PathText, OnePlaceHasOneText) {
     const struct {
         std::string path, resolved;
-    } cases[] = {
-        {"c:\\a\\\\b\\.\\c", "c:\\a\\b\\c"},      {"c:\\a\\..\\..\\b", "c:\\b"},
-        {"\\..\\etc\\passwd", "z:\\etc\\passwd"}, {"mirror\\x", "c:\\mirror\\x"},
-        {"c:\\ ..\\...", "c:\\ ..\\..."},         {"c:\\d:\\b\xff", "c:\\d:\\b\xff"},
-    };
+    } cases[] = {{"c:\\a\\\\b\\.\\c", "c:\\a\\b\\c"},      {"c:\\a\\..\\..\\b", "c:\\b"},
+                 {"\\..\\etc\\passwd", "z:\\etc\\passwd"}, {"mirror\\x", "c:\\mirror\\x"},
+                 {"c:\\ ..\\...", "c:\\ ..\\..."},         {"c:\\d:\\b\xff", "c:\\d:\\b\xff"}};
     for (const auto& c : cases) {
         EXPECT_EQ(ResolvePathText(c.path), c.resolved) << c.path;
     }

@@ -18,10 +18,11 @@ namespace {
 TEST(CleanNames, ReplacesWhatCannotStandInAName) {
     const struct {
         std::string name, clean;
-    } cases[] = {
-        {"a**b<c>{d}|e", "ab_c_de"},  {"b!c&d???e", "b_c_d_e"}, {"_________", "__"}, {"_*_", "_"},
-        {":\\a\"b'#%", ":\\a\"b'#%"},
-    };
+    } cases[] = {{"a**b<c>{d}|e", "ab_c_de"},
+                 {"b!c&d???e", "b_c_d_e"},
+                 {"_________", "__"},
+                 {"_*_", "_"},
+                 {":\\a\"b'#%", ":\\a\"b'#%"}};
     for (const auto& c : cases) {
         EXPECT_EQ(CleanLinkName(c.name), c.clean) << c.name;
         EXPECT_EQ(CleanFileName(c.name), c.clean + ".html") << c.name;
@@ -91,16 +92,14 @@ void ExpectEachFolderNotedOnce(platform::Files& files, const std::string& target
     const struct {
         std::string path;
         std::vector<std::string> noted;
-    } cases[] = {
-        {"1\\.\\d\\a", {"1\\", "1\\.\\d\\"}},
-        {"2\\\\\\d\\a", {"2\\", "2\\\\d\\"}},
-        {"3\\.\\a", {"3\\"}},
-        {"4\\.\\.\\..\\.\\4d\\.\\d\\a",
-         {"4\\", "4\\.\\.\\..\\.\\4d\\", "4\\.\\.\\..\\.\\4d\\.\\d\\"}},
-        {".\\5\\..\\5\\.\\a", {".\\5\\"}},
-        {"6\\.\\d\\.\\.\\e\\..\\a", {"6\\", "6\\.\\d\\", "6\\.\\d\\.\\.\\e\\"}},
-        {"5\\.\\\\\\.\\a", {}},
-    };
+    } cases[] = {{"1\\.\\d\\a", {"1\\", "1\\.\\d\\"}},
+                 {"2\\\\\\d\\a", {"2\\", "2\\\\d\\"}},
+                 {"3\\.\\a", {"3\\"}},
+                 {"4\\.\\.\\..\\.\\4d\\.\\d\\a",
+                  {"4\\", "4\\.\\.\\..\\.\\4d\\", "4\\.\\.\\..\\.\\4d\\.\\d\\"}},
+                 {".\\5\\..\\5\\.\\a", {".\\5\\"}},
+                 {"6\\.\\d\\.\\.\\e\\..\\a", {"6\\", "6\\.\\d\\", "6\\.\\d\\.\\.\\e\\"}},
+                 {"5\\.\\\\\\.\\a", {}}};
     crawl::TargetFolder = target;
     for (const auto& c : cases) {
         std::string noted;

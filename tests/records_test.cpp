@@ -54,10 +54,7 @@ TEST_F(Records, ASlotThatIsNoneWritesNothing) {
 
 TEST_F(Records, SweepsFoldersMadeUpToAnEmptyFieldWithoutShortOnes) {
     const std::pair<std::string, bool> cases[] = {
-        {" c:/wa\\* ", true},
-        {"c:\\w*c:\\wa*", true},
-        {"c:\\b\\**c:\\wa*", false},
-    };
+        {" c:/wa\\* ", true}, {"c:\\w*c:\\wa*", true}, {"c:\\b\\**c:\\wa*", false}};
     for (const auto& [made, swept] : cases) {
         system.files.Have("c:\\wa\\1.tmp", "x");
         system.files.Have("c:\\w\\2.tmp", "x");

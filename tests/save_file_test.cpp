@@ -40,14 +40,12 @@ class SaveFileTest : public testing::Test {
 TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
     const struct {
         std::string address, path, placeholder;
-    } cases[] = {
-        {"www.site.com/dir/page.html", "site.com\\dir\\page.html", ""},
-        {"www.site.com/", "site.com\\index.html", ""},
-        {"site.com/a/.html", "site.com\\a\\index.html", ""},
-        {"site.com/page.php?x=1", "site.com\\page.php_x=1.html", "site.com\\page.php_x=1"},
-        {"site.com/x.html/a.php", "site.com\\x.html\\a.php", ""},
-        {"localhost/page", "localhost\\page.html", ""},
-    };
+    } cases[] = {{"www.site.com/dir/page.html", "site.com\\dir\\page.html", ""},
+                 {"www.site.com/", "site.com\\index.html", ""},
+                 {"site.com/a/.html", "site.com\\a\\index.html", ""},
+                 {"site.com/page.php?x=1", "site.com\\page.php_x=1.html", "site.com\\page.php_x=1"},
+                 {"site.com/x.html/a.php", "site.com\\x.html\\a.php", ""},
+                 {"localhost/page", "localhost\\page.html", ""}};
     for (const auto& c : cases) {
         const std::string placeholder =
             "C:\\w\\" + (c.placeholder.empty() ? c.path : c.placeholder) + ".tmp";
@@ -63,12 +61,10 @@ TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
 
 TEST_F(SaveFileTest, TakesTheHeaderOffAndCleansTheCallersAddress) {
     const std::string binary("\0\xff\0", 3);
-    const std::map<std::string, std::string> cases = {
-        {"200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
-        {"no blank line", "blank line"},
-        {"ab", ""},
-        {"\r\n\r\n" + binary, binary},
-    };
+    const std::map<std::string, std::string> cases = {{"200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
+                                                      {"no blank line", "blank line"},
+                                                      {"ab", ""},
+                                                      {"\r\n\r\n" + binary, binary}};
     for (const auto& [received, saved] : cases) {
         std::string address = "\\site.com//a?b\\\\c.gif";
         SaveFile(received, address, 1);

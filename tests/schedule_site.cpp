@@ -13,16 +13,13 @@ using Random = std::mt19937;
 
 constexpr struct {
     const char *path, *file;
-} kPages[] = {
-    {"/", "index.html"},      {"/a.html", "a.html"}, {"/b.html", "b.html"},
-    {"/d/", "d\\index.html"}, {"/p.gif", "p.gif"},   {"/q.php?x=1", "q.php_x=1.html"},
-    {"/bad.html", nullptr},
-};
+} kPages[] = {{"/", "index.html"},      {"/a.html", "a.html"}, {"/b.html", "b.html"},
+              {"/d/", "d\\index.html"}, {"/p.gif", "p.gif"},   {"/q.php?x=1", "q.php_x=1.html"},
+              {"/bad.html", nullptr}};
 
 constexpr const char* kLinks[] = {
-    "a.html",   "b.html",      "d/",        "p.gif",   "q.php?x=1",     "bad.html",     "gone.html",
-    "no.other", "w{ww.x.html", "../a.html", "#a.html", "../../up.html", "d/../b.html?",
-};
+    "a.html",   "b.html",      "d/",        "p.gif",   "q.php?x=1",     "bad.html",    "gone.html",
+    "no.other", "w{ww.x.html", "../a.html", "#a.html", "../../up.html", "d/../b.html?"};
 
 template <typename T, std::size_t N>
 const T& OneOf(const T (&items)[N], Random& random) {

@@ -24,16 +24,14 @@ TEST_F(Scheduler, SplitsAnAddressIntoHostAndPath) {
     const std::string long_path = "/" + std::string(1200, 'a') + ".html";
     const struct {
         std::string address, url, host, path;
-    } cases[] = {
-        {"www.site.com", "www.site.com", "www.site.com", "//"},
-        {"www.site.com/about", "www.site.com/about", "www.site.com", "/about/"},
-        {"www.site.com/cat.jpeg", "www.site.com/cat.jpg", "www.site.com", "/cat.jpg"},
-        {"www.site.com/cat.JPEG", "www.site.com/cat.JPEG", "www.site.com", "/cat.JPEG"},
-        {" HTTP://site.com\\a\\b.html", "site.com/a/b.html", "site.com", "/a/b.html"},
-        {"/rooted.html", "/rooted.html", "", "/rooted.html"},
-        {"site.com" + long_path, "site.com" + long_path, "site.com",
-         long_path.substr(0, 999) + "/"},
-    };
+    } cases[] = {{"www.site.com", "www.site.com", "www.site.com", "//"},
+                 {"www.site.com/about", "www.site.com/about", "www.site.com", "/about/"},
+                 {"www.site.com/cat.jpeg", "www.site.com/cat.jpg", "www.site.com", "/cat.jpg"},
+                 {"www.site.com/cat.JPEG", "www.site.com/cat.JPEG", "www.site.com", "/cat.JPEG"},
+                 {" HTTP://site.com\\a\\b.html", "site.com/a/b.html", "site.com", "/a/b.html"},
+                 {"/rooted.html", "/rooted.html", "", "/rooted.html"},
+                 {"site.com" + long_path, "site.com" + long_path, "site.com",
+                  long_path.substr(0, 999) + "/"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.address);
         bas_Connections::ConnectNext(c.address);

@@ -26,8 +26,7 @@ TEST(Query, HasWordsAndPhrases) {
         {"say \"hello  there\" now", {"say", "hello  there", "now"}},
         {"\"not closed ", {"not closed "}},
         {"in\"side\"", {"in", "side"}},
-        {"*.?[\\", {"*.?[\\"}},
-    };
+        {"*.?[\\", {"*.?[\\"}}};
     for (const auto& [query, terms] : cases)
         EXPECT_EQ(TermsOf(query), terms) << query;
 }
@@ -82,8 +81,7 @@ TEST(RecordReader, FindsTermsWhateverTheirCase) {
         {"a\xFFz \xC3 \xA9", {"\xFF"}, 1},           // bytes that are no characters
         {"\xC3\xA9", {"\xA9"}, 0},                   // a part of a character is none
         {std::string("a\0b", 3), {std::string("A\0B", 3)}, 1},
-        {"50% *.?[x]", {"*.?[X]", "50%"}, 2},
-    };
+        {"50% *.?[x]", {"*.?[X]", "50%"}, 2}};
     for (const auto& [text, words, matches] : cases) {
         const auto pages = Read("! p\r\n" + text + "\r\n", words, utf8, 1000);
         ASSERT_EQ(pages.size(), 1U) << text;
@@ -114,8 +112,7 @@ TEST(RecordReader, ReadsRecordsAndPassesOverTheRest) {
         {"no record", "!x\r\n!\r\n", ""},
         {"an endless path", "! " + long_line + "\r\n! a\r\nx\r\n", "a:1@100009 "},
         {"a long text", "! a\r\nx" + long_line + "x\r\n", "a:2@5 "},
-        {"an empty path", "! \r\nx\r\n", ":1@4 "},
-    };
+        {"an empty path", "! \r\nx\r\n", ":1@4 "}};
     for (const auto& [what, extract, told] : cases) {
         for (const std::size_t size : {1, 7, 1'000'000}) {
             EXPECT_EQ(Told(Read(extract, {"x"}, utf8, size)), told) << what << " by " << size;

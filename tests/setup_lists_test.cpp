@@ -38,13 +38,11 @@ TEST(SharedList, AppliesWhatOthersChangedToWhatIsEdited) {
     const struct {
         const char *before, *now;
         Lines edited, merged;
-    } cases[] = {
-        {"a\r\nb\r\n", "a\r\nb\r\nc\r\n", {"a", "b", "mine"}, {"a", "b", "mine", "c"}},
-        {"a\r\nb\r\n", "b\r\n", {"b", "mine"}, {"b", "mine"}},
-        {"a\r\na\r\n", "a\r\n", {"a", "a", "mine"}, {"a", "mine"}},
-        {"a\r\n", "", {"a", "mine"}, {"mine"}},
-        {"", "a\r\na\r\n", {}, {"a", "a"}},
-    };
+    } cases[] = {{"a\r\nb\r\n", "a\r\nb\r\nc\r\n", {"a", "b", "mine"}, {"a", "b", "mine", "c"}},
+                 {"a\r\nb\r\n", "b\r\n", {"b", "mine"}, {"b", "mine"}},
+                 {"a\r\na\r\n", "a\r\n", {"a", "a", "mine"}, {"a", "mine"}},
+                 {"a\r\n", "", {"a", "mine"}, {"mine"}},
+                 {"", "a\r\na\r\n", {}, {"a", "a"}}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.now);
         fakes::FakeSystem system;
@@ -114,8 +112,7 @@ TEST(Filters, LoadsAtMostAHundredOrNone) {
     const std::map<std::string, Lines> cases = {
         {"ads\r\n\r\n  Track \r\n", {"ads", "Track"}},
         {JoinListFile(Numbered(100)) + " \r\n\n", Numbered(100)},
-        {JoinListFile(Numbered(101)), {}},
-    };
+        {JoinListFile(Numbered(101)), {}}};
     for (auto [bytes, expected] : cases) {
         KeywordFilters[100] = "old";
         system.files.Have(kFiltersFile, bytes);

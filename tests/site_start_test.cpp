@@ -13,15 +13,13 @@ class SiteStart : public CrawlTest {};
 TEST_F(SiteStart, CleansTheTypedAddress) {
     const struct {
         std::string typed, address, host;
-    } cases[] = {
-        {"  HTTP://Example.com/a  ", "www.Example.com/a", "Example.com"},
-        {"http://www.example.com", "www.example.com", "example.com"},
-        {"example.com/www.x", "example.com/www.x", "example.com"},
-        {"WWW.example.com", "WWW.example.com", "WWW.example.com"},
-        {"example.com:8080/x", "www.example.com:8080/x", "example.com:8080"},
-        {"https://example.com/", "www.https://example.com/", "https:"},
-        {"", "www.", ""},
-    };
+    } cases[] = {{"  HTTP://Example.com/a  ", "www.Example.com/a", "Example.com"},
+                 {"http://www.example.com", "www.example.com", "example.com"},
+                 {"example.com/www.x", "example.com/www.x", "example.com"},
+                 {"WWW.example.com", "WWW.example.com", "WWW.example.com"},
+                 {"example.com:8080/x", "www.example.com:8080/x", "example.com:8080"},
+                 {"https://example.com/", "www.https://example.com/", "https:"},
+                 {"", "www.", ""}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.typed);
         Start(c.typed);

@@ -19,6 +19,14 @@ namespace {
 
 using namespace std::string_literals;
 
+/// A text of these characters.
+std::string RandomText(std::mt19937& random, const std::string& letters, std::size_t size) {
+    std::string s(size, ' ');
+    for (char& c : s)
+        c = letters[random() % letters.size()];
+    return s;
+}
+
 TEST(TextTest, InStrCountsFromOneAndZeroMeansAbsent) {
     EXPECT_EQ(text::InStr("abcabc", "abc", 0), 1u);
     EXPECT_EQ(text::InStr("abcabc", "abc", 2), 4u);
@@ -40,18 +48,12 @@ TEST(TextTest, PiecesStayInsideAndBytesBeyondAsciiStay) {
 
 TEST(TextTest, ReplaceEqualsTheObviousLoopOnRandomText) {
     std::mt19937 random(20240501);
-    const auto random_text = [&random](std::size_t rarity, std::size_t size) {
-        std::string s(size, ' ');
-        for (char& c : s) {
-            c = "ab\0"[std::min<std::size_t>(random() % rarity, 2)];
-        }
-        return s;
-    };
+    const std::string dense("ab\0", 3), sparse = dense + std::string(97, '\0');
     for (int round = 0; round < 20000; ++round) {
         // With little to find in every other text.
-        std::string subject = random_text(round % 2 == 0 ? 100 : 3, random() % 200);
-        const std::string pattern = random_text(3, 1 + random() % 4);
-        const std::string replacement = random_text(3, random() % 7);
+        std::string subject = RandomText(random, round % 2 == 0 ? sparse : dense, random() % 200);
+        const std::string pattern = RandomText(random, dense, 1 + random() % 4);
+        const std::string replacement = RandomText(random, dense, random() % 7);
         std::string expected = subject;
         for (std::size_t at = 0; (at = expected.find(pattern, at)) != std::string::npos;) {
             expected.replace(at, pattern.size(), replacement);
@@ -71,22 +73,17 @@ TEST(TextTest, ReplaceEqualsTheObviousLoopOnRandomText) {
 
 TEST(CharacterMapTest, EqualsOneReplacementAfterTheOtherOnRandomText) {
     std::mt19937 random(20261122);
-    const auto random_text = [&random](std::size_t size) {
-        std::string s(size, ' ');
-        for (char& c : s)
-            c = "abc\0"[random() % 4];
-        return s;
-    };
+    const std::string letters("abc\0", 4);
     for (int round = 0; round < 4000; ++round) {
         // Some maps keep every size, some lengthen nothing, and some do.
         const std::size_t longest = random() % 3;
-        std::string subject = random_text(random() % 100);
+        std::string subject = RandomText(random, letters, random() % 100);
         std::string expected = subject;
         text::CharacterMap map;
         for (std::size_t i = random() % 4; i > 0; --i) {
-            const std::string pattern = random_text(1);
+            const std::string pattern = RandomText(random, letters, 1);
             const std::string replacement =
-                random_text(longest == 0 ? 1 : random() % (longest + 1));
+                RandomText(random, letters, longest == 0 ? 1 : random() % (longest + 1));
             if (map.Add(pattern[0], replacement))
                 expected = text::ReplaceAll(expected, pattern, replacement);
         }
@@ -102,23 +99,16 @@ TEST(CharacterMapTest, EqualsOneReplacementAfterTheOtherOnRandomText) {
 
 TEST(ReplacementsTest, EqualOneAfterTheOtherOnRandomText) {
     std::mt19937 random(20261121);
-    const auto random_text = [&random](const std::string& letters, std::size_t size) {
-        std::string s(size, ' ');
-        for (char& c : s) {
-            c = letters[random() % letters.size()];
-        }
-        return s;
-    };
     for (int round = 0; round < 4000; ++round) {
         // Patterns of two letters meet and make one another; in few texts does every rule find one.
         std::vector<text::Replacements::Rule> rules;
         for (std::size_t i = random() % 12; i > 0; --i) {
             const std::size_t size = random() % 3 == 0 ? 1 + random() % 4 : 5 + random() % 3;
-            rules.push_back({random_text(size == 1 ? "abc\n" : "ab", size),
-                             random_text("abc\r", random() % 7)});
+            rules.push_back({RandomText(random, size == 1 ? "abc\n" : "ab", size),
+                             RandomText(random, "abc\r", random() % 7)});
         }
         const std::string letters[] = {"ab", "abc\n\r", "abcdefghijklmnopqrstuvwxyz"};
-        std::string subject = random_text(letters[round % 3], random() % 400);
+        std::string subject = RandomText(random, letters[round % 3], random() % 400);
         std::string expected = subject;
         for (const auto& [pattern, replacement] : rules) {
             expected = text::ReplaceAll(expected, pattern, replacement);
@@ -156,11 +146,9 @@ TEST(NumbersTest, LeadingAndWholeNumbers) {
         std::string subject;
         double leading;
         bool whole;
-    } cases[] = {
-        {" 12 ", 12, true},  {"-.5x", -.5, false}, {"+3.", 3, true},  {"1e+", 1, false},
-        {"2E-1", 0.2, true}, {".", 0, false},      {"", 0, false},    {"inf", 0, false},
-        {"0x10", 0, false},  {"1,000", 1, false},  {"+-1", 0, false},
-    };
+    } cases[] = {{" 12 ", 12, true},  {"-.5x", -.5, false}, {"+3.", 3, true}, {"1e+", 1, false},
+                 {"2E-1", 0.2, true}, {".", 0, false},      {"", 0, false},   {"inf", 0, false},
+                 {"0x10", 0, false},  {"1,000", 1, false},  {"+-1", 0, false}};
     for (const auto& c : cases) {
         EXPECT_EQ(text::LeadingNumber(c.subject), c.leading) << c.subject;
         EXPECT_EQ(text::WholeNumber(c.subject), c.whole ? std::optional(c.leading) : std::nullopt);

@@ -6,10 +6,7 @@ namespace {
 
 /// Stands in for the toolkit's table of letters.
 std::string Ascii(const std::string& host) {
-    return host == "www.b\xc3\xbc"
-                   "cher.test"
-               ? "www.xn--bcher-kva.test"
-               : "";
+    return host == "www.b\u00fccher.test" ? "www.xn--bcher-kva.test" : "";
 }
 
 bas_Connections::AddressFault FaultOf(const std::string& typed) {
@@ -26,38 +23,37 @@ TEST(TypedAddress, IsLeftAloneWhereItMayBeFound) {
 }
 
 TEST(TypedAddress, HasAFaultAndPerhapsWhatWasMeant) {
+    constexpr const char* kHttp = "This program fetches http:// only";
+    constexpr const char* kBeginning = "An address begins with \"http://\"";
+    constexpr const char* kSlash = "A \"/\" is missing behind the server's name";
     const struct {
         const char *typed, *what, *instead, *offered;
     } cases[] = {
-        {"https://", "This program fetches http:// only", "http://", "http://"},
-        {" HTTPS://Site.com/a b ", "This program fetches http:// only", "http://Site.com/a b",
-         "http://"},
-        {"https:www.x", "This program fetches http:// only", "http://www.x", "http://"},
-        {"https//www.x", "This program fetches http:// only", "http://www.x", "http://"},
-        {"http://https://x.com", "This program fetches http:// only", "http://x.com", "http://"},
-        {"www.https://x.com", "This program fetches http:// only", "http://x.com", "http://"},
-        {"ftp://x.com/a", "This program fetches http:// only", "http://x.com/a", "http://"},
-        {"file:///home/ann", "This program fetches http:// only", "", ""},
-        {"http:/www.x", "An address begins with \"http://\"", "http://www.x", "http://"},
-        {"http:www.x", "An address begins with \"http://\"", "http://www.x", "http://"},
-        {"http:\\\\www.x\\a", "An address begins with \"http://\"", "http://www.x\\a", "http://"},
-        {"http:///x.com", "An address begins with \"http://\"", "http://x.com", "http://"},
-        {"http//x.com", "An address begins with \"http://\"", "http://x.com", "http://"},
-        {"//x.com/a", "An address begins with \"http://\"", "http://x.com/a", "http://"},
-        {"http://HTTP://x.com", "An address begins with \"http://\"", "http://x.com", "http://"},
-        {"x.com?a=b/c", "A \"/\" is missing behind the server's name", "x.com/?a=b/c", "x.com/"},
-        {"http://x.com#a", "A \"/\" is missing behind the server's name", "http://x.com/#a",
-         "x.com/"},
+        {"https://", kHttp, "http://", "http://"},
+        {" HTTPS://Site.com/a b ", kHttp, "http://Site.com/a b", "http://"},
+        {"https:www.x", kHttp, "http://www.x", "http://"},
+        {"https//www.x", kHttp, "http://www.x", "http://"},
+        {"http://https://x.com", kHttp, "http://x.com", "http://"},
+        {"www.https://x.com", kHttp, "http://x.com", "http://"},
+        {"ftp://x.com/a", kHttp, "http://x.com/a", "http://"},
+        {"file:///home/ann", kHttp, "", ""},
+        {"http:/www.x", kBeginning, "http://www.x", "http://"},
+        {"http:www.x", kBeginning, "http://www.x", "http://"},
+        {"http:\\\\www.x\\a", kBeginning, "http://www.x\\a", "http://"},
+        {"http:///x.com", kBeginning, "http://x.com", "http://"},
+        {"http//x.com", kBeginning, "http://x.com", "http://"},
+        {"//x.com/a", kBeginning, "http://x.com/a", "http://"},
+        {"http://HTTP://x.com", kBeginning, "http://x.com", "http://"},
+        {"x.com?a=b/c", kSlash, "x.com/?a=b/c", "x.com/"},
+        {"http://x.com#a", kSlash, "http://x.com/#a", "x.com/"},
         {"me:secret@x.com/a", "There are no logins", "x.com/a", "x.com"},
         {"Http://x.com:80/a", "Only port 80 is asked, and not named", "Http://x.com/a", "x.com"},
         {"x.com:8080/a", "Only port 80 is asked, and not named", "", ""},
         {"www. x .com/a b", "A server's name has no blanks", "www.x.com/a b", "www.x.com"},
         {"x.com\t", "A server's name has no blanks", "x.com", "x.com"},
         {"many words", "A server's name has no blanks", "", ""},
-        {"http://www.b\xc3\xbc"
-         "cher.test/\xc3\xbc",
-         "Names are asked for in ASCII", "http://www.xn--bcher-kva.test/\xc3\xbc",
-         "www.xn--bcher-kva.test"},
+        {"http://www.b\u00fccher.test/\u00fc", "Names are asked for in ASCII",
+         "http://www.xn--bcher-kva.test/\xc3\xbc", "www.xn--bcher-kva.test"},
         {"\xff.test", "No server can have this name", "", ""},
         {"www...x.com", "There is a dot too many", "www.x.com", "www.x.com"},
         {"www,x.com", "No server's name has a \",\"", "", ""}};

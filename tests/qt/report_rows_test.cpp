@@ -72,24 +72,22 @@ TEST_F(ReportRowsTest, FiltersAndSorts) {
     const struct {
         ReportView view;
         Numbers shown;
-    } cases[] = {
-        {{.text = "NOT f"}, {1}},
-        {{.text = "page"}, {1}},
-        {{.text = "site.com/longer"}, {3, 4}},
-        {{.text = "nowhere"}, {}},
-        {{.outcome = Outcome::Error}, {1, 4}},
-        {{.text = "name", .outcome = Outcome::Error}, {4}},
-        {by(ReportColumn::Address), {1, 2, 0, 4, 3}},
-        {by(ReportColumn::Address, true), {3, 4, 0, 2, 1}},
-        {by(ReportColumn::Outcome), {0, 3, 1, 4, 2}},
-        {by(ReportColumn::Status), {2, 0, 3, 4, 1}},
-        {by(ReportColumn::Bytes), {2, 0, 4, 3, 1}},
-        {by(ReportColumn::Announced), {1, 2, 3, 4, 0}},
-        {by(ReportColumn::Tries), {0, 1, 3, 4, 2}},
-        {by(ReportColumn::Detail), {0, 3, 4, 1, 2}},
-        {{.text = "name", .sorted_by = ReportColumn::Address}, {4, 3}},
-        {{}, {0, 1, 2, 3, 4}},
-    };
+    } cases[] = {{{.text = "NOT f"}, {1}},
+                 {{.text = "page"}, {1}},
+                 {{.text = "site.com/longer"}, {3, 4}},
+                 {{.text = "nowhere"}, {}},
+                 {{.outcome = Outcome::Error}, {1, 4}},
+                 {{.text = "name", .outcome = Outcome::Error}, {4}},
+                 {by(ReportColumn::Address), {1, 2, 0, 4, 3}},
+                 {by(ReportColumn::Address, true), {3, 4, 0, 2, 1}},
+                 {by(ReportColumn::Outcome), {0, 3, 1, 4, 2}},
+                 {by(ReportColumn::Status), {2, 0, 3, 4, 1}},
+                 {by(ReportColumn::Bytes), {2, 0, 4, 3, 1}},
+                 {by(ReportColumn::Announced), {1, 2, 3, 4, 0}},
+                 {by(ReportColumn::Tries), {0, 1, 3, 4, 2}},
+                 {by(ReportColumn::Detail), {0, 3, 4, 1, 2}},
+                 {{.text = "name", .sorted_by = ReportColumn::Address}, {4, 3}},
+                 {{}, {0, 1, 2, 3, 4}}};
     for (const auto& [view, shown] : cases) {
         SCOPED_TRACE(testing::Message()
                      << "text \"" << view.text << "\", column "

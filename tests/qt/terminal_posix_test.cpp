@@ -14,11 +14,11 @@ namespace {
 /// Standard output as the program would have it, while this lives; what it prints is read here.
 class OutputTo {
   public:
-    /// `reading` and `writing` are the two ends of a pipe or of a terminal.
-    OutputTo(int reading, int writing) : reading_(reading), before_(dup(STDOUT_FILENO)) {
+    /// Reading and writing end of a pipe or of a terminal.
+    explicit OutputTo(std::array<int, 2> ends) : reading_(ends[0]), before_(dup(STDOUT_FILENO)) {
         fcntl(reading_, F_SETFL, O_NONBLOCK);
-        dup2(writing, STDOUT_FILENO);
-        close(writing);
+        dup2(ends[1], STDOUT_FILENO);
+        close(ends[1]);
     }
     ~OutputTo() {
         dup2(before_, STDOUT_FILENO);
@@ -57,7 +57,7 @@ std::array<int, 2> Pipe() {
 TEST(Terminal, ProgressStaysInItsLineAndLeavesNothingOfALongerOne) {
     const int reading = posix_openpt(O_RDWR | O_NOCTTY);
     ASSERT_EQ(grantpt(reading) + unlockpt(reading), 0);
-    OutputTo output(reading, open(ptsname(reading), O_RDWR | O_NOCTTY));
+    OutputTo output({reading, open(ptsname(reading), O_RDWR | O_NOCTTY)});
     cli::Terminal terminal;
     const auto shown = [&](const char* line) {
         terminal.ShowProgress(line);
@@ -73,8 +73,7 @@ TEST(Terminal, ProgressStaysInItsLineAndLeavesNothingOfALongerOne) {
 }
 
 TEST(Terminal, WaitsForNoReaderAndLosesNoLine) {
-    const auto [reading, writing] = Pipe();
-    OutputTo output(reading, writing);
+    OutputTo output(Pipe());
     cli::Terminal terminal;
     terminal.ShowProgress("1 file");
     EXPECT_EQ(output.Read(), "") << "progress is for a terminal";
@@ -98,29 +97,23 @@ TEST(Terminal, WaitsForNoReaderAndLosesNoLine) {
     std::signal(SIGPIPE, usual);
 }
 
-TEST(TerminalBoxes, PrintWhatTheySayAndNeverAgree) {
-    const auto [reading, writing] = Pipe();
-    OutputTo output(reading, writing);
-    cli::Terminal terminal;
-    cli::TerminalBoxes boxes(terminal);
+TEST(TerminalBoxes, PrintWhatTheySayAndNeverAgreeQuietlyTheFaultsAlone) {
     using platform::BoxAnswer;
     using platform::BoxStyle;
+    OutputTo output(Pipe());
+    cli::Terminal terminal;
+    cli::TerminalBoxes boxes(terminal);
     EXPECT_EQ(boxes.MsgBox("One.\r\n\r\nTwo.\r\nMore?", BoxStyle::InformationYesNo, "Done."),
               BoxAnswer::No);
     EXPECT_EQ(boxes.MsgBox("Sure?", BoxStyle::StopYesNo, "Stop"), BoxAnswer::No);
     EXPECT_EQ(boxes.MsgBox("Bad folder.", BoxStyle::Stop, "Eror"), BoxAnswer::Ok);
     EXPECT_EQ(output.Read(), "Done. One. Two. More? No.\nStop Sure? No.\nEror Bad folder.\n");
-}
 
-TEST(Terminal, AQuietOneKeepsToTheResultAndFaults) {
-    const auto [reading, writing] = Pipe();
-    OutputTo output(reading, writing);
-    cli::Terminal terminal(/*quiet=*/true);
-    cli::TerminalBoxes boxes(terminal);
-    boxes.MsgBox("Complete.", platform::BoxStyle::InformationYesNo, "Done.");
-    terminal.Say("1 files, 2 bytes.");
-    EXPECT_EQ(output.Read(), "");
-    boxes.MsgBox("Bad folder.", platform::BoxStyle::Stop, "Eror");
-    terminal.Print("1 saved");
+    cli::Terminal quiet(/*quiet=*/true);
+    cli::TerminalBoxes quiet_boxes(quiet);
+    quiet_boxes.MsgBox("Complete.", BoxStyle::InformationYesNo, "Done.");
+    quiet.Say("1 files, 2 bytes.");
+    quiet_boxes.MsgBox("Bad folder.", BoxStyle::Stop, "Eror");
+    quiet.Print("1 saved");
     EXPECT_EQ(output.Read(), "Eror Bad folder.\n1 saved\n");
 }
