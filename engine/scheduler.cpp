@@ -74,11 +74,11 @@ void ConnectNext(std::string address) {
     OpenConnection(index);
 }
 
-std::string SavedFileOf(std::string address) {
+std::string SavedFileOf(const std::string& folder, std::string address) {
     crawl::ConnectionSlot job;
     TakeAddress(std::move(address), job);
     ShortenIndexPath(job);
-    return bas_Output::SavedFileOf("\\" + job.Host + job.Path);
+    return bas_Output::SavedFileOf(folder, "\\" + job.Host + job.Path);
 }
 
 void OpenConnection(int index) {

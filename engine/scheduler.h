@@ -13,8 +13,9 @@ void tmrMove_Timer();
 /// nothing if no crawl runs or no connection is free.
 void ConnectNext(std::string address);
 
-/// The local path under which a queued address is saved.
-std::string SavedFileOf(std::string address);
+/// The local path of the file that a crawl into `folder`, which ends in "\", saves a queued address
+/// as.
+std::string SavedFileOf(const std::string& folder, std::string address);
 
 /// Connects the socket of slot `index` to its job's host, always on port 80, and shows that in its
 /// row.

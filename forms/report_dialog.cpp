@@ -238,7 +238,8 @@ void ReportDialog::SetFilter() {
 void ReportDialog::OpenFile() {
     if (!rows_->currentIndex().isValid()) return;
     const crawl::ReportRow& row = model_->RowAt(rows_->currentIndex().row());
-    const std::string file = bas_Connections::SavedFileOf(std::string(row.address));
+    const std::string file =
+        bas_Connections::SavedFileOf(crawl::ReportFolder, std::string(row.address));
     const platform::Services& system = platform::System();
     if (system.files.FileLength(file) && !system.files.FolderExists(file)) {
         system.processes.OpenFile(file);

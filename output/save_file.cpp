@@ -30,8 +30,8 @@ std::string_view WithoutHeader(std::string_view received) {
     return text::Mid(received, text::InStr(received, "\r\n\r\n") + 4);
 }
 
-std::string PathBelowTarget(const std::string& address) {
-    return std::string(crawl::TargetFolder).append(text::Trim(address));
+std::string PathBelow(const std::string& folder, const std::string& address) {
+    return std::string(folder).append(text::Trim(address));
 }
 
 /// Turns a folder's path into that of its page, with the name that links to it use.
@@ -68,7 +68,7 @@ std::string HostFolder(std::string_view address) {
 /// return.
 platform::FileResult WritePage(std::string_view received, std::string& address, int slot) {
     address = CleanFileName(address);
-    std::string path = PathBelowTarget(address);
+    std::string path = PathBelow(crawl::TargetFolder, address);
     MakeLocalPath(path);
     AddDefaultName(crawl::SavePath);
     // On a full disk the write would only report that its folder is missing.
@@ -116,8 +116,8 @@ bool HasSearchText(const std::string& path) {
 
 }  // namespace
 
-std::string SavedFileOf(const std::string& address) {
-    std::string path = LocalPathOf(PathBelowTarget(CleanFileName(address)));
+std::string SavedFileOf(const std::string& folder, const std::string& address) {
+    std::string path = LocalPathOf(PathBelow(folder, CleanFileName(address)));
     AddDefaultName(path);
     RenameDynamicPage(path);
     return path;

@@ -12,7 +12,8 @@ namespace bas_Output {
 /// `address` (host and path) in place. `received` must stay valid only until the first event runs.
 void SaveFile(std::string_view received, std::string& address, int slot);
 
-/// The local path under which the file for `address` is saved.
-std::string SavedFileOf(const std::string& address);
+/// The local path under which the file of `address` is saved in a copy in `folder`, which ends in
+/// "\".
+std::string SavedFileOf(const std::string& folder, const std::string& address);
 
 }  // namespace bas_Output

@@ -273,7 +273,7 @@ TEST_F(Outcomes, TheFileOfEachAddressIsKnown) {
         Start(address);
         crawl::Report.Clear();
         Answer("HTTP/1.0 200 OK\r\n\r\nx");
-        EXPECT_EQ(bas_Connections::SavedFileOf(address), crawl::SavePath);
+        EXPECT_EQ(bas_Connections::SavedFileOf(crawl::TargetFolder, address), crawl::SavePath);
         EXPECT_EQ(system.files.At(crawl::SavePath), "x\r\n");
         bas_Connections::StopNOW();
     }

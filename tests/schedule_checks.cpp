@@ -216,7 +216,8 @@ void Checks::LookAtReport() {
         Expect(row.settled || (runs_ && !is_good(row.outcome)), "a row has not settled");
         if (!runs_) Expect(crawl::HasEnded(row.outcome), "a row has no outcome after the end");
         if (is_good(row.outcome) || row.outcome == Outcome::Short) {
-            const std::string file = bas_Connections::SavedFileOf(std::string(row.address));
+            const std::string file =
+                bas_Connections::SavedFileOf(crawl::TargetFolder, std::string(row.address));
             Expect(files_.FileLength(file).has_value(), "what was saved is not there: " + file);
         }
         if (row.outcome == Outcome::Unanswered) {

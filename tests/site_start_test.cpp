@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/endings.h"
+#include "engine/start_page.h"
+#include "setup/settings.h"
 #include "tests/fakes/crawl_fixture.h"
 
 namespace {
@@ -44,6 +47,31 @@ TEST_F(SiteStart, BeginsWithNothingLeftOfTheCrawlBefore) {
     EXPECT_EQ(crawl::MadeFolders + crawl::LastSearchPage, "");
     EXPECT_EQ(window.Sock(9).State(), platform::SocketState::Closed);
     EXPECT_EQ(window.Sock(1).host(), "www.other.com");
+}
+
+TEST_F(SiteStart, TheStartPageIsTheFileOfTheLastStartAddress) {
+    using bas_Connections::StartPage;
+    system.files.Have("c:\\Copies\\index.html", "not of any site");
+    system.files.Have("c:\\Copies\\old.com\\a.php.html", "");
+    const std::pair<const char*, const char*> stored[] = {
+        {"http://www.old.com/a.php", "c:\\Copies\\old.com\\a.php.html"},
+        {"old.com/none", ""},
+        {"http://", ""},
+        {"", ""}};
+    bas_General::PutSetting("InDir", "c:/Copies");
+    for (const auto& [address, file] : stored) {
+        bas_General::PutSetting("LastURL", address);
+        EXPECT_EQ(StartPage(), file) << address;
+    }
+    Start("site.com/dir/");
+    EXPECT_EQ(StartPage(), "") << "it has not come yet";
+    Respond(1, "page");
+    bas_Connections::StopNOW();
+    crawl::TargetFolder = "C:\\Elsewhere\\";  // chosen for the next one
+    EXPECT_EQ(StartPage(), "C:\\Websites\\site.com\\dir\\index.html");
+    system.files.files.clear();
+    system.files.Have("C:\\Websites\\site.com\\dir\\index.html");
+    EXPECT_EQ(StartPage(), "") << "a folder is no page";
 }
 
 TEST_F(SiteStart, OnlyEnterStarts) {

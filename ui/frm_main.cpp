@@ -63,7 +63,10 @@ void frmMain::Retire() {
 }
 
 bool frmMain::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate && !retired_) holder_.Activated();
+    if (event->type() == QEvent::WindowActivate && !retired_) {
+        OfferCopy();
+        holder_.Activated();
+    }
     return QMainWindow::event(event);
 }
 
@@ -116,7 +119,8 @@ void frmMain::SetCommand1Enabled(bool enabled) {
 
 void frmMain::LeaveStart() {
     // Otherwise Qt would move the focus to the stop button, where two more keys end the crawl.
-    if (focusWidget() == text1_ || focusWidget() == command1_) {
+    if (focusWidget() == text1_ || focusWidget() == command1_ ||
+        focusWidget() == &progress_->CopyButton()) {
         (list1_->isHidden() ? list2_ : list1_)->setFocus();
     }
 }

@@ -114,6 +114,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void ConnectMenu();
     void ConnectCrawl();
     void ExploreTarget();
+    void OpenCopy();
     static void OpenAddress(std::string address);
     void SuggestFilter(const std::string& address);
     static void AddTypes(const std::vector<std::string>& types);
@@ -124,14 +125,14 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     void JudgeAddress();
     void ListChanged();
 
-    /// Moves the focus away from the controls that start a crawl, because they are about to be
-    /// disabled.
+    /// Moves the focus away from the controls that a crawl is about to disable or hide.
     void LeaveStart();
 
     // frm_main_progress.cpp
     void CrawlBegins();
     void CrawlEnds();
     void ShowProgress();
+    void OfferCopy();
     static std::string ShownFolder();
 
     bool CatchingUp() const;
@@ -168,6 +169,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     QPushButton* command2_;
     QPushButton* command3_;
     QPushButton* command4_;
+    QPushButton* open_copy_;
     ChoiceBox* txt_max_;
     QLabel* label1_;
     QLabel* label2_;

@@ -1,8 +1,11 @@
+#include <QShortcut>
+
 #include "engine/endings.h"
 #include "engine/folder_claim.h"
 #include "engine/http_exchange.h"
 #include "engine/scheduler.h"
 #include "engine/site_start.h"
+#include "engine/start_page.h"
 #include "forms/address_line.h"
 #include "forms/report_dialog.h"
 #include "forms/z_filter.h"
@@ -52,6 +55,10 @@ void frmMain::ConnectControls() {
     On(command2_, &QPushButton::clicked, [] { bas_Connections::AskStop(); });
     On(command3_, &QPushButton::clicked, [this] { filters_ = zFilter::ShowOver(this); });
     On(command4_, &QPushButton::clicked, [this] { ExploreTarget(); });
+    On(open_copy_, &QPushButton::clicked, [this] { OpenCopy(); });
+    On(&progress_->CopyButton(), &QPushButton::clicked, [this] { OpenCopy(); });
+    On(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_O, this), &QShortcut::activated,
+       [this] { OpenCopy(); });
     for (AddressList* list : {list1_, list2_}) {
         On(list, &AddressList::Activated, [list] { OpenAddress(list->Selected()); });
         connect(list, &AddressList::DoubleClicked, this, [this](const std::string& address) {
@@ -112,6 +119,13 @@ void frmMain::ExploreTarget() {
     const std::string& folder = crawl::TargetFolder;
     platform::System().processes.ExploreFolder(folder.empty() ? bas_General::StoredFolder()
                                                               : folder);
+}
+
+void frmMain::OpenCopy() {
+    OfferCopy();
+    if (const std::string page = bas_Connections::StartPage(); !page.empty()) {
+        platform::System().processes.OpenFile(page);
+    }
 }
 
 void frmMain::OpenAddress(std::string address) {

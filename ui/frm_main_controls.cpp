@@ -59,7 +59,8 @@ void frmMain::MakeControls() {
     new AddressCompleter(text1_);
     new LinkDrop(this, text1_);
     SetTabOrder({text1_, address_line_->Link(), command1_, command2_, command3_, command4_,
-                 txt_max_, picture1_, other_links_, list1_, list2_, &progress_->ReportButton()});
+                 open_copy_, txt_max_, picture1_, other_links_, list1_, list2_,
+                 &progress_->CopyButton(), &progress_->ReportButton()});
 }
 
 void frmMain::MakeButtons() {
@@ -68,7 +69,10 @@ void frmMain::MakeButtons() {
     command2_ = MakeIconButton("Command2", Picture::Stop, "Stop downloading", client_);
     command3_ = MakeIconButton("Command3", Picture::Filters, "Keyword filters", client_);
     command4_ = MakeIconButton("Command4", Picture::Explore, "Explore the target folder", client_);
+    open_copy_ = MakeIconButton("OpenCopy", Picture::OpenCopy,
+                                "Open the start page of the copy (Ctrl+Shift+O)", client_);
     command2_->setEnabled(false);
+    open_copy_->setEnabled(false);
 }
 
 void frmMain::MakeLabels() {

@@ -3,6 +3,7 @@
 
 #include "engine/endings.h"
 #include "engine/scheduler.h"
+#include "engine/start_page.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "ui/frm_main.h"
@@ -39,6 +40,15 @@ void frmMain::ShowProgress() {
                                        .paused = paused_,
                                        .has_connections = bas_Connections::ConnectionsCount() > 0,
                                        .folder = ShownFolder()}));
+    OfferCopy();
+}
+
+/// The user, too, may make and delete files, so this is asked again whenever the window is looked
+/// at.
+void frmMain::OfferCopy() {
+    const bool is_there = !bas_Connections::StartPage().empty();
+    open_copy_->setEnabled(is_there);
+    progress_->OfferCopy(is_there && crawl::Report.Count() > 0 && !engine::CrawlIsRunning());
 }
 
 /// The reported crawl's folder as a system path, with "~" for the user's home folder.

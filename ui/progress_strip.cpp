@@ -25,6 +25,7 @@ ProgressStrip::ProgressStrip(QWidget* parent)
     : QWidget(parent),
       bar_(new ThinBar("ProgressBar", this)),
       words_(new ElidedLabel("Progress", "", this)),
+      copy_(MakeFormButton("StripOpenCopy", "Open the Copy", this)),
       report_(MakeFormButton("Report", "Report...", this)) {
     setFont(LabelFont());
     bar_->setAccessibleName("Files saved of files found so far");
@@ -35,6 +36,8 @@ ProgressStrip::ProgressStrip(QWidget* parent)
     bar_->setSizePolicy(stays);
     bar_->hide();
     words_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    copy_->setToolTip("The start page of the copy (Ctrl+Shift+O)");
+    copy_->hide();
     report_->setShortcut(Qt::CTRL | Qt::Key_R);
     report_->setToolTip("What became of each address (Ctrl+R)");
     report_->setEnabled(false);
@@ -42,6 +45,7 @@ ProgressStrip::ProgressStrip(QWidget* parent)
     auto* line = new QHBoxLayout;
     line->setSpacing(Twips(120));
     line->addWidget(words_, 1);
+    line->addWidget(copy_);
     line->addWidget(report_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Twips(kEdge), 0, Twips(kEdge), Twips(90));
@@ -69,6 +73,10 @@ void ProgressStrip::SetWords(const QString& words, bool warns) {
 void ProgressStrip::Warn(const QString& warning) {
     warning_ = warning;
     ShowWords();
+}
+
+void ProgressStrip::OfferCopy(bool offered) {
+    copy_->setVisible(offered);
 }
 
 void ProgressStrip::ShowWords() {

@@ -10,8 +10,8 @@ class ElidedLabel;
 class ThinBar;
 struct CrawlSummary;
 
-/// A crawl's progress and results, at the bottom of the window: a thin bar, a line of text, and a
-/// button for the full report.
+/// A crawl's progress and results, at the bottom of the window: a thin bar, a line of text, a
+/// button for the full report, and after the crawl one for the copy.
 class ProgressStrip : public QWidget {
     Q_OBJECT
 
@@ -26,6 +26,10 @@ class ProgressStrip : public QWidget {
     /// Shows `warning` instead of the text until it is "".
     void Warn(const QString& warning);
 
+    /// Shows or hides the button that opens the copy.
+    void OfferCopy(bool offered);
+
+    QPushButton& CopyButton() { return *copy_; }
     QPushButton& ReportButton() { return *report_; }
 
   private:
@@ -36,6 +40,7 @@ class ProgressStrip : public QWidget {
     QString warning_;
     ThinBar* bar_;
     ElidedLabel* words_;
+    QPushButton* copy_;
     QPushButton* report_;
 };
 

@@ -32,6 +32,7 @@ QColor FillOf(Picture picture) {
         case Picture::Stop:
             return {0xd0, 0x3a, 0x30};
         case Picture::Filters:
+        case Picture::OpenCopy:
             return {0x2f, 0x72, 0xc4};
         case Picture::Explore:
         case Picture::Warning:
@@ -78,6 +79,16 @@ void DrawExplore(QPainter& painter, const Colours& colours) {
     painter.drawPolygon(Corners{{1, 13.5}, {3.5, 7}, {15.5, 7}, {13, 13.5}});
 }
 
+/// A browser's window.
+void DrawOpenCopy(QPainter& painter, const Colours& colours) {
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(1, 2, 14, 12), 1.5, 1.5);
+    painter.fillRect(QRectF(1, 2, 14, 4), colours.fill);
+    painter.setPen(QPen(colours.line, 1.5, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(4, 9), QPointF(12, 9));
+    painter.drawLine(QPointF(4, 11.5), QPointF(9, 11.5));
+}
+
 /// A triangular road sign.
 void DrawWarning(QPainter& painter) {
     painter.drawPolygon(Corners{{8, 1}, {15.5, 14.5}, {0.5, 14.5}});
@@ -97,6 +108,8 @@ void Draw(QPainter& painter, Picture picture, const Colours& colours, const QCol
             return DrawFilters(painter, sign);
         case Picture::Explore:
             return DrawExplore(painter, colours);
+        case Picture::OpenCopy:
+            return DrawOpenCopy(painter, colours);
         case Picture::Warning:
             return DrawWarning(painter);
     }

@@ -23,7 +23,8 @@ class ReportDialogTest : public FormTest {
   protected:
     ReportDialogTest() {
         Report.Clear();
-        crawl::TargetFolder = crawl::ReportFolder = "c:\\mirror\\";
+        crawl::ReportFolder = "c:\\mirror\\";
+        crawl::TargetFolder = "c:\\elsewhere\\";  // chosen for the next crawl
         crawl::SiteHost = "site.com";
     }
     ~ReportDialogTest() override {

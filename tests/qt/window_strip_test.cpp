@@ -3,6 +3,8 @@
 #include <QPointer>
 #include <QProgressBar>
 
+#include "engine/endings.h"
+#include "engine/site_start.h"
 #include "forms/report_dialog.h"
 #include "tests/qt/window_bench.h"
 
@@ -48,6 +50,34 @@ TEST_F(WindowStrip, ShowsTheReportDuringTheCrawl) {
     holder.Reload();
     QTest::qWait(50);
     EXPECT_EQ(report, nullptr) << "it goes with its window";
+}
+
+TEST_F(WindowStrip, OpensTheCopyOnceThereIsOne) {
+    pages = {{"/", "<a href=\"b.html\">b</a>"}};
+    Open();
+    const auto press = [&] {
+        QTest::keyClick(&Window(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    };
+    press();
+    EXPECT_FALSE(The<QWidget>("OpenCopy").isEnabled());
+    StartByKeys("site.com");
+    ASSERT_TRUE(WaitFor([&] { return The<QWidget>("OpenCopy").isEnabled(); }));
+    EXPECT_FALSE(The<QWidget>("StripOpenCopy").isVisible()) << "the line tells of the crawl";
+    press();
+    bas_Connections::SiteComplete();
+    Click("StripOpenCopy");
+    Click("OpenCopy");
+    const std::string page = "C:\\Websites\\site.com\\index.html";
+    EXPECT_EQ(system.processes.files, std::vector<std::string>(3, page));
+
+    The<QWidget>("StripOpenCopy").setFocus();
+    bas_Connections::ConnectNowNow();
+    EXPECT_EQ(Window().focusWidget(), &The<QWidget>("List1")) << "not the stop button";
+    bas_Connections::StopNOW();
+    system.files.files.clear();
+    press();
+    EXPECT_FALSE(The<QWidget>("OpenCopy").isEnabled());
+    EXPECT_EQ(system.processes.files.size(), 3U);
 }
 
 TEST_F(WindowStrip, NoCaptionStandsWithoutItsNumber) {
