@@ -40,6 +40,7 @@ class NoProcesses : public platform::ProcessStarter {
   public:
     bool ExploreFolder(const std::string&) override { return false; }
     bool OpenFile(const std::string&) override { return false; }
+    bool OpenPage(const std::string&, const std::string&) override { return false; }
     bool OpenAddress(const std::string&) override { return false; }
 };
 

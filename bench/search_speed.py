@@ -4,6 +4,7 @@
 
 Makes the extract from the documentation installed on this machine, in $TMPDIR. Prints medians of alternating
 runs.
+Then types the same words into the search of the window. Needs the target loop_pauses.
 """
 
 import html
@@ -15,7 +16,11 @@ import tempfile
 import time
 from pathlib import Path
 
+from bench.loop_pauses import pauses, watched
 from bench.table import row
+from harness import private_network
+from harness.desktop import MAIN, WIZARD, Desktop
+from harness.program import copy_program, wait_until
 
 SIZE = 500_000_000
 RUNS = 5
@@ -48,6 +53,53 @@ def seconds(*command, **variables):
     return time.monotonic() - begun
 
 
+def processor_time(process):
+    return sum(map(int, Path(f"/proc/{process.pid}/stat").read_text().rsplit(")", 1)[1].split()[11:13]))
+
+
+def rest(process):
+    """Waits until a program has been idle for a second."""
+    seen = [0.0, -1]
+
+    def rests():
+        if processor_time(process) != seen[1]:
+            seen[:] = time.monotonic(), processor_time(process)
+        return time.monotonic() - seen[0] > 1
+
+    wait_until(rests, 120, "an idle program")
+
+
+def pauses_in_the_window(copy):
+    """Milliseconds of each pause while the words are typed, and the peak memory in bytes."""
+    folder = private_network.scratch("window")
+    desktop = Desktop(folder / "home")
+    desktop.environment |= watched(folder / "log")
+    program = desktop.start(copy_program(folder / "program"))
+    desktop.await_window(WIZARD)
+    desktop.press("Tab")
+    desktop.type(str(copy))
+    desktop.press("Escape")
+    desktop.await_window(MAIN)
+    desktop.press("ctrl+f")
+    desktop.await_window("Search the Copy")
+    began = time.monotonic()
+    for word in WORDS:
+        desktop.press("ctrl+a")
+        desktop.type(word)
+        rest(program)
+        desktop.press("Down", "Page_Down", "F5")
+        rest(program)
+    status = Path(f"/proc/{program.pid}/status").read_text()
+    desktop.press("Escape")
+    desktop.await_window(MAIN)
+    desktop.press("ctrl+q")
+    desktop.await_window("Exit Vantorin")
+    desktop.press("alt+y")
+    program.wait(20)
+    desktop.close()
+    return pauses(folder / "log", since=began), int(status.split("VmHWM:")[1].split()[0]) * 1024
+
+
 def main():
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
@@ -59,7 +111,11 @@ def main():
                 greps.append(seconds("grep", "-i", "-F", "-c", word, extract, LC_ALL="C"))
             ours, greps = statistics.median(ours), statistics.median(greps)
             row(f'search 500 MB for "{word}"', f"{ours:.2f} s", f"{ours / greps:.1f} times grep ({greps:.2f} s)")
+        lengths, memory = pauses_in_the_window(folder)
+        row("pauses while words are typed into the search of 500 MB", f"longest {max(lengths):.0f} ms",
+            f"{memory / 1e6:.0f} MB of memory at most")
 
 
 if __name__ == "__main__":
+    private_network.enter()
     main()

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "cli/output_stream.h"
 #include "cli/unattended.h"
@@ -26,15 +27,16 @@ bool Print(std::string_view text, OutputStream& stream) {
 }  // namespace
 
 int RunSearch(const SearchOrder& order, const platform::Files& files) {
-    search::Search search(order.words, order.folder, files);
-    if (!search.HasExtract()) {
+    search::Extracts extracts = search::ExtractsOf(order.folder, files);
+    if (const std::string_view why = search::WhyNothing(extracts.state); !why.empty()) {
         OutputStream error(OutputStream::Which::Error);
         Print("There is nothing to search in " +
-                  platform::SystemPathOf(order.folder).value_or(order.folder) +
-                  ": no page was saved there." + kLineEnd,
+                  platform::SystemPathOf(order.folder).value_or(order.folder) + ": " +
+                  std::string(why) + "." + kLineEnd,
               error);
         return kExitNoExtract;
     }
+    search::Search search(order.words, std::move(extracts), files);
     while (search.Step()) {
     }
     OutputStream output(OutputStream::Which::Output);

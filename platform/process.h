@@ -19,6 +19,10 @@ class ProcessStarter {
     /// started.
     virtual bool OpenFile(const std::string& file) = 0;
 
+    /// Does the same for a page. The browser scrolls to the first occurrence of `words` if the
+    /// desktop and the browser support that. "" opens the page at its beginning.
+    virtual bool OpenPage(const std::string& file, const std::string& words) = 0;
+
     /// Opens an "http://" address in the system's browser. False if it is not one or if nothing
     /// could be started.
     virtual bool OpenAddress(const std::string& address) = 0;

@@ -93,7 +93,7 @@ def take_all(desktop, running, websites, pictures):
     wait_until(lambda: len(list(copy.glob("**/*.html"))) > 5, what="the first files")
     press("Home", "Menu")
     picture.take_with_menu("menu")
-    press("Escape", *["Tab"] * 5)  # from the queue
+    press("Escape", *["Tab"] * 7)  # from the queue
     desktop.type("12")  # connections
     wait_until(lambda: len(list(copy.glob("**/*.html"))) > 30, what="some files")
     take(MAIN, "window")
@@ -101,11 +101,17 @@ def take_all(desktop, running, websites, pictures):
     take("Paused", "pause")
     press("Return")
     desktop.await_window(MAIN)
-    press("shift+Tab", "shift+Tab", "shift+Tab", "space")
+    press(*["shift+Tab"] * 5, "space")
     take("Stop Download", "stop")
     press("alt+n")
     take("Done.", "done")
     press("alt+n")
+    desktop.await_window(MAIN)
+    press("ctrl+f")
+    desktop.await_window("Search the Copy")
+    desktop.type("request context")
+    take("Search the Copy", "search")
+    press("Escape")
     desktop.await_window(MAIN)
     press("ctrl+r")
     take("Report", "report")

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::string_view kPathMark = "! ";
 /// A longer line is not a page's path.
-constexpr std::size_t kLongestPath = 65536;
+constexpr std::size_t kLongestPath = 8192;
 
 std::string_view WithoutReturn(std::string_view line) {
     if (line.ends_with('\r')) line.remove_suffix(1);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "search/extracts.h"
 #include "search/record_reader.h"
 #include "search/term.h"
 
@@ -29,20 +30,17 @@ inline constexpr std::size_t kMostHits = 10'000;
 /// once, its last record counts.
 class Search {
   public:
-    /// Searches the extracts of the copy in `folder`, a path with or without a final "\", for
-    /// `query`. `files` must outlive the search.
-    Search(std::string_view query, const std::string& folder, const platform::Files& files);
+    /// Searches the extracts of a copy for `query`. `files` must outlive the search.
+    Search(std::string_view query, Extracts extracts, const platform::Files& files);
     Search(const Search&) = delete;
     Search& operator=(const Search&) = delete;
-
-    /// Whether the folder contains a readable extract.
-    bool HasExtract() const { return !extracts_.empty(); }
 
     /// Reads at most 256 KB more. False when everything has been read.
     bool Step();
 
-    /// The number of pages found so far, including those that were dropped.
+    /// The number of pages and of matches found so far, including those that were dropped.
     std::size_t PageCount() const { return hits_.size() + left_out_; }
+    std::uint64_t MatchCount() const { return matches_; }
 
     /// At most `most` of the pages found so far, those with the most matches first, then by path.
     std::vector<Hit> Best(std::size_t most) const;
@@ -50,6 +48,12 @@ class Search {
     /// The words around the first match of `hit`, at most 160 characters; "" if they cannot be
     /// read.
     std::string SnippetOf(const Hit& hit) const;
+
+    /// The places of the query's terms in a snippet, from left to right, without overlaps.
+    std::vector<Span> MatchesIn(std::string_view snippet) const;
+
+    /// The whole words of the first match in a snippet; "" if there is none.
+    std::string FirstWordsIn(std::string_view snippet) const;
 
   private:
     void Take(RecordedPage& page);
@@ -64,14 +68,16 @@ class Search {
     const platform::Files& files_;
     Alphabet alphabet_;
     std::vector<Term> terms_;
-    std::vector<std::unique_ptr<platform::FileReader>> extracts_;
-    std::size_t extract_ = 0;   ///< the index of the one being read
+    std::vector<std::string> extracts_;
+    std::size_t extract_ = 0;  ///< the index of the one being read
+    std::unique_ptr<platform::FileReader> file_;
     std::uint64_t offset_ = 0;  ///< how much of it has been read
     std::unique_ptr<RecordReader> reader_;
     std::string block_;
     std::vector<RecordedPage> pages_;
     std::unordered_map<std::string, Found> hits_;
     std::size_t left_out_ = 0;
+    std::uint64_t matches_ = 0;
 };
 
 }  // namespace search

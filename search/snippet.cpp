@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "text/ascii.h"
+#include "text/text.h"
+
 namespace search {
 
 namespace {
@@ -29,6 +32,17 @@ std::size_t Forth(std::string_view text, std::size_t at, std::size_t count,
     return at;
 }
 
+bool IsPunctuation(char c) {
+    return c > ' ' && c < 0x7F && !text::IsLetter(c) && !(c >= '0' && c <= '9');
+}
+
+/// Whether the character at `at` separates words.
+bool IsBlank(std::string_view text, std::size_t at, const Alphabet& alphabet) {
+    constexpr char32_t kNoBreakSpace = 0xA0;
+    const char32_t c = alphabet.CharacterAt(text, at).folded;
+    return c <= ' ' || c == kNoBreakSpace;
+}
+
 }  // namespace
 
 std::string SnippetAround(std::string_view text, Span match, const Alphabet& alphabet) {
@@ -37,6 +51,8 @@ std::string SnippetAround(std::string_view text, Span match, const Alphabet& alp
         const std::size_t blank = text.substr(0, match.begin).find(' ', begin);
         if (blank != std::string_view::npos) begin = blank + 1;
     }
+    while (begin < match.begin && IsBreak(text[begin]))
+        ++begin;
     std::size_t end = Forth(text, begin, kSnippetCharacters, alphabet);
     if (end < text.size() && !IsBreak(text[end])) {
         const std::size_t blank = text.substr(0, end).rfind(' ');
@@ -47,6 +63,19 @@ std::string SnippetAround(std::string_view text, Span match, const Alphabet& alp
     while (snippet.ends_with(' '))
         snippet.pop_back();
     return snippet;
+}
+
+std::string WholeWords(std::string_view text, Span match, const Alphabet& alphabet) {
+    auto [begin, end] = match;
+    while (begin > 0 && !IsBlank(text, alphabet.Before(text, begin), alphabet))
+        begin = alphabet.Before(text, begin);
+    while (end < text.size() && !IsBlank(text, end, alphabet))
+        end += alphabet.CharacterAt(text, end).length;
+    while (begin < match.begin && IsPunctuation(text[begin]))
+        ++begin;
+    while (end > match.end && IsPunctuation(text[end - 1]))
+        --end;
+    return std::string(text::Trim(text.substr(begin, end - begin)));
 }
 
 }  // namespace search

@@ -18,4 +18,8 @@ inline constexpr std::size_t kSnippetReach = 4 * kSnippetCharacters;
 /// blanks. A word that is longer than a snippet is cut.
 std::string SnippetAround(std::string_view text, Span match, const Alphabet& alphabet);
 
+/// The whole words that contain `match`, without surrounding blanks and punctuation. A browser only
+/// finds whole words.
+std::string WholeWords(std::string_view text, Span match, const Alphabet& alphabet);
+
 }  // namespace search

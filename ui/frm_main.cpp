@@ -60,6 +60,7 @@ void frmMain::Retire() {
     list2_->Detach();
     if (filters_) filters_->close();
     if (report_) report_->close();
+    if (search_dialog_) search_dialog_->close();
 }
 
 bool frmMain::event(QEvent* event) {

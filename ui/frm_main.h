@@ -170,6 +170,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     QPushButton* command3_;
     QPushButton* command4_;
     QPushButton* open_copy_;
+    QPushButton* search_;
     ChoiceBox* txt_max_;
     QLabel* label1_;
     QLabel* label2_;
@@ -196,6 +197,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     QAction* mnuabout_;
     QPointer<QWidget> filters_;
     QPointer<QWidget> report_;
+    QPointer<QWidget> search_dialog_;
     QPointer<QDialog> pause_dialog_;
 };
 

@@ -8,6 +8,7 @@
 #include "engine/start_page.h"
 #include "forms/address_line.h"
 #include "forms/report_dialog.h"
+#include "forms/search_dialog.h"
 #include "forms/z_filter.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
@@ -57,6 +58,9 @@ void frmMain::ConnectControls() {
     On(command4_, &QPushButton::clicked, [this] { ExploreTarget(); });
     On(open_copy_, &QPushButton::clicked, [this] { OpenCopy(); });
     On(&progress_->CopyButton(), &QPushButton::clicked, [this] { OpenCopy(); });
+    On(search_, &QPushButton::clicked, [this] { search_dialog_ = SearchDialog::ShowOver(this); });
+    On(new QShortcut(QKeySequence::Find, this), &QShortcut::activated,
+       [this] { search_dialog_ = SearchDialog::ShowOver(this); });
     On(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_O, this), &QShortcut::activated,
        [this] { OpenCopy(); });
     for (AddressList* list : {list1_, list2_}) {

@@ -59,7 +59,7 @@ void frmMain::MakeControls() {
     new AddressCompleter(text1_);
     new LinkDrop(this, text1_);
     SetTabOrder({text1_, address_line_->Link(), command1_, command2_, command3_, command4_,
-                 open_copy_, txt_max_, picture1_, other_links_, list1_, list2_,
+                 open_copy_, search_, txt_max_, picture1_, other_links_, list1_, list2_,
                  &progress_->CopyButton(), &progress_->ReportButton()});
 }
 
@@ -71,6 +71,7 @@ void frmMain::MakeButtons() {
     command4_ = MakeIconButton("Command4", Picture::Explore, "Explore the target folder", client_);
     open_copy_ = MakeIconButton("OpenCopy", Picture::OpenCopy,
                                 "Open the start page of the copy (Ctrl+Shift+O)", client_);
+    search_ = MakeIconButton("Search", Picture::Search, "Search the copy (Ctrl+F)", client_);
     command2_->setEnabled(false);
     open_copy_->setEnabled(false);
 }

@@ -68,6 +68,7 @@ void frmMain::PlaceFixedControls() {
     PlaceTwips(command3_, kEdge, kSecondRow, kButton, kButton);
     PlaceTwips(command4_, kSecondColumn, kSecondRow, kButton, kButton);
     PlaceTwips(open_copy_, kSecondColumn + kButton + 60, kSecondRow, kButton, kButton);
+    PlaceTwips(search_, kSecondColumn + 2 * (kButton + 60), kSecondRow, kButton, kButton);
     PlaceTwips(text1_, 1140, 210, 6000, kButton);
     PlaceTwips(picture2_, 7260, 210, kButton, kButton);
     PlaceTwips(txt_max_, 0, kSecondRow, 930, kButton);
@@ -134,10 +135,12 @@ void frmMain::HideWhatDoesNotFit() {
     for (QLabel* counter : {label3_, label4_, label5_}) {
         counter->setVisible(counter->x() + counter->sizeHint().width() <= client_->width());
     }
-    open_copy_->setVisible(open_copy_->geometry().right() < txt_max_->x());
+    for (QPushButton* button : {open_copy_, search_}) {
+        button->setVisible(button->geometry().right() < txt_max_->x());
+    }
     label1_->setVisible(!label5_->isHidden());
     label7_->setVisible(label7_->x() > label5_->geometry().right());
-    label9_->setVisible(label9_->x() > open_copy_->geometry().right());
+    label9_->setVisible(label9_->x() > search_->geometry().right());
 }
 
 void frmMain::PlaceOtherLinksButton() {
@@ -149,7 +152,7 @@ void frmMain::PlaceOtherLinksButton() {
 void frmMain::PlaceAddressLine() {
     // Below the address, as far as the buttons and the number of connections leave room.
     constexpr int kGap = 120;
-    const int left = InTwips(open_copy_->geometry().right()) + kGap;
+    const int left = InTwips(search_->geometry().right()) + kGap;
     const int right = Left(label9_->isHidden() ? static_cast<QWidget*>(txt_max_) : label9_) - kGap;
     PlaceTwips(address_line_, left, Top(text1_) + Height(text1_) + 30, std::max(0, right - left),
                225);

@@ -34,6 +34,8 @@ QColor FillOf(Picture picture) {
         case Picture::Filters:
         case Picture::OpenCopy:
             return {0x2f, 0x72, 0xc4};
+        case Picture::Search:
+            return {0x8a, 0x5c, 0xc0};
         case Picture::Explore:
         case Picture::Warning:
             return {0xe0, 0xa4, 0x20};
@@ -89,6 +91,15 @@ void DrawOpenCopy(QPainter& painter, const Colours& colours) {
     painter.drawLine(QPointF(4, 11.5), QPointF(9, 11.5));
 }
 
+/// A magnifier.
+void DrawSearch(QPainter& painter, const Colours& colours) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colours.fill, 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawEllipse(QRectF(2, 2, 8, 8));
+    painter.setPen(QPen(colours.line, 2.75, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(9.75, 9.75), QPointF(13.5, 13.5));
+}
+
 /// A triangular road sign.
 void DrawWarning(QPainter& painter) {
     painter.drawPolygon(Corners{{8, 1}, {15.5, 14.5}, {0.5, 14.5}});
@@ -110,6 +121,8 @@ void Draw(QPainter& painter, Picture picture, const Colours& colours, const QCol
             return DrawExplore(painter, colours);
         case Picture::OpenCopy:
             return DrawOpenCopy(painter, colours);
+        case Picture::Search:
+            return DrawSearch(painter, colours);
         case Picture::Warning:
             return DrawWarning(painter);
     }

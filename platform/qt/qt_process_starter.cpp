@@ -86,6 +86,28 @@ bool QtProcessStarter::OpenFile(const std::string& file) {
            ExploreFolder(RunsAsProgram(*path) ? std::string(ParentOfResolved(*path)) : *path);
 }
 
+#ifdef Q_OS_WIN
+
+bool QtProcessStarter::OpenPage(const std::string& file, const std::string&) {
+    return OpenFile(file);  // the system drops what follows "#" in the address of a file
+}
+
+#else
+
+bool QtProcessStarter::OpenPage(const std::string& file, const std::string& words) {
+    const auto path = SystemPathOf(file);
+    // Only a browser takes the address of a file with more behind it.
+    if (!path || words.empty() || path->find("htm", path->find_last_of("./")) == path->npos) {
+        return OpenFile(file);
+    }
+    const QByteArray place = QByteArray::fromStdString(*path).toPercentEncoding("/");
+    const QByteArray text = QUrl::toPercentEncoding(FromBytes(words), "", "-");
+    return Start(FolderOpener(), QString::fromLatin1("file://" + place + "#:~:text=" + text),
+                 WindowSize::Normal);
+}
+
+#endif
+
 bool QtProcessStarter::OpenAddress(const std::string& address) {
     // An encoded address contains no blank, quote or control character, and it starts with its
     // scheme.

@@ -10,6 +10,7 @@ class QtProcessStarter final : public ProcessStarter {
   public:
     bool ExploreFolder(const std::string& folder) override;
     bool OpenFile(const std::string& file) override;
+    bool OpenPage(const std::string& file, const std::string& words) override;
     bool OpenAddress(const std::string& address) override;
 };
 

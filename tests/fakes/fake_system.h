@@ -70,6 +70,10 @@ class RecordedProcesses : public platform::ProcessStarter {
         files.push_back(file);
         return true;
     }
+    bool OpenPage(const std::string& file, const std::string& words) override {
+        files.push_back(file + "#" + words);
+        return true;
+    }
     bool OpenAddress(const std::string& address) override {
         addresses.push_back(address);
         return true;

@@ -26,6 +26,7 @@ class MemoryFiles : public platform::Files {
     bool disk_full = false;                     ///< nothing can be written or made
     std::set<std::string> refused;              ///< resolved texts that cannot be written or made
     std::set<std::string> read_only;            ///< folders in which nothing is written or made
+    std::set<std::string> unreadable;           ///< files and folders that cannot be opened
     std::function<void(std::string)> on_write;  ///< told the resolved text before every write
     std::function<void(std::string)> on_look;   ///< told it whenever something is asked or made
     std::function<void()> on_sweep;             ///< told before files go by the end of their names
@@ -94,12 +95,12 @@ class MemoryFiles : public platform::Files {
     }
     std::unique_ptr<platform::FileReader> OpenFile(std::string_view path) const override {
         Look(path);
-        if (!files.contains(Key(path))) return nullptr;
+        if (!files.contains(Key(path)) || unreadable.contains(Key(path))) return nullptr;
         return std::make_unique<PartReader>(files, Key(path));
     }
     std::unique_ptr<platform::FolderReader> OpenFolder(std::string_view folder) const override {
         Look(folder);
-        if (!folders.contains(Key(folder))) return nullptr;
+        if (!folders.contains(Key(folder)) || unreadable.contains(Key(folder))) return nullptr;
         using Kind = platform::FolderReader::Kind;
         auto reader = std::make_unique<Reader>();
         for (const std::string& name : Subfolders(folder))
