@@ -13,11 +13,15 @@ constexpr std::size_t kNone = std::string_view::npos;
 /// The letters and the blank, from the most to the least frequent in texts.
 constexpr std::string_view kCommonBytes = " etaoinshrdlcumwfgypbvkxjqz";
 
+bool IsWide(char byte) {
+    return static_cast<unsigned char>(byte) >= 0x80;
+}
+
 /// How frequent a byte is in texts, roughly. Higher means more frequent.
 std::size_t Commonness(char byte) {
     const std::size_t rank = kCommonBytes.find(byte);
     if (rank != kNone) return 2 * (kCommonBytes.size() - rank);
-    return static_cast<unsigned char>(byte) >= 0x80 ? 3 : 1;
+    return IsWide(byte) ? 3 : 1;
 }
 
 }  // namespace
@@ -60,9 +64,13 @@ std::optional<Span> Term::MatchAround(std::string_view text, std::size_t anchor,
         return MatchCharacters(text, anchor, from);
     }
     const std::size_t begin = anchor - anchor_;
-    for (std::size_t i = 0; i < ascii_.size(); ++i) {
+    // Forwards and then backwards from the anchor: beyond a wide character, places in the text no
+    // longer correspond to places in the term.
+    const std::size_t after = ascii_.size() - anchor_;
+    for (std::size_t step = 0; step < ascii_.size(); ++step) {
+        const std::size_t i = step < after ? anchor_ + step : ascii_.size() - 1 - step;
         const char c = text[begin + i];
-        if (static_cast<unsigned char>(c) >= 0x80) return MatchCharacters(text, anchor, from);
+        if (IsWide(c)) return MatchCharacters(text, anchor, from);
         if (text::LowerLetter(c) != ascii_[i]) return std::nullopt;
     }
     return Span{begin, begin + ascii_.size()};

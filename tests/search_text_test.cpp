@@ -73,7 +73,8 @@ TEST(RecordReader, FindsTermsWhateverTheirCase) {
         {"one  two", {"one two"}, 0},
         {"\xC3\x89t\xC3\xA9 \xC3\xA9T\xC3\x89", {"\xC3\xA9t\xC3\xA9"}, 2},
         {"\xD0\x9F\xD0\xA0\xD0\x98", {"\xD0\xBF\xD1\x80\xD0\xB8"}, 1},
-        {"\xE2\x84\xAA k K", {"k"}, 3},              // the Kelvin sign
+        {"\xE2\x84\xAA k K", {"k"}, 3},  // the Kelvin sign
+        {"abc\xE2\x84\xAAq", {"abckq"}, 1},
         {"ma\xC5\xBF\x73 mass", {"MASS"}, 2},        // the long s
         {"\xE1\xBA\x9E \xC3\x9F", {"\xC3\x9F"}, 2},  // both sharp s
         {"stra\xC3\x9F\x65", {"strasse"}, 0},        // one character stays one
