@@ -85,8 +85,8 @@ void frmMain::PlaceFixedControls() {
 
     PlaceTwips(picture1_, kPanelLeft, kPanelTop, kOpeningWidth, 0);
     picture1_->move(picture1_->x(), OnPixelGrid(picture1_->y()));
-    for (QWidget* heading : {label8_, list2_heading_})
-        PlaceTwips(heading, kEdge, 0, 3000, 300);
+    PlaceTwips(label8_, kEdge, 0, kNextAfterHeading, 300);
+    PlaceTwips(list2_heading_, kEdge, 0, 3000, 300);
     PlaceTwips(next_, kEdge + kNextAfterHeading, 0, 3000, 300);
     for (QWidget* list : {list1_, list2_})
         PlaceTwips(list, kEdge, 0, kOpeningWidth, kQueueRoom);

@@ -106,14 +106,12 @@ TEST_F(WizardTest, AnAcceptedFolderSavesTheTypesAndCloses) {
         const char* typed;
         const char* folder;
         bool accepted;
-    } cases[] = {
-        {"C:/sites/a&b?c", "C:\\sites\\a_b_c\\", true},
-        {"C:\\new\\.\\dir", "C:\\new\\.\\dir\\", true},
-        {"D:/sites/abc", "D:\\sites\\abc\\", false},  // no such drive here
-        {"", "\\", true},
-        {"  ", "  \\", false},  // no folder of that name is ever made
-        {"C:\\locked", "C:\\locked\\", false},
-    };
+    } cases[] = {{"C:/sites/a&b?c", "C:\\sites\\a_b_c\\", true},
+                 {"C:\\new\\.\\dir", "C:\\new\\.\\dir\\", true},
+                 {"D:/sites/abc", "D:\\sites\\abc\\", false},  // no such drive here
+                 {"", "\\", true},
+                 {"  ", "  \\", false},  // no folder of that name is ever made
+                 {"C:\\locked", "C:\\locked\\", false}};
     for (const auto& c : cases) {
         for (const std::string button : {"Command1", "Command2"}) {
             SCOPED_TRACE(button + " with " + c.typed);
@@ -275,15 +273,12 @@ TEST_F(WizardTest, WarnsOfAnAddressAndMendsItByMouseAndKey) {
         }};
     for (const auto& mend : ways) {
         TxtUrl()->setFocus();
-        TxtUrl()->setText(
-            QString::fromUtf8("https://b\xc3\xbc"
-                              "cher.test/a"));
+        TxtUrl()->setText("https://b\u00fccher.test/a");
         EXPECT_EQ(Find<QLabel>(*wizard, "AddressHint")->text(),
                   "This program fetches http:// only");
         EXPECT_EQ(AddressLink()->text(), "&Use http:// instead");
         mend();
-        EXPECT_EQ(TxtUrl()->text(), QString::fromUtf8("http://b\xc3\xbc"
-                                                      "cher.test/a"));
+        EXPECT_EQ(TxtUrl()->text(), "http://b\u00fccher.test/a");
         EXPECT_EQ(AddressLink()->text(), "&Use xn--bcher-kva.test instead");
         EXPECT_TRUE(TxtUrl()->hasFocus());
         mend();
@@ -294,6 +289,10 @@ TEST_F(WizardTest, WarnsOfAnAddressAndMendsItByMouseAndKey) {
 }
 
 TEST_F(WizardTest, TellsOfACopyAndRemovesItsUnfinishedFiles) {
+    constexpr char kCopy[] =
+        "There is a copy of second.test already (1,337 files): its files will not be fetched again";
+    constexpr char kUnfinished[] =
+        "56 unfinished files of an interrupted download would be left out";
     const std::string placeholder(bas_Output::kPlaceholderText);
     const std::string site = "c:\\Websites\\second.test\\";
     for (int i = 0; i < 1337; ++i)
@@ -310,31 +309,22 @@ TEST_F(WizardTest, TellsOfACopyAndRemovesItsUnfinishedFiles) {
     };
     Retype(TxtUrl(), "http://www.second.test/a/b");
     system.files.claimed->insert("c:\\Websites");  // they are waited for by another download
-    EXPECT_TRUE(says(copy,
-                     "There is a copy of second.test already (1,337 files): its files will not be "
-                     "fetched again"));
+    EXPECT_TRUE(says(copy, kCopy));
     EXPECT_FALSE(unfinished->isVisible());
     system.files.claimed->clear();
     Retype(TxtUrl(), "");
     Retype(TxtUrl(), "second.test");
-    EXPECT_TRUE(says(copy,
-                     "There is a copy of second.test already (1,337 files): its files will not be "
-                     "fetched again"));
-    EXPECT_TRUE(
-        says(unfinished, "56 unfinished files of an interrupted download would be left out"));
+    EXPECT_TRUE(says(copy, kCopy) && says(unfinished, kUnfinished));
     EXPECT_TRUE(
         wizard->rect().contains(remove->geometry().translated(remove->parentWidget()->pos())));
 
     system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
     QTest::mouseClick(remove, Qt::LeftButton);
     EXPECT_EQ(system.boxes.asked.back().title, "Unfinished Files");
-    EXPECT_EQ(unfinished->text(),
-              "56 unfinished files of an interrupted download would be left out");
+    EXPECT_EQ(unfinished->text(), kUnfinished);
     QTest::keyClick(TxtDir(), Qt::Key_R, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !unfinished->isVisible(); }));
-    EXPECT_TRUE(says(copy,
-                     "There is a copy of second.test already (1,337 files): its files will not be "
-                     "fetched again"));
+    EXPECT_TRUE(says(copy, kCopy));
     EXPECT_EQ(system.files.At("c:\\Websites\\other.test\\x.tmp"), placeholder);
 
     Retype(TxtUrl(), "other.test");
@@ -406,16 +396,6 @@ TEST_F(WizardTest, TakesALinkThatIsDropped) {
     EXPECT_TRUE(Drop(*TxtDir(), "", QUrl("https://www.site.com/a")));
     EXPECT_EQ(Setting("LastURL"), "https://www.site.com/a");
     EXPECT_EQ(TxtDir()->text(), folder);
-}
-
-TEST_F(WizardTest, GrowsWithTheFontOfTheDesktop) {
-    const QFont usual = QApplication::font();
-    QFont large = usual;
-    large.setPixelSize(QFontInfo(usual).pixelSize() * 2);
-    QApplication::setFont(large);
-    Open();
-    EXPECT_EQ(wizard->width(), 914);
-    QApplication::setFont(usual);
 }
 
 TEST_F(WizardTest, TheFiltersCloseWithIt) {
