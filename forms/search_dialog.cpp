@@ -187,7 +187,7 @@ QString SearchDialog::Outcome() const {
     if (!model_->HasQuery()) return "Type two letters or more";
     const std::uint64_t pages = model_->PageCount();
     QString words = model_->IsSearching() ? "Searching... " : "";
-    if (pages == 0 && !model_->IsSearching()) return "No page has all of these words";
+    if (pages == 0 && !model_->IsSearching()) return "No page contains these words";
     words +=
         Counted(pages, " page, ", " pages, ") + Counted(model_->MatchCount(), " match", " matches");
     const auto listed = static_cast<std::uint64_t>(model_->rowCount());

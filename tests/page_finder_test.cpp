@@ -29,6 +29,9 @@ TEST(PageFinder, FindsTheFileWhateverItsCase) {
     }
     files.Have("c:\\copy\\a.com\\folder.html");
     files.Have("c:\\outside.html", "");
+    files.on_look = [](const std::string& path) {
+        EXPECT_TRUE(path.starts_with("c:\\copy")) << path << " is looked at";
+    };
     const std::pair<const char*, const char*> cases[] = {
         {"a.com\\page.html", "a.com\\page.html"},
         {"a.com\\other.html", "a.com\\Other.HTML"},
@@ -51,6 +54,7 @@ TEST(PageFinder, FindsTheFileWhateverItsCase) {
         EXPECT_EQ(Find(recorded, files), *file == 0 ? "" : std::string("c:\\copy\\") + file)
             << recorded;
     }
+    files.on_look = nullptr;
     EXPECT_EQ(Find("outside.html", files, "c:\\\\"), "c:\\outside.html");
     files.unreadable = {"c:\\copy", "c:\\copy\\a.com"};
     EXPECT_EQ(Find("a.com\\page.html", files), "c:\\copy\\a.com\\page.html")

@@ -17,6 +17,8 @@ namespace ui {
 
 namespace {
 constexpr int kEdge = 180;
+/// The least width that has room for the text and two buttons, in twips.
+constexpr int kLeastWithCopy = 6000;
 /// The bar's own range, because file counts may exceed the bar's 32 bits.
 constexpr int kSteps = 1000;
 }  // namespace
@@ -76,7 +78,16 @@ void ProgressStrip::Warn(const QString& warning) {
 }
 
 void ProgressStrip::OfferCopy(bool offered) {
-    copy_->setVisible(offered);
+    copy_offered_ = offered;
+    ShowCopyButton();
+}
+
+void ProgressStrip::resizeEvent(QResizeEvent*) {
+    ShowCopyButton();
+}
+
+void ProgressStrip::ShowCopyButton() {
+    copy_->setVisible(copy_offered_ && width() >= Twips(kLeastWithCopy));
 }
 
 void ProgressStrip::ShowWords() {

@@ -26,18 +26,23 @@ class ProgressStrip : public QWidget {
     /// Shows `warning` instead of the text until it is "".
     void Warn(const QString& warning);
 
-    /// Shows or hides the button that opens the copy.
+    /// Whether there is a button that opens the copy. A narrow window leaves its room to the text.
     void OfferCopy(bool offered);
 
     QPushButton& CopyButton() { return *copy_; }
     QPushButton& ReportButton() { return *report_; }
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void ShowWords();
+    void ShowCopyButton();
 
     QString said_;
     bool says_warning_ = false;
     QString warning_;
+    bool copy_offered_ = false;
     ThinBar* bar_;
     ElidedLabel* words_;
     QPushButton* copy_;

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <tuple>
 
 #include "tests/qt/real_bench.h"
 
@@ -44,6 +45,21 @@ TEST_F(QtProcessStarterTest, PassesAFolderAsOneArgument) {
     EXPECT_TRUE(starter_.ExploreFolder("z:\\--my mirror $(id);`id`\\\"'"));
     EXPECT_EQ(Arguments(), "[/--my mirror $(id);`id`/\"']\n");
     EXPECT_FALSE(starter_.ExploreFolder(""));
+}
+
+TEST_F(QtProcessStarterTest, OpensAPageAtItsWords) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"\\a b#c?d%e\\x.html", "one two-fold, & \xC3\xA9",
+         "file:///a%20b%23c%3Fd%25e/x.html#:~:text=one%20two%2Dfold%2C%20%26%20%C3%A9"},
+        {"\\\xFF.php_a=1.HTM.html", "x", "file:///%FF.php_a%3D1.HTM.html#:~:text=x"},
+        {"\\x.html", "", "/x.html"},
+        {"\\x.html\\notes.txt", "x", "/x.html/notes.txt"},  // no browser takes this
+    };
+    for (const auto& [file, words, opened] : cases) {
+        EXPECT_TRUE(starter_.OpenPage(file, words));
+        EXPECT_EQ(Arguments(), "[" + std::string(opened) + "]\n");
+    }
+    EXPECT_FALSE(starter_.OpenPage("", "x"));
 }
 
 TEST_F(QtProcessStarterTest, OpensOnlyWebAddressesEncoded) {

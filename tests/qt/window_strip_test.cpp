@@ -6,6 +6,7 @@
 #include "engine/endings.h"
 #include "engine/site_start.h"
 #include "forms/report_dialog.h"
+#include "forms/search_dialog.h"
 #include "tests/qt/window_bench.h"
 
 using platform::BoxAnswer;
@@ -37,7 +38,7 @@ TEST_F(WindowStrip, SaysAfterAStopWhatWasSaved) {
     EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in ~/Websites, stopped");
 }
 
-TEST_F(WindowStrip, ShowsTheReportDuringTheCrawl) {
+TEST_F(WindowStrip, ShowsReportAndSearchDuringTheCrawl) {
     Open();
     StartByKeys("silent.com");
     ASSERT_TRUE(WaitFor([&] { return The<QAbstractButton>("Report").isEnabled(); }));
@@ -46,10 +47,14 @@ TEST_F(WindowStrip, ShowsTheReportDuringTheCrawl) {
     const QPointer<QDialog> report = Window().findChild<ui::ReportDialog*>();
     ASSERT_TRUE(QTest::qWaitForWindowActive(report));
     EXPECT_EQ(report->findChild<QLabel*>("Summary")->text(), "0 addresses, 1 not fetched yet");
+    Click("Search");
+    const QPointer<QDialog> search = Window().findChild<ui::SearchDialog*>();
+    ASSERT_NE(search, nullptr);
     EXPECT_FALSE(Window().Command1Enabled()) << "the crawl goes on";
     holder.Reload();
     QTest::qWait(50);
     EXPECT_EQ(report, nullptr) << "it goes with its window";
+    EXPECT_EQ(search, nullptr);
 }
 
 TEST_F(WindowStrip, OpensTheCopyOnceThereIsOne) {
@@ -63,8 +68,13 @@ TEST_F(WindowStrip, OpensTheCopyOnceThereIsOne) {
     StartByKeys("site.com");
     ASSERT_TRUE(WaitFor([&] { return The<QWidget>("OpenCopy").isEnabled(); }));
     EXPECT_FALSE(The<QWidget>("StripOpenCopy").isVisible()) << "the line tells of the crawl";
-    press();
     bas_Connections::SiteComplete();
+    const QSize roomy = Window().size();
+    Window().resize(150, 600);
+    EXPECT_FALSE(The<QWidget>("StripOpenCopy").isVisible()) << "the text has its room";
+    EXPECT_FALSE(The<QWidget>("OpenCopy").isVisible());
+    press();
+    Window().resize(roomy);
     Click("StripOpenCopy");
     Click("OpenCopy");
     const std::string page = "C:\\Websites\\site.com\\index.html";
