@@ -84,19 +84,19 @@ Exit status:
   1    the folder or the report cannot be used, another download uses the folder, no
        file type to download is known, there is nothing to search; without options:
        there is no display
-  2    wrong options
+  2    the options are wrong
   3    the download ended, but some addresses were unanswered, short, not written or
        too large
   4    the download ended without a saved file
   5    the search found nothing
   129, 130, 143
        stopped by a signal: SIGHUP, SIGINT (Ctrl+C), SIGTERM
-  141  stopped because the reader of the output has gone
-A reader that pauses blocks nothing: progress is dropped meanwhile, and the last
-lines wait for half a second.
+  141  stopped because nothing reads the output any more
+A reader that pauses does not stop the download: progress lines are dropped
+meanwhile, and the last lines wait for half a second.
 
 Files:
-  temp/filetypes.txt  the types of files to download, one a line
+  temp/filetypes.txt  the types of files to download, one per line
   filters.txt         keywords: an address that contains one is not downloaded
        Both are beside the program if it has a folder of its own and can write there,
        otherwise in your data folder: on Linux ~/.local/share/Vantorin, on Windows
@@ -131,7 +131,7 @@ CommandLine OrderFrom(const QCommandLineParser& parser, const Options& options) 
     if (parser.isSet(options.timeout)) {
         const auto milliseconds = ReadTimeout(parser.value(options.timeout));
         if (!milliseconds)
-            return Refuse("--timeout takes a number of seconds, 0 or from 0.001 on.");
+            return Refuse("--timeout takes a number of seconds: 0, or at least 0.001.");
         line.order.timeout_milliseconds = *milliseconds;
     }
     if (parser.isSet(options.report)) {
@@ -161,7 +161,7 @@ CommandLine SearchFrom(const QCommandLineParser& parser, const Options& options)
     if (parser.isSet(options.limit)) {
         bool is_number = false;
         const int limit = parser.value(options.limit).toInt(&is_number);
-        if (!is_number || limit < 1) return Refuse("--limit takes a number from 1 on.");
+        if (!is_number || limit < 1) return Refuse("--limit takes a number of at least 1.");
         line.search.limit = static_cast<std::size_t>(limit);
     }
     return line;

@@ -23,7 +23,7 @@ std::string ReportFile::Open(const std::string& path) {
     if (!native_path) return platform::kNoName;
     // Opening a pipe would wait for a reader.
     const auto status = native::StatusOf(*native_path);
-    if (status && !status->is_file) return "not a file";
+    if (status && !status->is_file) return "not a regular file";
     file_.reset(native::Open(*native_path, "wb"));
     if (!file_) return native::WhyItFailed();
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);
@@ -59,7 +59,8 @@ std::string ReportFile::Finish() {
     if (!closed && why_not_.empty()) why_not_ = native::WhyItFailed();
     // A file can still be written to after its folder was deleted.
     const auto status = native::StatusOf(*native::PathOf(path_));
-    if (why_not_.empty() && (!status || status->length != length_)) why_not_ = "the file has gone";
+    if (why_not_.empty() && (!status || status->length != length_))
+        why_not_ = "the file was removed or changed";
     return why_not_;
 }
 

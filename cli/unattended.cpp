@@ -49,7 +49,7 @@ bool PrepareFolder(const std::string& typed, Terminal& terminal) {
     const std::optional<std::string> folder = FolderThatStays(typed);
     if (folder) return bas_General::PrepareTargetFolder(*folder);
     terminal.Print(
-        "This folder's path would be changed: it may not contain \"www.\", \"__\", any of\n"
+        "This folder's path would be changed: it must not contain \"www.\", \"__\", any of\n"
         "* < > { } ? ! & | or a name that begins with a blank.");
     return false;
 }
@@ -58,10 +58,9 @@ bool PrepareFileTypes(Terminal& terminal) {
     bas_General::MakeFirstFileTypesFile();
     if (bas_General::AnyFileTypeKnown()) return true;
     const std::string file = bas_General::FileTypesFile();
-    terminal.Print(
-        "No file type to download is known. They have to be listed, one on each line, in\n" +
-        platform::SystemPathOf(file).value_or(file) +
-        "\nor that file has to be missing where a new list can be written.");
+    terminal.Print("No file type to download is known. List the types, one per line, in\n" +
+                   platform::SystemPathOf(file).value_or(file) +
+                   "\nor delete this file: the program then writes a new list if it can.");
     return false;
 }
 

@@ -16,8 +16,8 @@ bool ClaimTargetFolder() {
     g_claim = platform::System().files.ClaimFolder(crawl::TargetFolder);
     if (g_claim != nullptr) return true;
     return platform::System().boxes.MsgBox(
-               "Another download is being saved in this folder. Both would change each other's "
-               "files.\r\n\r\nWould you like to save this one there all the same?",
+               "Another download is saving into this folder. Each would change the other's "
+               "files.\r\n\r\nWould you like to save this one there anyway?",
                platform::BoxStyle::StopYesNo, "Folder in Use") == platform::BoxAnswer::Yes;
 }
 

@@ -46,7 +46,7 @@ std::string WhyFailed(int index) {
         case SocketFailure::Reset:
             return AfterBytes("reset", bytes);
         case SocketFailure::OutOfMemory:
-            return "no memory";
+            return "out of memory";
         case SocketFailure::Silent:
         case SocketFailure::None:
             break;

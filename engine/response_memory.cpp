@@ -70,7 +70,7 @@ void GiveUp(int index) {
     crawl::Report.End(slot.Row, crawl::Outcome::TooLarge, slot.Attempts);
     ++slot.Job;
     engine::Window().Sock(index).Close();
-    SetSlotStatus(index, "Given up: too large for the memory");
+    SetSlotStatus(index, "Given up: too large for memory");
 }
 
 void GiveBackLeftover(int index) {

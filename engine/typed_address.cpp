@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kSlashes = "/\\";
 constexpr char kHttpOnly[] = "This program fetches http:// only";
-constexpr char kTwoSlashes[] = "An address begins with \"http://\"";
+constexpr char kTwoSlashes[] = "The address must start with \"http://\"";
 
 bool IsLetterOrDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -78,20 +78,20 @@ AddressFault FaultOfServer(std::string_view address, const AsciiHost& ascii_host
         return AddressFault{what, other_server + path, other_server};
     };
     if (const std::size_t end = server.find_first_of("?#"); end != server.npos) {
-        return {"A \"/\" is missing behind the server's name",
+        return {"A \"/\" is missing after the host name",
                 server.substr(0, end) + "/" + server.substr(end) + path,
                 server.substr(0, end) + "/"};
     }
     if (const std::size_t at = server.rfind('@'); at != server.npos)
-        return offer("There are no logins", server.substr(at + 1));
+        return offer("Logins are not supported", server.substr(at + 1));
     if (const std::size_t colon = server.find(':'); colon != server.npos) {
-        constexpr char kPort[] = "Only port 80 is asked, and not named";
+        constexpr char kPort[] = "The port must be left out: it is always 80";
         const std::string port = server.substr(colon + 1);
         return port.empty() || port == "80" ? offer(kPort, server.substr(0, colon))
                                             : AddressFault{kPort, "", ""};
     }
     if (std::ranges::any_of(server, IsBlank)) {
-        constexpr char kBlanks[] = "A server's name has no blanks";
+        constexpr char kBlanks[] = "A host name cannot contain blanks";
         std::string joined = server;
         std::erase_if(joined, IsBlank);
         // Words without a dot are more likely meant for a search engine.
@@ -99,19 +99,19 @@ AddressFault FaultOfServer(std::string_view address, const AsciiHost& ascii_host
     }
     if (std::ranges::any_of(server, IsBeyondAscii)) {
         const std::string ascii = ascii_host(server);
-        return ascii.empty() ? AddressFault{"No server can have this name", "", ""}
-                             : offer("Names are asked for in ASCII", ascii);
+        return ascii.empty() ? AddressFault{"This is not a valid host name", "", ""}
+                             : offer("Host names must be in ASCII", ascii);
     }
     if (text::Contains(server, "..")) {
         std::string single = server;
         while (text::ReplaceAllIn(single, "..", ".")) {
         }
-        return offer("There is a dot too many", single);
+        return offer("The host name has too many dots", single);
     }
     const auto stranger = std::ranges::find_if_not(
         server, [](char c) { return IsLetterOrDigit(c) || c == '-' || c == '.' || c == '_'; });
     if (stranger == server.end()) return {};
-    return {std::string("No server's name has a \"") + *stranger + "\"", "", ""};
+    return {std::string("A host name cannot contain \"") + *stranger + "\"", "", ""};
 }
 
 }  // namespace

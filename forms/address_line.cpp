@@ -17,8 +17,8 @@ bas_Connections::AddressFault FaultOf(const QLineEdit& box) {
 
 QString WhatWillBeAskedFor(const QLineEdit& box) {
     const std::string address = bas_Connections::CleanTypedAddress(platform::ToBytes(box.text()));
-    return address == "www." ? "No web site is named here yet."
-                             : "It will ask for http://" + platform::FromBytes(address);
+    return address == "www." ? "Enter the address of a web site."
+                             : "The download starts at http://" + platform::FromBytes(address);
 }
 
 QString LinkTo(const std::string& offered) {

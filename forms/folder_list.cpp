@@ -123,7 +123,7 @@ void FolderList::ShowSubfolders(const std::string& resolved) {
         item->setData(0, kPathRole, QByteArray::fromStdString(resolved + "\\" + subfolder.name));
         if (!CanBeNamed(subfolder.name)) {
             item->setDisabled(true);
-            item->setToolTip(0, "The name of this folder cannot be written as text.");
+            item->setToolTip(0, "This folder cannot be chosen: its name is not valid text.");
         }
         items.append(item);
     }

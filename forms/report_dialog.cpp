@@ -207,7 +207,7 @@ void ReportDialog::ShowSummary() {
         words += ", " + Count(rest) + " not fetched yet";
     }
     if (const std::size_t there = crawl::Report.AlreadyThere(); there > 0) {
-        words += there == 1 ? ", 1 was there already" : ", " + Count(there) + " were there already";
+        words += ", " + Count(there) + " already there";
     }
     Say(words);
 }
@@ -244,7 +244,7 @@ void ReportDialog::OpenFile() {
     if (system.files.FileLength(file) && !system.files.FolderExists(file)) {
         system.processes.OpenFile(file);
     } else {
-        Say("There is no file " + platform::FromBytes(platform::SystemPathOf(file).value_or(file)));
+        Say("No such file: " + platform::FromBytes(platform::SystemPathOf(file).value_or(file)));
     }
 }
 
@@ -258,7 +258,7 @@ void ReportDialog::OpenAddress() {
 void ReportDialog::CopyRows(bool addresses_only) {
     const std::vector<int> rows = rows_->SelectedRows(kMostCopied + 1);
     if (rows.size() > kMostCopied) {
-        Say("These are too many to copy. \"Save As...\" takes them all.");
+        Say("Too many rows to copy. \"Save As...\" writes all rows to a file.");
         return;
     }
     QString text;

@@ -34,7 +34,7 @@ void ReportSaver::Work() {
 }
 
 void ReportSaver::Cleared() {
-    Finish("a new download began");
+    Finish("a new download has started");
 }
 
 void ReportSaver::Finish(const std::string& why_not) {

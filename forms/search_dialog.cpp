@@ -68,7 +68,7 @@ void SearchDialog::MakeControls() {
     opener_ = new PageOpener(this);
     words_ = new QLineEdit(this);
     words_->setObjectName("Words");
-    words_->setPlaceholderText("Words, or \"words as they stand\"");
+    words_->setPlaceholderText("Words, or \"an exact phrase\"");
     words_->setClearButtonEnabled(true);
     words_->installEventFilter(this);
     KeepReadable(words_, QPalette::Base);
@@ -88,7 +88,7 @@ void SearchDialog::MakeButtons() {
     open_->setToolTip("Opens the chosen page in the browser (Enter)");
     again_ = MakeFormButton("Again", "Search &Again", this);
     again_->setShortcut(Qt::Key_F5);
-    again_->setToolTip("Looks for what has been saved meanwhile, too (F5)");
+    again_->setToolTip("Searches again, including the pages saved meanwhile (F5)");
     close_ = MakeFormButton("Close", "Close", this);
 }
 
@@ -136,9 +136,9 @@ void SearchDialog::ConnectHandlers() {
     connect(again_, &QPushButton::clicked, this, &SearchDialog::SearchAgain);
     connect(close_, &QPushButton::clicked, this, &QDialog::close);
     connect(opener_, &PageOpener::NotThere, this,
-            [this] { outcome_->setText("That page is not in the folder any more"); });
+            [this] { outcome_->setText("This page is no longer in the folder"); });
     connect(opener_, &PageOpener::NotStarted, this,
-            [this] { outcome_->setText("No program could be started that opens the page"); });
+            [this] { outcome_->setText("No program could be started to open the page"); });
 }
 
 bool SearchDialog::eventFilter(QObject* watched, QEvent* event) {

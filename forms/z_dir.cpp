@@ -64,13 +64,13 @@ void zDir::MakeControls() {
     AddDrives(*drive1_);
     dir1_ = new FolderList("Dir1", this);
     dir1_->setAccessibleName("Folders");
-    dir1_->setToolTip("Double click a folder, or press Enter, to open it");
+    dir1_->setToolTip("Double-click a folder or press Enter to open it");
     label1_ = new ElidedLabel("Label1", "c:\\", this);
     system_folder_ = new ElidedLabel("SystemFolder", "", this);
     system_folder_->setFont(SmallLabelFont());
     system_folder_->SetQuiet(true);
     new_folder_ = MakeFormButton("NewFolder", "&New Folder...", this);
-    new_folder_->setToolTip("Makes a folder in the one that is open, and opens it");
+    new_folder_->setToolTip("Creates a folder in the open one, and opens it");
     command1_ = MakeFormButton("Command1", "&Ok...", this);
     command1_->setDefault(true);
     command2_ = MakeFormButton("Command2", "Cancel", this);
@@ -146,8 +146,8 @@ void zDir::MakeNewFolder() {
         dir1_->SetPath(folder);
         command1_->setFocus();  // a new folder is most likely to be chosen
     } else {
-        boxes.MsgBox("A folder of that name cannot be made here.", platform::BoxStyle::Information,
-                     "New Folder");
+        boxes.MsgBox("A folder with this name cannot be created here.",
+                     platform::BoxStyle::Information, "New Folder");
     }
 }
 

@@ -206,7 +206,7 @@ FileResult SystemFiles::AppendFile(std::string_view path,
     if (!native_path) return {kNoName};
     const auto status = native::StatusOf(*native_path);
     if (!status) return FillNewFile(*native_path, native::Open(*native_path, "wbx"), parts);
-    if (!status->is_file) return {"no file"};
+    if (!status->is_file) return {"not a regular file"};
     std::FILE* const file = OpenToAppend(*native_path);
     if (file == nullptr) return Fault();
     FileResult result = WriteAndClose(file, parts);

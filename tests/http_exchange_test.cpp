@@ -191,7 +191,7 @@ class ResponseMemory : public HttpExchange {
     void ExpectGivenUp(int slot) {
         EXPECT_EQ(crawl::Slots[slot].Response.View(), "CANCEL");
         EXPECT_EQ(window.Sock(slot).State(), SocketState::Closed);
-        EXPECT_EQ(window.rows[slot].status, "Given up: too large for the memory");
+        EXPECT_EQ(window.rows[slot].status, "Given up: too large for memory");
         EXPECT_EQ(Saved(std::to_string(slot) + ".gif"), "(none)");
     }
     void ExpectWhole(int slot) {

@@ -113,7 +113,7 @@ TEST_F(Outcomes, OfNoAnswer) {
         {fail(SocketFailure::NotLookedUp), "unanswered: no name server answered"},
         {fail(SocketFailure::Unreachable), "unanswered: unreachable"},
         {fail(SocketFailure::Silent), "unanswered: silent"},
-        {fail(SocketFailure::OutOfMemory), "too large: no memory"}};
+        {fail(SocketFailure::OutOfMemory), "too large: out of memory"}};
     for (const auto& [peer, told] : cases) {
         Start("www.site.com/a.html");
         FailThreeTimes(peer);

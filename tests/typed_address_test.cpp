@@ -24,8 +24,8 @@ TEST(TypedAddress, IsLeftAloneWhereItMayBeFound) {
 
 TEST(TypedAddress, HasAFaultAndPerhapsWhatWasMeant) {
     constexpr const char* kHttp = "This program fetches http:// only";
-    constexpr const char* kBeginning = "An address begins with \"http://\"";
-    constexpr const char* kSlash = "A \"/\" is missing behind the server's name";
+    constexpr const char* kBeginning = "The address must start with \"http://\"";
+    constexpr const char* kSlash = "A \"/\" is missing after the host name";
     const struct {
         const char *typed, *what, *instead, *offered;
     } cases[] = {
@@ -46,17 +46,18 @@ TEST(TypedAddress, HasAFaultAndPerhapsWhatWasMeant) {
         {"http://HTTP://x.com", kBeginning, "http://x.com", "http://"},
         {"x.com?a=b/c", kSlash, "x.com/?a=b/c", "x.com/"},
         {"http://x.com#a", kSlash, "http://x.com/#a", "x.com/"},
-        {"me:secret@x.com/a", "There are no logins", "x.com/a", "x.com"},
-        {"Http://x.com:80/a", "Only port 80 is asked, and not named", "Http://x.com/a", "x.com"},
-        {"x.com:8080/a", "Only port 80 is asked, and not named", "", ""},
-        {"www. x .com/a b", "A server's name has no blanks", "www.x.com/a b", "www.x.com"},
-        {"x.com\t", "A server's name has no blanks", "x.com", "x.com"},
-        {"many words", "A server's name has no blanks", "", ""},
-        {"http://www.b\u00fccher.test/\u00fc", "Names are asked for in ASCII",
+        {"me:secret@x.com/a", "Logins are not supported", "x.com/a", "x.com"},
+        {"Http://x.com:80/a", "The port must be left out: it is always 80", "Http://x.com/a",
+         "x.com"},
+        {"x.com:8080/a", "The port must be left out: it is always 80", "", ""},
+        {"www. x .com/a b", "A host name cannot contain blanks", "www.x.com/a b", "www.x.com"},
+        {"x.com\t", "A host name cannot contain blanks", "x.com", "x.com"},
+        {"many words", "A host name cannot contain blanks", "", ""},
+        {"http://www.b\u00fccher.test/\u00fc", "Host names must be in ASCII",
          "http://www.xn--bcher-kva.test/\xc3\xbc", "www.xn--bcher-kva.test"},
-        {"\xff.test", "No server can have this name", "", ""},
-        {"www...x.com", "There is a dot too many", "www.x.com", "www.x.com"},
-        {"www,x.com", "No server's name has a \",\"", "", ""}};
+        {"\xff.test", "This is not a valid host name", "", ""},
+        {"www...x.com", "The host name has too many dots", "www.x.com", "www.x.com"},
+        {"www,x.com", "A host name cannot contain \",\"", "", ""}};
     for (const auto& c : cases) {
         const auto fault = FaultOf(c.typed);
         EXPECT_EQ(fault.what, c.what) << c.typed;

@@ -33,7 +33,7 @@ std::string SaidOfHost(const std::string& host, std::string_view why) {
         {"closed without an answer", " closed the connection without an answer"},
         {"silent after", " stopped in the middle of its answer"},
         {"silent", " does not answer"},
-        {"reset", " broke off the connection"},
+        {"reset", " reset the connection"},
     };
     if (why == "name unknown") return "No such host: " + host;
     if (why == "no name server answered") return "No name server answers for " + host;
@@ -58,9 +58,9 @@ std::string TroubleAtTheStart(const crawl::ReportRow& start) {
         case Outcome::Error:
             return answered + (detail.empty() ? "" : ": " + detail);
         case Outcome::Short:
-            return "Only a part of " + address + " came";
+            return "Only a part of " + address + " arrived";
         case Outcome::TooLarge:
-            return address + " is too large for the memory";
+            return address + " is too large for memory";
         case Outcome::NotAsked:
             return address + " was not asked for: it lies above the site's root";
         default:

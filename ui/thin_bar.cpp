@@ -29,7 +29,7 @@ ThinBar::ThinBar(const char* name, QWidget* parent) : QProgressBar(parent) {
 void ThinBar::SetAlarming(bool alarming) {
     if (alarming == alarming_) return;
     alarming_ = alarming;
-    setAccessibleDescription(alarming ? "Something is missing" : "");
+    setAccessibleDescription(alarming ? "Not all files were saved" : "");
     update();
 }
 

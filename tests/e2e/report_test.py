@@ -176,9 +176,10 @@ class ReportFiles(ReportTest):
         (full / "all.txt").write_bytes(bytes(4096))
         pipe = self.folder / "pipe"
         os.mkfifo(pipe)
-        for path, why in ((self.mirror, "not a file"), (self.folder / "no/report.csv", "No such file or directory"),
-                          (self.program / "x", "Not a directory"), (full / "r", "No space left on device"),
-                          (pipe, "not a file"), ("/dev/full", "not a file")):
+        for path, why in ((self.mirror, "not a regular file"), (pipe, "not a regular file"),
+                          ("/dev/full", "not a regular file"), (self.program / "x", "Not a directory"),
+                          (self.folder / "no/report.csv", "No such file or directory"),
+                          (full / "r", "No space left on device")):
             lines = self.crawl(self.site, "--quiet", "--report", path, status=1)
             self.assertEqual(lines, [f"The report cannot be written to {path}: {why}"])
             self.assertEqual(self.requested, [])
@@ -202,7 +203,7 @@ class ReportFiles(ReportTest):
             connection.sendall(page(b""))
 
         lines = self.crawl(self.site | {b"/a.html": vanish}, "--report", folder / "r.csv", status=1)
-        self.assertIn("The report is not complete: the file has gone", lines)
+        self.assertIn("The report is not complete: the file was removed or changed", lines)
 
     def test_an_old_report_is_replaced(self):
         self.report.write_bytes(b"x" * 10_000)

@@ -117,7 +117,7 @@ TEST_F(CrawlSummaryTest, SaysWhatIsWrongWithTheFirstAddress) {
         {"silent", "www.exmple.org does not answer"},
         {"silent after 12 bytes", "www.exmple.org stopped in the middle of its answer"},
         {"closed without an answer", "www.exmple.org closed the connection without an answer"},
-        {"reset after 3 bytes", "www.exmple.org broke off the connection"},
+        {"reset after 3 bytes", "www.exmple.org reset the connection"},
         {"what nobody foresaw", "www.exmple.org: what nobody foresaw"}};
     for (const auto& [why, words] : cases) {
         report.Clear();
@@ -136,7 +136,7 @@ TEST_F(CrawlSummaryTest, SaysWhatTheFirstAddressAnsweredInsteadOfAPage) {
         {{.status = 302}, "www.site.com answered 302"},
         {{.status = 404, .detail = "Not Found"}, "www.site.com answered 404: Not Found"},
         {{.status = 200, .bytes = 1, .announced = 2},
-         "Only a part of http://www.site.com/page came"}};
+         "Only a part of http://www.site.com/page arrived"}};
     for (const auto& [answer, words] : cases) {
         report.Clear();
         Answered(answer);

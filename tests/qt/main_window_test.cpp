@@ -265,7 +265,7 @@ TEST_F(MainWindow, WarnsOfAnAddressWhereThereIsRoom) {
     Window().resize(roomy);
     QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_U, Qt::AltModifier);
     EXPECT_TRUE(WaitFor([&] { return Window().Text1() == "http://site.com"; }));
-    EXPECT_EQ(line.text(), "It will ask for http://www.site.com");
+    EXPECT_EQ(line.text(), "The download starts at http://www.site.com");
     EXPECT_EQ(The<QLabel>("Progress").text(), "");
     QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_Return);
     EXPECT_FALSE(line.isVisible()) << "the crawl has its address";

@@ -166,7 +166,7 @@ TEST_F(ReportDialogTest, OpensFilesAndAddressesAndCopies) {
     QTest::keyClick(&Rows(), Qt::Key_Down);
     Click(*dialog, "OpenFileButton");
     EXPECT_EQ(system.processes.files.size(), 1U);
-    EXPECT_TRUE(Summary().starts_with("There is no file ")) << Summary();
+    EXPECT_TRUE(Summary().starts_with("No such file: ")) << Summary();
 
     Rows().setFocus();
     QTest::keySequence(&Rows(), QKeySequence::Copy);

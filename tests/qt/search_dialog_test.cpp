@@ -87,7 +87,7 @@ TEST_F(SearchDialogTest, TheKeyboardStaysInTheBox) {
     QTest::keyClicks(&Words(), "le");
     EXPECT_EQ(Pages().currentIndex().row(), 1) << "still the same page";
     QTest::keyClick(&Words(), Qt::Key_Return);
-    EXPECT_EQ(Outcome(), "That page is not in the folder any more");
+    EXPECT_EQ(Outcome(), "This page is no longer in the folder");
     QTest::keyClick(&Words(), Qt::Key_Up);
     QTest::keyClick(&Words(), Qt::Key_Enter);
     EXPECT_EQ(Outcome(), "2 pages, 3 matches");
@@ -176,7 +176,7 @@ TEST_F(SearchDialogTest, ShowsWhateverAnExtractHolds) {
     for (int row = 0; row < 4; ++row) {
         EXPECT_FALSE(Pages().grab().isNull());
         QTest::keyClick(&Words(), Qt::Key_Return);
-        EXPECT_EQ(Outcome(), "That page is not in the folder any more");
+        EXPECT_EQ(Outcome(), "This page is no longer in the folder");
         QTest::keyClick(&Words(), Qt::Key_Down);
     }
     EXPECT_EQ(system.processes.files, Texts{});

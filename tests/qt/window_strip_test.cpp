@@ -25,7 +25,7 @@ TEST_F(WindowStrip, SaysAfterAStopWhatWasSaved) {
     EXPECT_EQ(The<QLabel>("Label6").text(), "Operation Cancelled.");
     EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in ~/Websites, stopped");
     EXPECT_LT(The<QProgressBar>("ProgressBar").value(), 1000);
-    EXPECT_EQ(The<QProgressBar>("ProgressBar").accessibleDescription(), "Something is missing");
+    EXPECT_EQ(The<QProgressBar>("ProgressBar").accessibleDescription(), "Not all files were saved");
     EXPECT_EQ(
         QAccessible::queryAccessibleInterface(&The<QLabel>("Progress"))->text(QAccessible::Name),
         "1 saved in ~/Websites, stopped");

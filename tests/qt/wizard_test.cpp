@@ -215,8 +215,8 @@ TEST_F(WizardTest, AsksBeforeTwoCrawlsFillOneFolder) {
         system.boxes.answers = {answer};
         Click("Command1");
         ExpectAsked(
-            "Another download is being saved in this folder. Both would change each other's "
-            "files.\r\n\r\nWould you like to save this one there all the same?",
+            "Another download is saving into this folder. Each would change the other's "
+            "files.\r\n\r\nWould you like to save this one there anyway?",
             BoxStyle::StopYesNo, "Folder in Use");
         const bool yes = answer == BoxAnswer::Yes;
         EXPECT_EQ(wizard->isVisible(), !yes);
@@ -247,8 +247,8 @@ TEST_F(WizardTest, AListOfOneObeysItsKeys) {
 TEST_F(WizardTest, SaysWhatTheAddressWillAskFor) {
     Open();
     const std::pair<const char*, const char*> hints[] = {
-        {"http://", "No web site is named here yet."},
-        {" http://Site.com/a", "It will ask for http://www.Site.com/a"},
+        {"http://", "Enter the address of a web site."},
+        {" http://Site.com/a", "The download starts at http://www.Site.com/a"},
         {"file:///a", "This program fetches http:// only"}};
     for (const auto& [typed, hint] : hints) {
         Retype(TxtUrl(), typed);
