@@ -150,11 +150,4 @@ TEST_F(Endings, LeavingIsAskedAndStopsTheCrawl) {
     EXPECT_EQ(window.Sock(24).State(), SocketState::Closed);
 }
 
-TEST_F(Endings, CountsHaveTheirThousandsApart) {
-    const std::pair<std::int64_t, std::string> counts[] = {
-        {0, "0"}, {999, "999"}, {1000, "1,000"}, {123456, "123,456"}, {1234567, "1,234,567"}};
-    for (const auto& [count, shown] : counts)
-        EXPECT_EQ(bas_Connections::FormatCount(count), shown);
-}
-
 }  // namespace

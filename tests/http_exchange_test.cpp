@@ -96,6 +96,7 @@ TEST_F(HttpExchange, ShowsWhatComes) {
     Receive(1, "more than fits");
     loop.Advance(20);
     EXPECT_EQ(window.label4, "2,147,483,640 Bytes") << "a sum that overflows is passed over";
+    EXPECT_EQ(bas_Connections::FormatCount(123456), "123,456");
     EXPECT_EQ(window.rows[1].received, "1.99 GB");
 
     window.txt_max = "0";

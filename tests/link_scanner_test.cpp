@@ -119,6 +119,18 @@ TEST(LinkScannerTest, WhatIsAppendedOrScannedMeanwhileMixesNothingUp) {
     }
 }
 
+TEST(LinkScannerTest, LeavesAloneWhatReplacedItsText) {
+    const std::string another = " href='another.html'";
+    for (int nth = 1; nth <= 6; ++nth) {
+        Crawl crawl;
+        ConsumableText page("<a href='one.html'>");
+        crawl.loop.AtYield(nth, [&] { page.Assign(another); });
+        Scan(page);
+        EXPECT_EQ(page.View(), another);
+        EXPECT_EQ(crawl::List1.Count(), nth < 4 ? 0U : 1U) << "the fourth is that of queueing";
+    }
+}
+
 // A scanner that starts over at each of these would take hours.
 TEST(LinkScannerTest, TakesLongPages) {
     std::string many, bare, refresh;

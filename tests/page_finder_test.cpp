@@ -48,8 +48,7 @@ TEST(PageFinder, FindsTheFileWhateverItsCase) {
         {"../outside.html", ""},
         {"a.com\\..\\a.com\\page.html", ""},
         {"\\a.com\\page.html", ""},
-        {"", ""},
-    };
+        {"", ""}};
     for (const auto& [recorded, file] : cases) {
         EXPECT_EQ(Find(recorded, files), *file == 0 ? "" : std::string("c:\\copy\\") + file)
             << recorded;

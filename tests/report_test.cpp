@@ -101,18 +101,6 @@ TEST_F(ReportTest, OnlyAnAnswerCanBeWritten) {
     EXPECT_EQ(OutcomeOf(first), Outcome::TooLarge);
 }
 
-TEST_F(ReportTest, TakesTheNewestFirst) {
-    EXPECT_EQ(report.TakeNewest(), kNoRow);
-    for (const char* address : {"a", "b", "c"})
-        report.Add(address);
-    EXPECT_EQ(report.TakeNewest(), 2U);
-    report.Add("d");
-    EXPECT_EQ(report.TakeNewest(), 3U);
-    EXPECT_EQ(report.TakeNewest(), 1U);
-    EXPECT_EQ(report.CountOf(Outcome::Queued), 1U);
-    EXPECT_EQ(report.Row(0).address, "a");
-}
-
 TEST_F(ReportTest, AStopSettlesAllRowsTheUnfinishedOnesLast) {
     report.Add("queued");
     const std::size_t under_way = Take("under way");

@@ -88,16 +88,14 @@ TEST_F(SearchTest, SaysWhyThereIsNothingToSearch) {
                         "c:\\closed_extract\\_SearchData\\a.com.txt",
                         "c:\\open\\_SearchData\\a.com.txt"};
     using State = search::Extracts::State;
-    const std::pair<const char*, State> cases[] = {
-        {"c:\\none", State::NoFolder},
-        {"", State::NoFolder},
-        {"c:\\empty", State::NoExtract},
-        {"c:\\no_extract", State::NoExtract},
-        {"c:\\closed", State::Unreadable},
-        {"c:\\closed_inside\\", State::Unreadable},
-        {"c:\\closed_extract", State::Unreadable},
-        {"c:\\open", State::Readable},
-    };
+    const std::pair<const char*, State> cases[] = {{"c:\\none", State::NoFolder},
+                                                   {"", State::NoFolder},
+                                                   {"c:\\empty", State::NoExtract},
+                                                   {"c:\\no_extract", State::NoExtract},
+                                                   {"c:\\closed", State::Unreadable},
+                                                   {"c:\\closed_inside\\", State::Unreadable},
+                                                   {"c:\\closed_extract", State::Unreadable},
+                                                   {"c:\\open", State::Readable}};
     for (const auto& [folder, state] : cases) {
         EXPECT_EQ(search::ExtractsOf(folder, files).state, state) << folder;
         EXPECT_EQ(search::WhyNothing(state).empty(), state == State::Readable);

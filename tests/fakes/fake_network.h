@@ -2,7 +2,6 @@
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,14 +18,8 @@ class FakeNetwork {
 
     /// Serves `body` under an address such as "site.com/docs/a.html".
     void PutPage(const std::string& address, const std::string& body) {
-        Put(address, "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n" + body);
+        responses_[address] = "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n" + body;
     }
-    /// Serves a response byte for byte.
-    void Put(const std::string& address, std::string response) {
-        responses_[address] = std::move(response);
-    }
-    /// Accepts and takes the request for this address, then stays silent.
-    void PutSilent(const std::string& address) { responses_[address] = std::nullopt; }
 
     /// Puts `socket` on this network, which must outlive it.
     virtual void Attach(FakeSocket& socket) {
@@ -57,15 +50,13 @@ class FakeNetwork {
         const auto response = responses_.find(requests_.back());
         if (response == responses_.end()) {
             peer.PeerSends("HTTP/1.0 404 Not Found\r\n\r\nNot found.");
-        } else if (response->second) {
-            peer.PeerSends(*response->second);
         } else {
-            return;
+            peer.PeerSends(response->second);
         }
         peer.PeerCloses();
     }
 
-    std::map<std::string, std::optional<std::string>> responses_;
+    std::map<std::string, std::string> responses_;
     std::vector<std::string> requests_;
 };
 

@@ -7,6 +7,7 @@
 
 #include "forms/frm_new.h"
 #include "forms/report_dialog.h"
+#include "forms/search_dialog.h"
 #include "forms/z_dir.h"
 #include "forms/z_filter.h"
 #include "tests/qt/window_bench.h"
@@ -105,8 +106,8 @@ TEST_F(EveryForm, IsWholeAndCanBeWorkedByKeysAtTwoFontSizes) {
         [](QWidget* parent) { return new ui::zDir(parent, [](const std::string&) {}); },
         [](QWidget* parent) { return ui::zFilter::ShowOver(parent); },
         [](QWidget* parent) { return ui::ReportDialog::ShowOver(parent); },
-        [](QWidget* parent) { return new ui::frmPause(parent); },
-    };
+        [](QWidget* parent) { return ui::SearchDialog::ShowOver(parent); },
+        [](QWidget* parent) { return new ui::frmPause(parent); }};
     std::vector<double> widths;
     for (const int size : {1, 2}) {
         QFont font = usual_;

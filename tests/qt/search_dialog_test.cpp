@@ -63,8 +63,7 @@ TEST_F(SearchDialogTest, SearchesAsOneTypes) {
         {"e", "3 pages, 4 matches", {"a.com/one.html", "a.com/notes.txt", "a.com/two.html"}},
         {"e", "3 pages, 4 matches", {"a.com/one.html", "a.com/notes.txt", "a.com/two.html"}},
         {"d", "2 pages, 3 matches", {"a.com/one.html", "a.com/two.html"}},
-        {"x", "No page contains these words", {}},
-    };
+        {"x", "No page contains these words", {}}};
     for (const auto& [key, outcome, pages] : keys) {
         QTest::keyClicks(&Words(), key);
         EXPECT_TRUE(Finds(outcome)) << key << ": " << Outcome();
@@ -117,8 +116,7 @@ TEST_F(SearchDialogTest, SaysWhyThereIsNothingToSearch) {
         {"c:\\none", ": there is no such folder"},
         {"c:\\other", ": no page was saved there"},
         {"c:\\closed", ": its records cannot be read"},
-        {"c:\\copy", "2 pages, 3 matches"},
-    };
+        {"c:\\copy", "2 pages, 3 matches"}};
     for (const auto& [folder, outcome] : folders) {
         Find<QLineEdit>(*dialog, "Folder")->setText(folder);
         EXPECT_TRUE(Outcome().ends_with(outcome)) << Outcome();
