@@ -34,7 +34,7 @@ QColor MeanOf(QWidget&& widget, const QSize& size = {48, 48}) {
 void ExpectNear(const QColor& found, const char* expected) {
     const QColor wanted(expected);
     for (const auto channel : {&QColor::alpha, &QColor::red, &QColor::green, &QColor::blue}) {
-        EXPECT_NEAR((found.*channel)(), (wanted.*channel)(), 3)
+        EXPECT_NEAR((found.*channel)(), (wanted.*channel)(), 2)
             << found.name(QColor::HexArgb).toStdString() << " for " << expected;
     }
 }
@@ -83,8 +83,8 @@ TEST_F(Pictures, OfEverythingElseAreWhole) {
         return MeanOf(std::move(shown), {200, 5});
     };
     ui::RateGraph graph(nullptr);
-    for (const int total : {0, 1000, 4000, 6000})
-        graph.Sample(total);
+    for (int second = 0; second <= 60; ++second)
+        graph.Sample(50 * second * second);
     const std::pair<QColor, const char*> pictures[] = {
         {MeanOf(ui::SystemIcon(QStyle::SP_MessageBoxInformation)), "#a93c77c0"},
         {MeanOf(ui::SystemIcon(QStyle::SP_MessageBoxCritical)), "#a9cf5b53"},
@@ -102,7 +102,7 @@ TEST_F(Pictures, OfEverythingElseAreWhole) {
         {light(ui::ActivityLight::State::Paused), "#49b99338"},
         {bar(false), "#6b21628a"},
         {bar(true), "#6b912921"},
-        {MeanOf(std::move(graph), {240, 60}), "#07246d92"}};
+        {MeanOf(std::move(graph), {240, 60}), "#4b3088be"}};
     for (const auto& [mean, expected] : pictures)
         ExpectNear(mean, expected);
 }
