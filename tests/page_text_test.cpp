@@ -107,7 +107,7 @@ TEST(InnerText, WhatIsNotShown) {
          {"a<!p>b", "ab"},
          {"a<textarea>x<b></textarea><iframe>y</iframe><canvas>z</canvas><video>v</video>b", "ab"},
          {"a<div hidden>x<div></div>y</div>b<span hidden=false>x<span></span>y</span>c", "abc"},
-         {"a<p style=\"color:red; DISPLAY : NONE !important\">x", "a"},
+         {"a<p style = \"color:red; DISPLAY : NONE !important\">x", "a"},
          {"a<details>x<summary>s</summary>y</details>b<details open>z</details>", "a\ns\nb\nz"}});
 }
 
