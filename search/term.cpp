@@ -37,6 +37,7 @@ Term::Term(std::string_view term, const Alphabet& alphabet) : alphabet_(&alphabe
         ascii_.assign(folded_.begin(), folded_.end());
     }
     ChooseAnchor();
+    ChoosePair();
 }
 
 void Term::ChooseAnchor() {
@@ -53,6 +54,25 @@ void Term::ChooseAnchor() {
         lowest = commonness;
         anchor_ = i;
         anchor_bytes_ = bytes;
+    }
+}
+
+/// Makes the rarest pair the anchor if there is one.
+void Term::ChoosePair() {
+    const auto is_always_ascii = [this](char32_t c) {
+        const auto spellings = alphabet_->SpellingsOf(c);
+        return std::all_of(spellings.begin(), spellings.end(), [c](const std::string& spelling) {
+            return spelling.size() == 1 && static_cast<char32_t>(spelling[0] | 0x20) == (c | 0x20);
+        });
+    };
+    std::size_t lowest = kNone;
+    for (std::size_t i = 0; i + 1 < ascii_.size(); ++i) {
+        if (!is_always_ascii(folded_[i]) || !is_always_ascii(folded_[i + 1])) continue;
+        const std::size_t commonness = Commonness(ascii_[i]) * Commonness(ascii_[i + 1]);
+        if (commonness >= lowest) continue;
+        lowest = commonness;
+        anchor_ = i;
+        pairs_.emplace(ascii_[i], ascii_[i + 1]);
     }
 }
 
@@ -94,17 +114,20 @@ std::optional<Span> Term::MatchCharacters(std::string_view text, std::size_t anc
     return Span{begin, end};
 }
 
-TermFinder::TermFinder(const Term& term) : term_(&term), next_(term.AnchorBytes().size()) {}
+TermFinder::TermFinder(const Term& term)
+    : term_(&term), pairs_(term.Pairs()), next_(pairs_ ? 0 : term.AnchorBytes().size()) {}
 
 void TermFinder::Begin(std::string_view text) {
     text_ = text;
     anchor_ = 0;
+    if (pairs_) pairs_->Begin(text);
     std::fill(next_.begin(), next_.end(), 0);
     for (std::size_t i = 0; i < next_.size(); ++i)
         next_[i] = text.find(term_->AnchorBytes()[i]);
 }
 
 std::size_t TermFinder::AnchorFrom(std::size_t at) {
+    if (pairs_) return pairs_->From(at);
     std::size_t first = kNone;
     for (std::size_t i = 0; i < next_.size(); ++i) {
         if (next_[i] < at) next_[i] = text_.find(term_->AnchorBytes()[i], at);

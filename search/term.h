@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "search/alphabet.h"
+#include "search/pair_scan.h"
 
 namespace search {
 
@@ -25,6 +26,10 @@ class Term {
     /// rarest character.
     const std::string& AnchorBytes() const { return anchor_bytes_; }
 
+    /// Finds the pairs of bytes at whose first a match may be found; nothing if the term has no two
+    /// neighbouring characters that are always spelled in ASCII.
+    const std::optional<PairScan>& Pairs() const { return pairs_; }
+
     /// The match whose anchor is the byte at `anchor`, if it starts at or after `from`.
     std::optional<Span> MatchAround(std::string_view text, std::size_t anchor,
                                     std::size_t from) const;
@@ -34,6 +39,7 @@ class Term {
 
   private:
     void ChooseAnchor();
+    void ChoosePair();
     std::optional<Span> MatchCharacters(std::string_view text, std::size_t anchor,
                                         std::size_t from) const;
 
@@ -42,6 +48,7 @@ class Term {
     std::string ascii_;       ///< the same if it is all ASCII, otherwise ""
     std::size_t anchor_ = 0;  ///< the index of the anchor among the term's characters
     std::string anchor_bytes_;
+    std::optional<PairScan> pairs_;
 };
 
 /// Finds a term in a text, from left to right.
@@ -61,6 +68,7 @@ class TermFinder {
 
     const Term* term_;
     std::string_view text_;
+    std::optional<PairScan> pairs_;
     std::vector<std::size_t> next_;  ///< the next position of each anchor byte
     std::size_t anchor_ = 0;         ///< the first anchor that may belong to a later match
 };

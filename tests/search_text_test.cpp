@@ -90,6 +90,18 @@ TEST(RecordReader, FindsTermsWhateverTheirCase) {
     }
 }
 
+TEST(RecordReader, FindsTermsAtEveryPlaceOfALongText) {
+    const Alphabet utf8;
+    std::string text;
+    for (int i = 0; i < 2000; ++i)
+        text += "ze";
+    for (const std::string before : {"", "y"}) {
+        const auto pages = Read("! p\n" + before + text + "\n", {"ZE"}, utf8, 1'000'000);
+        ASSERT_EQ(pages.size(), 1U);
+        EXPECT_EQ(pages[0].matches, 2000U);
+    }
+}
+
 TEST(RecordReader, FoldsTheLettersOfACodePage) {
     std::array<unsigned char, 256> folded;
     for (std::size_t i = 0; i < folded.size(); ++i)
