@@ -70,7 +70,7 @@ bool RecordReader::ReadPath() {
     page_ = {std::string(line.substr(kPathMark.size()))};
     std::fill(found_.begin(), found_.end(), false);
     at_ += end + 1;
-    counted_to_ = held_from_ + at_;
+    text_from_ = counted_to_ = held_from_ + at_;
     state_ = State::Text;
     return true;
 }
@@ -92,7 +92,10 @@ bool RecordReader::ReadText(std::vector<RecordedPage>& pages) {
         return false;
     }
     if (!all_occur) page_.matches = 0;
-    pages.push_back(std::exchange(page_, {}));
+    // A retry that came to nothing leaves a record without text. The page's file is still the one
+    // recorded before.
+    const bool has_text = !text.empty() || held_from_ + at_ > text_from_;
+    if (has_text) pages.push_back(std::move(page_));
     at_ += end + 1;
     state_ = State::LineBegin;
     return true;

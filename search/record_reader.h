@@ -19,7 +19,7 @@ struct RecordedPage {
 
 /// Reads an extract in blocks of any size and looks for terms in the text of each record. A record
 /// is a line "! " with the page's path and a line with its text. Lines outside a record are
-/// skipped, and so is a record whose text has no line end.
+/// skipped, and so is a record whose text is empty or has no line end.
 class RecordReader {
   public:
     /// A page matches if all terms occur. Terms and alphabet must outlive the reader.
@@ -50,6 +50,7 @@ class RecordReader {
 
     RecordedPage page_;
     std::vector<char> found_;       ///< for each term, whether it has occurred in this page
+    std::uint64_t text_from_ = 0;   ///< the offset in the extract where this page's text begins
     std::uint64_t counted_to_ = 0;  ///< the offset in the extract where the last counted match ends
 };
 

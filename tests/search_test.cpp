@@ -43,6 +43,8 @@ TEST_F(SearchTest, PutsThePageWithTheMostMatchesFirst) {
 TEST_F(SearchTest, APageCountsAsItWasRecordedLast) {
     Have("a.com", "! 1\r\nx x x\r\n! 2\r\nx\r\n! 1\r\nx\r\n! 2\r\ny\r\n! 3\r\ny\r\n! 3\r\nx x\r\n");
     EXPECT_EQ(Find("x"), "2/3: 3 2 1 1");
+    Have("a.com", "! 1\r\nx x\r\n! 1\r\n\r\n! 2\r\n\r\n");
+    EXPECT_EQ(Find("x"), "1/2: 1 2") << "a retry that came to nothing has no text";
 }
 
 TEST_F(SearchTest, KeepsTheBestOfMorePagesThanItHolds) {

@@ -117,7 +117,8 @@ TEST(RecordReader, ReadsRecordsAndPassesOverTheRest) {
     const std::string long_line(100'000, 'y');
     const std::tuple<const char*, std::string, const char*> cases[] = {
         {"two records", "! a\r\nx\r\n! b\r\nx x\r\n", "a:1@5 b:2@13 "},
-        {"lone line feeds", "! a\nx\n! b\n\n", "a:1@4 b:0 "},
+        {"lone line feeds", "! a\nx\n! b\ny\n", "a:1@4 b:0 "},
+        {"a record without text", "! a\r\nx\r\n! a\r\n\r\n", "a:1@5 "},
         {"other lines", "x\r\n\r\n! a\r\nx\r\nx\r\n! b\r\nx\r\n", "a:1@10 b:1@21 "},
         {"a text that looks like a path", "! a\r\n! x\r\n! b\r\nx\r\n", "a:1@7 b:1@15 "},
         {"a text without an end", "! a\r\nx\r\n! b\r\nx", "a:1@5 "},
