@@ -9,7 +9,7 @@ import unittest
 
 from harness import private_network
 
-CHECKS = ["unit_check", "unattended_check", "mirror_check", "hostile_check", "window_check"]
+CHECKS = ["unit_check", "unattended_check", "console_check", "mirror_check", "hostile_check", "window_check"]
 
 if __name__ == "__main__":
     private_network.enter()

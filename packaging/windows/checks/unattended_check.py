@@ -3,6 +3,8 @@
 import contextlib
 import os
 import pty
+import re
+import select
 import shutil
 import subprocess
 import unittest
@@ -85,30 +87,40 @@ class UnattendedCheck(unittest.TestCase):
             self.assertEqual(crawl.wait(60), 0, "it has nothing to say before the end")
 
     def test_in_a_console_it_prints_there_and_hears_ctrl_c(self):
+        version = int(re.search(r"wine-(\d+)", self.wine.run("--version")[0])[1])
         for program in (PROGRAM, COMMAND):
             with self.subTest(program=program):
-                self.assertEqual(self.in_console(program, "--no-such-word"), (2, b"vantorin --help"))
-                with ScriptedServer(SLOW):
-                    self.assertEqual(self.in_console(program, *HERE, said=b"when it was stopped.", keys=b"\x03"),
-                                     (130, b"when it was stopped."))
+                status, shown = self.in_console(program, "--no-such-word")
+                self.assertIn(b"vantorin --help", shown)
+                self.assertEqual(status, 2)
+                with ScriptedServer(SLOW) as server:
+                    status, shown = self.in_console(program, *HERE, keys=b"\x03",
+                                                    when=lambda: len(server.requests) > 20)
+                self.assertIn(b"when it was stopped.", shown)
+                self.assertEqual(status, 130)
+                if version < 10:
+                    self.assertIn(b" queued", shown)
+                else:
+                    print("skipped: progress; this Wine gives the program its terminal in place of a console")
 
-    def in_console(self, *arguments, said=b"vantorin --help", keys=b""):
-        """Runs a command in a console and presses `keys` once a crawl is running. Returns the exit status,
-        and `said` if the console shows that, otherwise all that it shows.
+    def in_console(self, *arguments, keys=b"", when=lambda: False):
+        """Runs a command in a console and presses `keys` as soon as `when()` says so. Returns the exit status
+        and what the console shows.
         """
         process, console = pty.fork()
         if process == 0:
             os.execvpe("wine", ["wine", *arguments], self.wine.environment)
         shown = b""
-        with contextlib.suppress(OSError):  # the end of its output
-            while data := os.read(console, 65536):
-                shown += data
-                if keys and b" queued" in shown:
+        with contextlib.suppress(OSError):  # raised at the end of the output
+            while True:
+                if keys and when():
                     os.write(console, keys)
                     keys = b""
+                if select.select([console], [], [], 0.1)[0]:
+                    shown += os.read(console, 65536)
         os.close(console)
         _, status = os.waitpid(process, 0)
-        return os.waitstatus_to_exitcode(status), said if said in shown else shown
+        return os.waitstatus_to_exitcode(status), shown
 
     def test_its_lists_lie_beside_it_or_with_the_user(self):
         with ScriptedServer(SITE):
