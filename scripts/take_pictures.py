@@ -19,7 +19,7 @@ ROOT = "/usr/share/doc/python-flask-doc/html"
 UNKNOWN = "www.exmple.org"
 # Its one page has so many links that it takes a moment to delete their placeholders.
 ENDLESS = "www.second.test"
-LINKS = web.links_to(*(b"%d/%d.html" % (i // 100, i) for i in range(10_000)))
+LINKS = web.links_to(*(b"%d/%d.html" % (i // 100, i) for i in range(4000)))
 PLACEHOLDER = "This file is queued to be downloaded, or did not download correctly."
 
 
@@ -138,7 +138,7 @@ def take_all(desktop, running, websites, pictures):
     desktop.type(ENDLESS)
     press("Return")
     desktop.await_window(MAIN)
-    late = websites / "second.test/90/9000.html.tmp"  # the program takes the last address first
+    late = websites / "second.test/30/3000.html.tmp"  # the program takes the last address first
     wait_until(late.exists, 300, "most placeholders")
     press("alt+f", "e")
     take("Exit Vantorin", "exit")
@@ -153,7 +153,7 @@ def take_clean_up(picture, running, folder):
 
     desktop = picture.desktop
     window = desktop.run("xdotool", "search", "--name", f"^{MAIN}$").split()[-1]
-    few = placeholders() - 2000  # more than the crawl itself takes away meanwhile
+    few = placeholders() - 1000  # more than the crawl itself takes away meanwhile
     desktop.press("alt+y")
     while placeholders() > few and running.poll() is None:
         pass
