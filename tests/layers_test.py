@@ -1,8 +1,8 @@
-"""Checks who includes whom against the table "Layers" of docs/architecture.md.
+"""Checks all includes against the table "Layers" of docs/architecture.md.
 
-The table is as narrow as the code: an entry that nothing needs any more is a fault, too. It lists the
-layers from the ground up, so that it cannot hold a circle. Each layer's CMake library may link only
-to what its row names, and has to reach all of that.
+The table must not allow more than the code needs: an unused entry is a fault, too. It lists the layers
+from the bottom up, so that it cannot contain a cycle. Each layer's CMake library may link only to the
+layers in its row, and must reach all of them.
 """
 
 import re
@@ -12,7 +12,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 TABLE = ROOT / "docs/architecture.md"
 WITHOUT_QT = {"text", "page_text", "platform", "crawl", "output", "setup", "extractor", "engine", "search"}
-# These include each other's folders below them, and every layer of the program.
+# Besides these, they may include every layer of the program.
 AROUND = {"tests": {"tests"}, "bench": {"bench", "tests"}}
 
 IMPORT = re.compile(r"^from (\w+)[\w.]* import", re.M)
@@ -21,7 +21,7 @@ LINK = re.compile(r"target_link_libraries\((vantorin_\w+)([^)]*)\)")
 
 
 def table():
-    """What each layer may include, by the rows of the table, in their order."""
+    """The layers that each layer may include, in the order of the table's rows."""
     knows = {}
     section = TABLE.read_text().split("## Layers")[1].split("\n## ")[0]
     for layer, includes in re.findall(r"^\| `([\w/]+)` \|.*\|([^|]*)\|$", section, re.M):
@@ -33,13 +33,13 @@ def table():
 
 
 def layer_of(file, knows):
-    """The innermost layer that a path, relative to the root, lies in."""
+    """The innermost layer that contains a path relative to the root."""
     folders = [str(folder) for folder in Path(file).parents]
     return next((folder for folder in folders if folder in knows), None)
 
 
 def includes():
-    """Every include of the tree: the file, what it includes, whether that is in quotes."""
+    """Yields each include: the file, the name it includes, and whether that is in quotes."""
     for file in sorted(ROOT.rglob("*.*")):
         path = file.relative_to(ROOT)
         if file.suffix in {".h", ".cpp"} and path.parts[0] != "build":
@@ -48,7 +48,7 @@ def includes():
 
 
 def top_folders():
-    """Which top folders the C++ and Python files of each one name."""
+    """The other top folders that the C++ and Python files of each top folder include or import."""
     tops = {}
     folders = {path.name for path in ROOT.iterdir() if path.is_dir()} - {"build"}
     for file, included, own in includes():
@@ -61,8 +61,8 @@ def top_folders():
     return {top: (known & folders) - {top} for top, known in tops.items()}
 
 
-def circles(arrows):
-    """The circles in a dictionary from each node to those that it points to, each as a list."""
+def cycles(arrows):
+    """Yields the cycles in a dictionary from each node to its successors, each as a list."""
     done = set()
 
     def walk(node, way):
@@ -82,29 +82,29 @@ def include_faults(knows):
     for file, included, own in includes():
         layer = layer_of(file, knows)
         if layer is None:
-            yield f"{file} lies in no layer of the table"
+            yield f"{file} is in no layer of the table"
         elif own:
             to = layer_of(included, knows)
             used[layer].add(to)
             files.setdefault(file, set()).add(included)
             if to != layer and to not in knows[layer]:
-                yield f"{file} includes {included}: {layer} may not know {to}"
+                yield f"{file} includes {included}: {layer} must not include {to}"
         elif re.match(r"Q[A-Z]", included) and layer in WITHOUT_QT:
-            yield f"{file} includes <{included}>: {layer} does without Qt"
+            yield f"{file} includes <{included}>: {layer} must not use Qt"
     for layer in knows.keys() - AROUND.keys():
-        yield from (f"{layer} need not know {other}" for other in sorted(knows[layer] - used[layer]))
-    yield from ("a circle: " + " -> ".join(c) for c in [*circles(files), *circles(top_folders())])
+        yield from (f"{layer} never includes {o}, which its row names" for o in sorted(knows[layer] - used[layer]))
+    yield from ("a cycle: " + " -> ".join(c) for c in [*cycles(files), *cycles(top_folders())])
 
 
 def order_faults(knows):
     below = set(AROUND)
     for layer, known in knows.items():
-        yield from (f"{layer} stands below {other}, which it knows" for other in known - below - {layer})
+        yield from (f"{layer} is listed before {other}, which it includes" for other in known - below - {layer})
         below.add(layer)
 
 
 def link_faults(knows):
-    """Compares the libraries with the table. A library is named for the last part of its folder."""
+    """Compares the libraries with the table. A library is named after the last part of its folder."""
     folder_of = {"vantorin_" + layer.split("/")[-1]: layer for layer in knows}
     links = {}
     for layer in knows.keys() - AROUND.keys():

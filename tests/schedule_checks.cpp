@@ -17,7 +17,7 @@ namespace {
 
 using platform::SocketState;
 
-/// What is saved of a response.
+/// What is saved from a response.
 std::string Saved(const std::string& received, bool has_lines) {
     const std::size_t blank_line = received.find("\r\n\r\n");
     std::string page(text::Mid(received, blank_line == std::string::npos ? 4 : blank_line + 5));
@@ -74,7 +74,7 @@ void Checks::QueueChanged() {
         Expect(queue_.empty() || !runs_, "a running crawl loses its queue");
         queue_.clear();
     }
-    Expect(queue_ == fakes::Items(crawl::List1), "the queue changes elsewhere than at its end");
+    Expect(queue_ == fakes::Items(crawl::List1), "the queue changes other than at its end");
 }
 
 void Checks::LoseConnection(int slot) {
@@ -89,9 +89,10 @@ void Checks::Connected(int slot) {
     const Peer* const old = peers_[slot];
     Expect(runs_, "a connection is made while no crawl runs");
     if (now.Attempts == 1) {
-        Expect(slot <= bas_Connections::ConnectionsCount(), "a slot too many is used");
-        Expect(next_address_.ends_with(now.Url) && !now.Url.empty(), "not the newest is taken");
-        Expect(old == nullptr || old->job != now.Job, "a job goes on under another address");
+        Expect(slot <= bas_Connections::ConnectionsCount(), "more slots than connections are used");
+        Expect(next_address_.ends_with(now.Url) && !now.Url.empty(),
+               "the address taken is not the newest");
+        Expect(old == nullptr || old->job != now.Job, "a job continues with another address");
         next_address_.clear();
     } else {
         Expect(now.Attempts <= 3, "a fourth attempt is made");
@@ -108,9 +109,10 @@ void Checks::Connected(int slot) {
 
 void Checks::TimerFired(int slot, const std::function<void()>& handler) {
     const crawl::ConnectionSlot& now = crawl::Slots[slot];
-    Expect(runs_, "a timeout runs although no crawl does");
+    Expect(runs_, "a timeout fires while no crawl runs");
     Peer* const peer = peers_[slot];
-    // No server is silent while its own response is worked on, nor one that an idle slot has had.
+    // Silence does not count while the slot's own response is processed, nor for an idle slot while
+    // any response is.
     const auto at_work = [](const auto& other) { return other.JobAtWork == other.Job; };
     const bool idle = window_.Sock(slot).State() == SocketState::Closed;
     const bool others_work = std::any_of(crawl::Slots.begin(), crawl::Slots.end(), at_work);
@@ -132,7 +134,7 @@ void Checks::Sent(int slot, std::size_t count) {
         const bool open = window_.Sock(i).State() != SocketState::Closed;
         if (peers_[i] != nullptr && open) all += peers_[i]->before.size() + peers_[i]->sent;
     }
-    // A scan may make a text somewhat longer.
+    // A scan may make a text longer.
     if (all > bas_Connections::MostResponseBytes / 2) memory_short_ = true;
 }
 
@@ -150,7 +152,7 @@ void Checks::ClosedByServer(int slot) {
 void Checks::LookAtSlot(int slot) {
     const crawl::ConnectionSlot& now = crawl::Slots[slot];
     fakes::FakeSocket& socket = window_.Sock(slot);
-    Expect(now.JobAtWork == 0, "a finished response is still at work");
+    Expect(now.JobAtWork == 0, "a finished response is still being processed");
     const Peer* const peer = peers_[slot];
     if (socket.State() == SocketState::Closed) {
         const bool given_up =
@@ -166,7 +168,8 @@ void Checks::LookAtSlot(int slot) {
     Expect(!now.Url.empty() && socket.host() == now.Host, "slot and socket disagree");
     Expect(peer->job == now.Job, "a connection serves another job");
     Expect(window_.tmrOut(slot).Enabled(), "a connection has no timeout");
-    // What came is there, in order and nothing else; what came before a reset may be lost.
+    // The response is exactly what has arrived, in order. Bytes that came before a reset may be
+    // lost.
     const std::string received = peer->Received();
     const bool whole = socket.State() == SocketState::Connected;
     Expect(received.starts_with(now.Response.View()) &&
@@ -182,9 +185,9 @@ void Checks::LookAtFiles() {
             std::any_of(expected_.begin(), expected_.end(),
                         [&](const Expected& o) { return o.file == e.file && o.contents == found; });
         const bool cut_off = e.peer->timed_out || e.peer->crawl != crawl_ || memory_short_;
-        Expect(another || cut_off, "a whole response is not saved: " + e.file);
+        Expect(another || cut_off, "a complete response is not saved: " + e.file);
         const bool waits = files_.files.contains(e.file + ".tmp");
-        Expect(!waits || cut_off, "a saved file has its placeholder still: " + e.file);
+        Expect(!waits || cut_off, "a saved file still has its placeholder: " + e.file);
     }
     expected_.clear();
     for (const auto& [path, contents] : files_.files) {
@@ -192,14 +195,16 @@ void Checks::LookAtFiles() {
         const bool known = path.ends_with(".tmp")
                                ? text::ReplaceAll(contents, placeholder, "").empty()
                                : seen_responses_.contains(contents);
-        Expect(known, "no server sent what is in " + path);
+        Expect(known, "no server sent the contents of " + path);
     }
 }
 
-/// Every address has one row, which tells what can be seen of it.
+/// Every address has one row, which agrees with what the checks have seen.
 void Checks::LookAtReport() {
     using crawl::Outcome;
-    if (!Expect(crawl::Report.Count() == taken_on_.size(), "not one row for each address")) return;
+    if (!Expect(crawl::Report.Count() == taken_on_.size(),
+                "the report does not have one row per address"))
+        return;
     outcomes_.resize(taken_on_.size());
     std::map<Outcome, std::size_t> counts;
     std::size_t under_way = 0;
@@ -212,28 +217,29 @@ void Checks::LookAtReport() {
         const auto is_good = [](Outcome outcome) {
             return outcome >= Outcome::Saved && outcome <= Outcome::Error;
         };
-        Expect(!is_good(before) || row.outcome == before, "a good outcome does not stay");
+        Expect(!is_good(before) || row.outcome == before, "a good outcome is lost");
         Expect(row.settled || (runs_ && !is_good(row.outcome)), "a row has not settled");
         if (!runs_) Expect(crawl::HasEnded(row.outcome), "a row has no outcome after the end");
         if (is_good(row.outcome) || row.outcome == Outcome::Short) {
             const std::string file =
                 bas_Connections::SavedFileOf(crawl::TargetFolder, std::string(row.address));
-            Expect(files_.FileLength(file).has_value(), "what was saved is not there: " + file);
+            Expect(files_.FileLength(file).has_value(), "a saved file does not exist: " + file);
         }
         if (row.outcome == Outcome::Unanswered) {
-            Expect(row.attempts == 3 && !row.detail.empty(), "a file was given up early");
+            Expect(row.attempts == 3 && !row.detail.empty(), "a file is given up early");
         }
     }
     for (std::size_t i = 0; i < crawl::kOutcomeCount; ++i) {
         const auto outcome = static_cast<Outcome>(i);
         Expect(crawl::Report.CountOf(outcome) == counts[outcome], "outcomes are miscounted");
     }
-    Expect(counts[Outcome::Queued] == crawl::List1.Count(), "a queued address is not queued");
+    Expect(counts[Outcome::Queued] == crawl::List1.Count(),
+           "the report counts other queued addresses than the queue");
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         const std::size_t row = crawl::Slots[i].Row;
         if (row < outcomes_.size() && outcomes_[row] == Outcome::UnderWay) --under_way;
     }
-    Expect(!runs_ || under_way == 0, "no connection has a row that is under way");
+    Expect(!runs_ || under_way == 0, "a row is under way without a connection");
 }
 
 void Checks::Look() {
@@ -241,16 +247,16 @@ void Checks::Look() {
     for (int i = 1; i <= crawl::kSlotCount; ++i) {
         LookAtSlot(i);
         held += crawl::Slots[i].Response.BytesHeld();
-        if (!runs_) Expect(!window_.tmrOut(i).Enabled(), "a timeout is on after the end");
+        if (!runs_) Expect(!window_.tmrOut(i).Enabled(), "a timeout is enabled after the end");
     }
-    Expect(held <= bas_Connections::MostResponseBytes, "the responses hold too much");
-    Expect(window_.start_enabled != runs_, "the start button does not tell whether a crawl runs");
-    Expect(window_.tmrMove().Enabled() == ticks_, "the scheduler is not on or off as it should");
-    Expect(unreported_ == 0, "the end of a crawl is not told");
+    Expect(held <= bas_Connections::MostResponseBytes, "the responses hold too much memory");
+    Expect(window_.start_enabled != runs_, "the start button does not show whether a crawl runs");
+    Expect(window_.tmrMove().Enabled() == ticks_, "the scheduler's timer is wrongly on or off");
+    Expect(unreported_ == 0, "the end of a crawl is not announced");
     const bool done = crawl::List1.Empty() && bas_Connections::AllSocketsClosed();
-    if (!runs_) Expect(done, "addresses are queued and no crawl runs");
-    // What the engine refuses to ask for ends by its timeout.
-    if (runs_) Expect(!done || refused_, "a crawl that is done goes on");
+    if (!runs_) Expect(done, "addresses are queued while no crawl runs");
+    // A request that the engine refuses ends by its timeout.
+    if (runs_) Expect(!done || refused_, "a finished crawl goes on");
     LookAtFiles();
     if (report_is_there) LookAtReport();
     memory_short_ = false;

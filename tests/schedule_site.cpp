@@ -26,7 +26,7 @@ const T& OneOf(const T (&items)[N], Random& random) {
     return items[random() % N];
 }
 
-/// A page of its own: its address is in it.
+/// A page that differs from all others, because it contains its address.
 std::string Body(const std::string& address, Random& random) {
     std::string body = "<p>" + address + "<p>";
     for (auto links = 1 + random() % 6; links > 0; --links) {

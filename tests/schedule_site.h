@@ -3,26 +3,27 @@
 #include <map>
 #include <string>
 
-/// Random schedules. This file: the sites that they crawl.
+/// The sites that random schedules crawl.
 namespace schedules {
 
-/// How a server ends a connection by itself, when nothing else comes in between.
+/// How a server ends a connection, unless another event comes first.
 enum class Ending { Close, Silence, Reset, Refusal };
 
 struct Response {
     std::string bytes;
     Ending ending = Ending::Close;
-    std::string file;  ///< what the mirror must have after a close; "" where that is open
+    std::string file;  ///< what the mirror must have after a close; "" if undetermined
 };
 
-/// Two small sites, of pages that link to each other and to what is missing, cannot be written or
-/// lies above the root. No page holds what saving rewrites, line ends and ".php?" aside.
+/// Two small sites. Their pages link to each other and to addresses that are missing, cannot be
+/// written or lead above the root. Of what saving rewrites, they contain only line ends and
+/// ".php?".
 class Sites {
   public:
-    /// `large`: how many bytes make a response large. One page of each site has that size.
+    /// The body of one page of each site has `large` bytes.
     Sites(unsigned seed, std::size_t large);
 
-    /// What the servers send to a request for this host and path.
+    /// What the servers send in response to a request for this host and path.
     const Response& At(std::string address) const;
 
   private:
@@ -30,7 +31,8 @@ class Sites {
     Response missing_;
 };
 
-/// The sites' hosts. A ".." behind the second is asked for, and refused by the engine.
+/// The sites' hosts. A link above the root of the second site is queued, but the engine refuses to
+/// request it.
 inline constexpr const char* kHosts[] = {"www.site.com", "www.other.de"};
 
 }  // namespace schedules

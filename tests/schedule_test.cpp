@@ -2,7 +2,7 @@
 
 #include "tests/schedules.h"
 
-// Users, servers and time in random order. `bench/schedule_run` does the same for hours.
+// User, server and time events in random order. `bench/schedule_run` does the same for hours.
 
 TEST(Schedules, RandomSchedulesKeepTheInvariants) {
     for (unsigned seed = 1; seed <= 1000; ++seed) {
@@ -10,7 +10,7 @@ TEST(Schedules, RandomSchedulesKeepTheInvariants) {
     }
 }
 
-TEST(Schedules, NobodyDecidesAnythingByTheReport) {
+TEST(Schedules, ClearingTheReportChangesNoDecision) {
     for (unsigned seed = 1; seed <= 200; ++seed) {
         const std::vector<schedules::Event> events = schedules::RandomEvents(seed);
         const std::string trace = schedules::Trace(seed, events, false);

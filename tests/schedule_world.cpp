@@ -26,12 +26,12 @@ constexpr std::size_t kLargeResponse = 5000;
 constexpr std::size_t kEverything = 1'000'000;
 constexpr const char* kConnections[] = {"1", "2", "3", "4", "8", "24", "0"};
 
-/// The engine, and around it a user, servers and time that do what a list of events says.
+/// The engine with a user, servers and time that act as a list of events says.
 class World : private fakes::FakeNetwork {
   public:
-    /// `seed` gives the sites, the timeout and the memory for responses.
+    /// `seed` determines the sites, the timeout and the memory for responses.
     explicit World(unsigned seed) : sites_(seed, kLargeResponse), timeout_(100 + 150 * (seed % 7)) {
-        // In every fourth world, one large response beside others is too much.
+        // In every fourth world, a large response and another one do not fit in memory.
         bas_Connections::MostResponseBytes = seed % 4 == 0 ? kLargeResponse : 1'000'000;
         system_.files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.gif\r\n");
         system_.files.refused = {"c:\\Websites\\site.com\\bad.html",
@@ -45,18 +45,18 @@ class World : private fakes::FakeNetwork {
         bas_Connections::MostResponseBytes = std::numeric_limits<std::int32_t>::max();
     }
 
-    /// Empties the report after every event from now on.
+    /// From now on, clears the report after every event.
     void TakeReportAway() { checks_.report_is_there = false; }
 
-    /// All that could be seen so far.
+    /// Everything visible so far.
     std::string Trace() {
         for (const auto& [path, contents] : system_.files.files)
             trace_ += path + "\n" + contents + "\n";
         return std::move(trace_);
     }
 
-    /// Does these events, then lets the servers do what they do by themselves until the crawl is
-    /// over. What went wrong first, or "".
+    /// Runs these events, then lets the servers finish until the crawl is over. Returns the first
+    /// violated invariant, or "".
     std::string Run(const std::vector<Event>& events) {
         try {
             to_come_.assign(events.begin(), events.end());
@@ -116,7 +116,7 @@ class World : private fakes::FakeNetwork {
         }
     }
 
-    /// While a box is open, the next two events happen behind it.
+    /// While a box is open, the next two events happen.
     void DoBehindBox() {
         const std::string title = system_.boxes.asked.back().title;
         checks_.Asked(title);
@@ -146,7 +146,8 @@ class World : private fakes::FakeNetwork {
         if (event.kind > Kind::Finish) End(slot, event.kind == Kind::Reset);
     }
 
-    /// The slot's server accepts or refuses, or, when it has accepted, sends and perhaps ends.
+    /// The slot's server accepts or refuses. If it has accepted, it sends and may end the
+    /// connection.
     void Serve(int slot, std::size_t amount) {
         Peer& peer = *checks_.PeerOf(slot);
         fakes::FakeSocket& socket = window_.Sock(slot);
@@ -197,7 +198,7 @@ class World : private fakes::FakeNetwork {
     }
 
     void Start(const std::string& address) {
-        // Without a connection the start page would be lost, and nothing could ever end.
+        // With 0 connections the start page would be lost, and the crawl would never end.
         if (!window_.start_enabled || leaving_ || bas_Connections::ConnectionsCount() < 1) return;
         crawl::Stopping = false;
         window_.text1 = address;

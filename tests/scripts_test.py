@@ -1,4 +1,4 @@
-"""scripts/setup.sh in a checkout that was copied or moved, and on a system without Debian's tools."""
+"""Tests scripts/setup.sh in copied and moved checkouts, and on a system without Debian's tools."""
 
 import shutil
 import subprocess
@@ -21,7 +21,7 @@ class ScriptsTest(unittest.TestCase):
         self.folder = Path(scratch.name).resolve()
 
     def call(self, words, folder, **how):
-        """Calls a function of setup.sh in a folder; what it says on standard error."""
+        """Calls a function of setup.sh in a folder. Returns its standard error output."""
         done = subprocess.run(["/bin/bash", "-c", f"source {ROOT}/scripts/setup.sh && {words}"], cwd=folder,
                               capture_output=True, text=True, check=False, **how)
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
@@ -42,7 +42,7 @@ class ScriptsTest(unittest.TestCase):
             self.assertEqual((checkout / "build/release/made_of").read_text(), str(checkout))
             self.assertEqual((checkout / "build/release/filters.txt").read_text(), "kept")
 
-    def test_a_build_folder_that_stays_keeps_its_settings(self):
+    def test_a_build_folder_in_its_place_keeps_its_settings(self):
         shutil.copy(ROOT / "CMakePresets.json", self.folder)
         (self.folder / "CMakeLists.txt").write_text(PROJECT)
         self.call("configure release", self.folder)
@@ -51,7 +51,7 @@ class ScriptsTest(unittest.TestCase):
         self.call("configure release", self.folder)
         self.assertIn("OF_A_DEVELOPER:STRING=set", (self.folder / "build/release/CMakeCache.txt").read_text())
 
-    def test_a_system_without_dpkg_is_told_what_is_needed(self):
+    def test_without_dpkg_it_lists_the_needed_packages(self):
         said = self.call("install_missing cmake ninja-build", self.folder, env={"PATH": str(self.folder)})
         self.assertIn("cmake ninja-build", said)
 

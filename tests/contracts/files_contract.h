@@ -13,14 +13,14 @@
 
 #include "platform/files.h"
 
-/// What every implementation of the files must do. An implementation's test instantiates the suite
-/// with a way to make it and an empty folder to work in.
+/// The contract of `platform::Files`. The test of an implementation instantiates the suite with a
+/// function that creates the implementation and an empty folder to work in.
 namespace contracts {
 
 struct FilesUnderTest {
     std::unique_ptr<platform::Files> files;
     std::string folder;           ///< as path text, without a final "\"
-    std::shared_ptr<void> owned;  ///< goes after the test
+    std::shared_ptr<void> owned;  ///< destroyed after the test
     bool tells_case_apart = true;
 };
 
@@ -35,7 +35,7 @@ class FilesContract : public testing::TestWithParam<std::function<FilesUnderTest
     platform::Files& files = *subject.files;
 };
 
-TEST_P(FilesContract, CreatesExactlyOneFolder) {
+TEST_P(FilesContract, CreatesOneFolderAndNoParents) {
     EXPECT_FALSE(files.CreateFolder(In("a\\b")));
     EXPECT_TRUE(files.CreateFolder(In("a\\")));
     EXPECT_FALSE(files.CreateFolder(In("a")));
@@ -45,7 +45,7 @@ TEST_P(FilesContract, CreatesExactlyOneFolder) {
     EXPECT_FALSE(files.FolderExists(In("file")));
 }
 
-TEST_P(FilesContract, KeepsWhatWasWritten) {
+TEST_P(FilesContract, ReadsBackWhatWasWritten) {
     const std::string bytes("\0\r\n\xff", 4);
     EXPECT_TRUE(files.WriteFile(In("f"), {"longer than the next"}));
     EXPECT_TRUE(files.WriteFile(In("f"), {bytes, "x"}));
@@ -63,7 +63,7 @@ TEST_P(FilesContract, KeepsWhatWasWritten) {
     EXPECT_EQ(files.FileLength(In("f")), std::nullopt);
 }
 
-TEST_P(FilesContract, FoldersAreNoFiles) {
+TEST_P(FilesContract, DoesNotTreatFoldersAsFiles) {
     ASSERT_TRUE(files.CreateFolder(In("a")));
     ASSERT_TRUE(files.WriteFile(In("a\\kept"), {"kept"}));
     EXPECT_EQ(files.FileLength(In("a")), 0);
@@ -78,7 +78,7 @@ TEST_P(FilesContract, FoldersAreNoFiles) {
     EXPECT_EQ(Read("a\\kept"), "kept");
 }
 
-TEST_P(FilesContract, RefusesWhatIsNoName) {
+TEST_P(FilesContract, RefusesInvalidNames) {
     for (const std::string& path : {In(std::string(256, 'n')), In(std::string("a\0b", 3)),
                                     std::string(), std::string("q:\\a")}) {
         EXPECT_FALSE(files.WriteFile(path, {"x"})) << path;
@@ -91,7 +91,7 @@ TEST_P(FilesContract, RefusesWhatIsNoName) {
     }
 }
 
-TEST_P(FilesContract, ResolvesDotsInTheTextAndComparesNamesAsTheSystemDoes) {
+TEST_P(FilesContract, ResolvesDotsAsTextAndComparesNamesLikeTheSystem) {
     EXPECT_TRUE(files.WriteFile(In("nowhere\\..\\.\\\\a"), {"small"}));
     EXPECT_TRUE(files.WriteFile(In("A"), {"large"}));
     EXPECT_EQ(Read("a\\..\\a"), subject.tells_case_apart ? "small" : "large");
@@ -112,7 +112,7 @@ TEST_P(FilesContract, DeletesBySuffixInOneFolderAndListsSubfoldersSorted) {
     EXPECT_EQ(files.Subfolders(subject.folder), (std::vector<std::string>{"C", "a", "b.tmp"}));
 }
 
-TEST_P(FilesContract, ReadsAFolderOneByOne) {
+TEST_P(FilesContract, ReadsAFolderEntryByEntry) {
     using Kind = platform::FolderReader::Kind;
     ASSERT_TRUE(files.CreateFolder(In("a")));
     std::map<std::string, Kind> expected{{"b", Kind::Folder}};
@@ -136,7 +136,7 @@ TEST_P(FilesContract, ReadsAFolderOneByOne) {
         EXPECT_EQ(files.OpenFolder(In(none)), nullptr);
 }
 
-TEST_P(FilesContract, ReadsPartsOfAFileThatGrows) {
+TEST_P(FilesContract, ReadsPartsOfAGrowingFile) {
     ASSERT_TRUE(files.WriteFile(In("f"), {"0123456789"}));
     ASSERT_TRUE(files.CreateFolder(In("a")));
     const auto reader = files.OpenFile(In("f"));
@@ -155,7 +155,7 @@ TEST_P(FilesContract, ReadsPartsOfAFileThatGrows) {
         EXPECT_EQ(files.OpenFile(In(none)), nullptr) << none;
 }
 
-TEST_P(FilesContract, KnowsWhatLiesInside) {
+TEST_P(FilesContract, KnowsWhichPathsAreInsideAFolder) {
     ASSERT_TRUE(files.CreateFolder(In("a")));
     ASSERT_TRUE(files.WriteFile(In("a\\file"), {}));
     for (const char* inside : {"a", "a\\x\\y", "b\\..\\a\\c", "a\\file\\x"}) {
@@ -168,7 +168,7 @@ TEST_P(FilesContract, KnowsWhatLiesInside) {
     EXPECT_FALSE(files.IsInside(In("a"), ""));
 }
 
-TEST_P(FilesContract, AFolderIsClaimedOnceAtATime) {
+TEST_P(FilesContract, ClaimsAFolderOnlyOnceAtATime) {
     for (const char* folder : {"a", "b"}) {
         ASSERT_TRUE(files.CreateFolder(In(folder)));
     }
@@ -178,7 +178,7 @@ TEST_P(FilesContract, AFolderIsClaimedOnceAtATime) {
     EXPECT_NE(files.ClaimFolder(In("b")), nullptr);
     EXPECT_EQ(files.Subfolders(In("a")), std::vector<std::string>());
     files.DeleteBySuffix(In("a"), "");
-    EXPECT_EQ(files.ClaimFolder(In("a")), nullptr) << "no file of the folder stands for the claim";
+    EXPECT_EQ(files.ClaimFolder(In("a")), nullptr) << "the claim is not a file in the folder";
     claim.reset();
     EXPECT_NE(files.ClaimFolder(In("a")), nullptr);
 }

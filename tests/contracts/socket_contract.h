@@ -11,15 +11,15 @@
 #include "platform/event_loop.h"
 #include "platform/socket.h"
 
-/// What every socket keeps to, run on the real one and on its twin. A bench brings a socket, its
-/// loop and the peer's side:
+/// The contract of `platform::Socket`, run on the real socket and on its in-memory twin. A bench
+/// provides a socket, its loop and the peer's side:
 ///   socket, loop         the socket under test (a unique_ptr) and the loop that raises its events
-///   Connect(), Accept()  starts a connection to the peer; the peer takes it
-///   ConnectRefused()     starts a connection to where nobody listens
+///   Connect(), Accept()  starts a connection to the peer; the peer accepts it
+///   ConnectRefused()     starts a connection to a port on which nobody listens
 ///   PeerSends(), PeerCloses(), PeerResets(), PeerReads(n)
-///   RunUntil(condition)  lets events run until it holds; false when it never does
-///   Settle()             lets everything arrive that is on its way
-///   Block(ms)            lets time pass without events, like a handler that takes long
+///   RunUntil(condition)  runs events until it holds; false if it never does
+///   Settle()             lets everything arrive that is on the way
+///   Block(ms)            lets time pass without events, like a slow handler
 ///   NewTimer()           a timer on the same loop, as a unique_ptr
 namespace contracts {
 
@@ -29,7 +29,7 @@ using platform::SocketState;
 template <typename Bench>
 class SocketContract : public testing::Test {
   protected:
-    /// Notes every event of the socket, and reads what came.
+    /// Records every event of the socket and reads what has arrived.
     SocketContract() {
         bench_.socket->on_connect = [this] {
             ++connects;
@@ -50,7 +50,7 @@ class SocketContract : public testing::Test {
     bool Becomes(SocketState state) {
         return bench_.RunUntil([&] { return bench_.socket->State() == state; });
     }
-    /// The same, and lets whatever else there is come after it.
+    /// The same. Then waits for any further events.
     bool EndsIn(SocketState state) {
         const bool reached = Becomes(state);
         bench_.Settle();
@@ -65,7 +65,7 @@ class SocketContract : public testing::Test {
     }
 
     Bench bench_;
-    std::function<void()> in_data;  // what else the handler does
+    std::function<void()> in_data;  // called at the end of the handler
     int connects = 0;
     std::vector<SocketState> states;  // at each on_data
     std::string received;
@@ -73,7 +73,7 @@ class SocketContract : public testing::Test {
 
 TYPED_TEST_SUITE_P(SocketContract);
 
-TYPED_TEST_P(SocketContract, AResponseEndsWithOneEventInClosing) {
+TYPED_TEST_P(SocketContract, EndsAResponseWithOneEventWhileClosing) {
     auto& bench = this->bench_;
     for (const bool close_at_once : {true, false}) {
         this->states.clear();
@@ -94,7 +94,7 @@ TYPED_TEST_P(SocketContract, AResponseEndsWithOneEventInClosing) {
     EXPECT_EQ(this->connects, 2);
 }
 
-TYPED_TEST_P(SocketContract, NothingIsRaisedForAPeerThatSendsNothing) {
+TYPED_TEST_P(SocketContract, RaisesNoDataEventIfThePeerSendsNothing) {
     auto& bench = this->bench_;
     bench.ConnectRefused();
     EXPECT_EQ(bench.socket->Failure(), SocketFailure::None);
@@ -108,10 +108,10 @@ TYPED_TEST_P(SocketContract, NothingIsRaisedForAPeerThatSendsNothing) {
     EXPECT_TRUE(this->EndsIn(SocketState::Closing));
     EXPECT_EQ(bench.socket->Failure(), SocketFailure::None);
     EXPECT_TRUE(this->states.empty());
-    EXPECT_TRUE(bench.socket->SendData("a half-closed connection still takes this"));
+    EXPECT_TRUE(bench.socket->SendData("a half-closed connection still accepts data"));
 }
 
-TYPED_TEST_P(SocketContract, AResetIsNoClose) {
+TYPED_TEST_P(SocketContract, DoesNotTakeAResetForAClose) {
     this->ConnectAndAccept();
     this->bench_.PeerSends("half an ans");
     EXPECT_TRUE(this->Receives("half an ans"));
@@ -124,7 +124,7 @@ TYPED_TEST_P(SocketContract, AResetIsNoClose) {
     EXPECT_EQ(this->bench_.socket->Failure(), SocketFailure::None);
 }
 
-TYPED_TEST_P(SocketContract, WhatComesDuringAHandlerIsNoticedAfterIt) {
+TYPED_TEST_P(SocketContract, RaisesDataThatArrivesDuringAHandlerAfterIt) {
     auto& bench = this->bench_;
     this->in_data = [&] {
         if (this->states.size() > 1) return;
@@ -132,19 +132,19 @@ TYPED_TEST_P(SocketContract, WhatComesDuringAHandlerIsNoticedAfterIt) {
         bench.PeerCloses();
         bench.Settle();
         bench.loop.DoEvents();
-        EXPECT_EQ(this->states.size(), 1U) << "raised inside itself";
+        EXPECT_EQ(this->states.size(), 1U) << "raised while the handler was running";
         EXPECT_EQ(bench.socket->State(), SocketState::Connected);
         EXPECT_EQ(bench.socket->GetData(), "");
     };
     this->ConnectAndAccept();
-    bench.Settle();  // so that it waits for bytes when they come
+    bench.Settle();  // so that it is already waiting when bytes arrive
     bench.PeerSends("first ");
     EXPECT_TRUE(this->EndsIn(SocketState::Closing));
     EXPECT_EQ(this->received, "first second");
     EXPECT_EQ(this->EventsInClosing(), 1);
 }
 
-TYPED_TEST_P(SocketContract, NothingComesAfterClose) {
+TYPED_TEST_P(SocketContract, RaisesNothingAfterClose) {
     auto& bench = this->bench_;
     const auto close = [&] {
         bench.socket->Close();
@@ -156,7 +156,7 @@ TYPED_TEST_P(SocketContract, NothingComesAfterClose) {
     bench.Settle();
     EXPECT_EQ(this->connects, 0);
 
-    this->ConnectAndAccept();  // with bytes on their way
+    this->ConnectAndAccept();  // with bytes on the way
     bench.PeerSends("late");
     close();
     bench.Settle();
@@ -171,7 +171,7 @@ TYPED_TEST_P(SocketContract, NothingComesAfterClose) {
     EXPECT_EQ(this->received, "one");
 }
 
-TYPED_TEST_P(SocketContract, ANewConnectionLivesInsideTheOldHandler) {
+TYPED_TEST_P(SocketContract, CanReconnectInsideItsHandler) {
     auto& bench = this->bench_;
     this->in_data = [&] {
         if (this->states.size() > 1) return;
@@ -190,7 +190,7 @@ TYPED_TEST_P(SocketContract, ANewConnectionLivesInsideTheOldHandler) {
     EXPECT_EQ(this->EventsInClosing(), 1);
 }
 
-TYPED_TEST_P(SocketContract, ItMayBeDestroyedInItsOwnHandler) {
+TYPED_TEST_P(SocketContract, MayBeDestroyedInItsHandler) {
     auto& bench = this->bench_;
     this->in_data = [&] { bench.socket.reset(); };
     this->ConnectAndAccept();
@@ -198,7 +198,7 @@ TYPED_TEST_P(SocketContract, ItMayBeDestroyedInItsOwnHandler) {
     EXPECT_TRUE(bench.RunUntil([&] { return !bench.socket; }));
 }
 
-TYPED_TEST_P(SocketContract, WhatHasArrivedGoesBeforeATimerThatIsDue) {
+TYPED_TEST_P(SocketContract, RaisesPendingEventsBeforeADueTimer) {
     auto& bench = this->bench_;
     const std::function<void()> arrivals[] = {
         [&] { bench.PeerSends("more"); },
@@ -211,7 +211,7 @@ TYPED_TEST_P(SocketContract, WhatHasArrivedGoesBeforeATimerThatIsDue) {
     for (const auto& arrive : arrivals) {
         const auto timer = bench.NewTimer();
         timer->SetInterval(20);
-        int at_timer = 0;  // so many events had come
+        int at_timer = 0;  // the number of events before the tick
         timer->on_timer = [&] { at_timer = this->Events(); };
         int at_block = 0;
         this->in_data = [&] {
@@ -228,7 +228,7 @@ TYPED_TEST_P(SocketContract, WhatHasArrivedGoesBeforeATimerThatIsDue) {
     }
 }
 
-TYPED_TEST_P(SocketContract, WhatGoesBeforeATimerMayStopIt) {
+TYPED_TEST_P(SocketContract, LetsAPendingEventStopADueTimer) {
     auto& bench = this->bench_;
     const auto timer = bench.NewTimer();
     timer->SetInterval(20);
@@ -246,10 +246,10 @@ TYPED_TEST_P(SocketContract, WhatGoesBeforeATimerMayStopIt) {
     bench.Settle();
 }
 
-REGISTER_TYPED_TEST_SUITE_P(SocketContract, AResponseEndsWithOneEventInClosing,
-                            NothingIsRaisedForAPeerThatSendsNothing, AResetIsNoClose,
-                            WhatComesDuringAHandlerIsNoticedAfterIt, NothingComesAfterClose,
-                            ANewConnectionLivesInsideTheOldHandler, ItMayBeDestroyedInItsOwnHandler,
-                            WhatHasArrivedGoesBeforeATimerThatIsDue, WhatGoesBeforeATimerMayStopIt);
+REGISTER_TYPED_TEST_SUITE_P(SocketContract, EndsAResponseWithOneEventWhileClosing,
+                            RaisesNoDataEventIfThePeerSendsNothing, DoesNotTakeAResetForAClose,
+                            RaisesDataThatArrivesDuringAHandlerAfterIt, RaisesNothingAfterClose,
+                            CanReconnectInsideItsHandler, MayBeDestroyedInItsHandler,
+                            RaisesPendingEventsBeforeADueTimer, LetsAPendingEventStopADueTimer);
 
 }  // namespace contracts

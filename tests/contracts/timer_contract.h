@@ -8,11 +8,12 @@
 
 #include "platform/timer.h"
 
-/// What every timer keeps to, run on the real one and on its twin. A bench brings:
+/// The contract of `platform::Timer`, run on the real timer and on its in-memory twin. A bench
+/// provides:
 ///   NewTimer()           a timer, as a unique_ptr
-///   Now()                milliseconds of the clock that the timers go by
-///   Wait(ms)             lets time pass and events run
-///   RunUntil(condition)  lets events run until it holds; false when it never does
+///   Now()                the time of the timers' clock in milliseconds
+///   Wait(ms)             lets time pass and runs events
+///   RunUntil(condition)  runs events until it holds; false if it never does
 namespace contracts {
 
 template <typename Bench>
@@ -25,7 +26,7 @@ class TimerContract : public testing::Test {
         };
     }
 
-    /// Whether so many more ticks come at all.
+    /// Whether this many more ticks come.
     bool Ticks(int count) {
         return bench_.RunUntil([this, goal = ticks + count] { return ticks >= goal; });
     }
@@ -38,12 +39,12 @@ class TimerContract : public testing::Test {
     Bench bench_;
     std::unique_ptr<platform::Timer> timer_;
     int ticks = 0;
-    std::function<void()> in_handler;  // what else it does
+    std::function<void()> in_handler;  // called at the end of the handler
 };
 
 TYPED_TEST_SUITE_P(TimerContract);
 
-TYPED_TEST_P(TimerContract, FiresAgainAndAgainWhileEnabled) {
+TYPED_TEST_P(TimerContract, FiresRepeatedlyWhileEnabled) {
     auto& timer = *this->timer_;
     EXPECT_TRUE(timer.SetInterval(20));
     EXPECT_FALSE(this->TicksWithin(50));
@@ -55,7 +56,7 @@ TYPED_TEST_P(TimerContract, FiresAgainAndAgainWhileEnabled) {
     EXPECT_FALSE(this->TicksWithin(50));
 }
 
-TYPED_TEST_P(TimerContract, EnablingStartsItAnew) {
+TYPED_TEST_P(TimerContract, RestartsItsIntervalWhenEnabled) {
     auto& timer = *this->timer_;
     timer.SetInterval(100);
     timer.SetEnabled(true);
@@ -66,7 +67,7 @@ TYPED_TEST_P(TimerContract, EnablingStartsItAnew) {
     EXPECT_GE(this->bench_.Now() - start, 100 - 2);
 }
 
-TYPED_TEST_P(TimerContract, ItsOwnHandlerMayStopOrDestroyIt) {
+TYPED_TEST_P(TimerContract, MayBeStoppedOrDestroyedInItsHandler) {
     auto& timer = *this->timer_;
     timer.SetInterval(10);
     timer.SetEnabled(true);
@@ -78,23 +79,24 @@ TYPED_TEST_P(TimerContract, ItsOwnHandlerMayStopOrDestroyIt) {
     EXPECT_TRUE(this->Ticks(1));
 }
 
-TYPED_TEST_P(TimerContract, TicksDuringItsHandlerAreLost) {
+TYPED_TEST_P(TimerContract, DropsTicksDuringItsHandler) {
     auto& timer = *this->timer_;
     this->in_handler = [&] {
         this->in_handler = nullptr;
-        timer.SetEnabled(true);  // the timeout's way to start over
-        EXPECT_FALSE(this->TicksWithin(100)) << "fired inside itself";
-        timer.SetInterval(1000);  // so that only a tick that was made up for could come now
+        timer.SetEnabled(true);  // like a slot's timeout that starts over
+        EXPECT_FALSE(this->TicksWithin(100)) << "fired while the handler was running";
+        timer.SetInterval(1000);  // only a tick that was made up for could still come
     };
     timer.SetInterval(10);
     timer.SetEnabled(true);
     EXPECT_TRUE(this->Ticks(1));
     EXPECT_FALSE(this->TicksWithin(20));
     timer.SetInterval(10);
-    EXPECT_TRUE(this->Ticks(1)) << "but it goes on";
+    EXPECT_TRUE(this->Ticks(1)) << "the timer must go on";
 }
 
-REGISTER_TYPED_TEST_SUITE_P(TimerContract, FiresAgainAndAgainWhileEnabled, EnablingStartsItAnew,
-                            ItsOwnHandlerMayStopOrDestroyIt, TicksDuringItsHandlerAreLost);
+REGISTER_TYPED_TEST_SUITE_P(TimerContract, FiresRepeatedlyWhileEnabled,
+                            RestartsItsIntervalWhenEnabled, MayBeStoppedOrDestroyedInItsHandler,
+                            DropsTicksDuringItsHandler);
 
 }  // namespace contracts

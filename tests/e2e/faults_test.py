@@ -137,7 +137,7 @@ class TargetFolder(DownloadTest):
             before = tree(self.mirror)
             second = self.start(folder=self.mirror / "../mirror")
             self.assertEqual(second.wait(), 1)
-            self.assertIn("Folder in Use Another download is being saved in this folder.", second.output())
+            self.assertIn("Folder in Use Another download is saving into this folder.", second.output())
             self.assertEqual((len(server.requests), tree(self.mirror)), (1, before))
             first.process.kill()
             first.wait()

@@ -1,8 +1,8 @@
-"""Downloads made-up sites and compares every file with what the model says.
+"""Downloads generated sites and compares every file with the model.
 
-Their pages are full of what is hard for links, paths and saved text: folders that a path names more than once
-or leaves again, late "../", every spelling of an attribute, queries, other hosts, answers without a header.
-The same number always makes the same site. As many as you like, from any one on:
+Their pages are full of difficult links, paths and texts: folders that a path names twice or leaves again, late
+"../", every spelling of an attribute, queries, other hosts, answers without a header. The same number always
+gives the same site. To run any number of them, starting at any one:
 
     GENERATED_SITES=1000 FIRST_SITE=100 VANTORIN_PROGRAM=build/release/cli/vantorin \
         /usr/bin/python3 -m tests.e2e.generated_test
@@ -24,7 +24,7 @@ HOSTS = (b"www.example.test", b"example.test", b"other.test")
 STARTS = (b"www.example.test", b"www.example.test/alpha/", b"www.example.test/alpha/./beta//gamma/one.html")
 FILTERS = (b"Ads", b"alpha/two")
 
-# A link is made of one word of each kind, or several or none.
+# A link is composed of words of these kinds.
 HEADS = (b"http://www.example.test/", b"http://example.test//", b"HTTP://www.EXAMPLE.test/", b"http:\\\\example.test/",
          b"http://other.test/example.test/", b"http://other.test/", b"http://http://www.example.test/", b"/", b"www.")
 FOLDERS = (b"alpha/", b"beta/", b"gamma/", b"delta/", b"alphabet/", b"www.alpha/", b"ads/", b"file.html/", b"old.php/")
@@ -46,7 +46,7 @@ TEXTS = (b"\r\n", b"\n", b"\r", b"text", b".php'", b'.php"', b".php>", b".php?",
 
 
 class GeneratedSite:
-    """Answers every path of the hosts, each always with the same."""
+    """Answers every path of the hosts. The same path always gets the same answer."""
 
     def __init__(self, number):
         self.number = number
@@ -56,11 +56,11 @@ class GeneratedSite:
         return random.Random(b"%d %s" % (self.number, what))
 
     def answer(self, host, path):
-        """None where the program would wait for ever: there is no such host, or it does not ask."""
+        """None if the program would wait for ever: the host does not exist, or the path is never requested."""
         if host.lower() not in HOSTS or path.startswith(b"/.."):
             return None
         choices = self.choices_for(host + path)
-        links = 8 if len(path) < 10 else choices.randrange(4) if len(path) < 40 else 0  # the site must end
+        links = 8 if len(path) < 10 else choices.randrange(4) if len(path) < 40 else 0  # the site must be finite
         parts = [self.link(choices) + b"".join(choices.choices(TEXTS, k=2)) for _ in range(links)]
         body = b"".join(parts + choices.choices(TEXTS, k=choices.randrange(6)))
         is_deep = len(path) > 20
@@ -88,7 +88,7 @@ class SiteServer(ScriptedServer):
 
 
 def model_of(site):
-    """What the rules make of a site, with keywords that keep the crawl from where nobody answers."""
+    """The model of a site, with keyword filters that exclude the addresses without an answer."""
     filters = list(FILTERS)
     while True:
         try:
@@ -98,7 +98,7 @@ def model_of(site):
 
 
 class GeneratedSites(unittest.TestCase):
-    def test_the_mirror_is_what_the_model_says(self):
+    def test_the_mirror_equals_the_model(self):
         files = 0
         for number in range(FIRST, FIRST + SITES):
             with self.subTest(site=number):
@@ -121,7 +121,7 @@ class GeneratedSites(unittest.TestCase):
         found = {path: data for path, data in tree(mirror).items() if not path.startswith(b"_SearchData/")}
         log, climbs = (found.pop(name, b"") for name in (b"log.txt", b"transdd.txt"))
         expected = model.files | model.left_placeholders()
-        # In this order: what goes wrong shows in the first one, and in the others only its consequences.
+        # In this order, the first difference is the cause and the others are its consequences.
         self.assert_same("queued", log.split(b"\r\n")[:-1], model.queued)
         self.assert_same("resolved", climbs.split(b"\r\n\r\n")[:-1], [b"\r\n".join(pair) for pair in model.resolved])
         self.assert_same("files", sorted(found), sorted(expected))
@@ -129,7 +129,7 @@ class GeneratedSites(unittest.TestCase):
             self.assert_same(path, data, expected[path])
 
     def assert_same(self, what, found, expected):
-        """Shows where they begin to differ."""
+        """Shows the first difference."""
         if found != expected:
             at = len(os.path.commonprefix([found, expected]))
             some = slice(at, at + (60 if isinstance(found, bytes) else 2))

@@ -14,9 +14,9 @@ from harness.browser import DRIVER, Browser
 from harness.program import Crawl, copy_program, tree
 from tests.e2e.site_model import SiteModel, clean_link_name, is_wanted
 
-# Sites that no one here wrote: one with many folders and links through "../", one with many pages and
-# pictures, and an old one written by hand. In none do two links lead to one file by different ways of
-# resolving "../": there, what is fetched would depend on which link is met first.
+# Sites of other authors: one with many folders and "../" links, one with many pages and pictures, and an
+# old one written by hand. In none of them do two links lead to one file by different ways of resolving
+# "../"; otherwise, the order of the links would decide what is fetched.
 SITES = {"www.example.test": "/usr/share/doc/python-flask-doc/html",
          "www.second.test": "/usr/share/doc/xapian-doc",
          "www.third.test": "/usr/share/doc/libxml2-doc"}
@@ -49,7 +49,7 @@ def setUpModule():
 
 
 class Mirrors:
-    """What the crawls left behind."""
+    """The results of the crawls."""
 
     models, exits, trees, folders, beside, homes = {}, {}, {}, {}, {}, {}
 
@@ -72,8 +72,8 @@ def search(words, folder):
 
 
 def plain_search(words, files):
-    """The same, by regular expressions on the whole extract. For terms without letters that fold
-    to several."""
+    """The same by regular expressions on the whole extract. The terms must not contain letters that
+    fold to several."""
     terms = [phrase or word for phrase, word in re.findall(r'"([^"]*)"|([^" ]+)', words)]
     any_term = re.compile("|".join(re.escape(t) for t in sorted(terms, key=len, reverse=True)), re.I)
     pages = {}
@@ -92,7 +92,7 @@ class MirrorTest(unittest.TestCase):
         for name, site, _ in CRAWLS:
             yield Mirrors.models[site], Mirrors.trees[name], name
 
-    def test_the_crawl_ends_well(self):
+    def test_every_crawl_succeeds(self):
         for _, _, name in self.each_crawl():
             status, output = Mirrors.exits[name]
             self.assertEqual(status, 0, output)
@@ -103,7 +103,7 @@ class MirrorTest(unittest.TestCase):
             self.assertGreater(len(model.files), 80)
             self.assertEqual(sorted(site_files(files)), sorted(model.files), name)
 
-    def test_every_file_has_the_bytes_that_the_rules_give(self):
+    def test_every_file_has_the_bytes_of_the_model(self):
         for model, files, name in self.each_crawl():
             wrong = [path for path, data in model.files.items() if files.get(path) != data]
             self.assertEqual(wrong, [], name)
@@ -126,18 +126,18 @@ class MirrorTest(unittest.TestCase):
             records = lines(files[f"_SearchData/{host}.txt".encode()])
             pages = [path.decode().lower() for path in model.files
                      if b".htm" in path.lower() or b".tx" in path.lower()]
-            # A page has several records when several addresses led to it.
+            # A page has several records if several addresses led to it.
             self.assertEqual(set(records[0::2]), {"! " + page.replace("/", "\\") for page in pages}, name)
             empty = [page for page, text in zip(records[0::2], records[1::2]) if not text.strip()]
             self.assertEqual(empty, [])
 
-    def test_a_search_finds_what_a_plain_reading_of_the_extract_finds(self):
+    def test_a_search_finds_the_same_as_regular_expressions(self):
         for words in ("a", "Xapian", "the index", '"the database" is', '"=" \\.', "é", "nowhere-at-all"):
             for _, files, name in self.each_crawl():
                 with self.subTest(name=name, words=words):
                     self.assertEqual(search(words, Mirrors.folders[name]), plain_search(words, files))
 
-    def test_nothing_is_written_beside_the_mirror(self):
+    def test_nothing_is_written_outside_the_mirror(self):
         for _, _, name in self.each_crawl():
             self.assertEqual(Mirrors.beside[name], {"mirror", "program", "home"})
             self.assertEqual(Mirrors.homes[name], {})
@@ -166,7 +166,7 @@ class OfflineTest(unittest.TestCase):
             if not address.startswith("file://"):
                 continue
             if written.startswith("/"):
-                found["from the root of the site, which links of a page on disk cannot be"] += 1
+                found["begins at the site's root, which a page on disk cannot reach"] += 1
                 continue
             file, mark, query = address.removeprefix("file://").partition("#")[0].partition("?")
             target = unquote(file)
@@ -184,11 +184,11 @@ def is_page(path, response):
 
 
 def excuse(missing, query, model):
-    """Why a file that a page links to may be missing from the mirror; None when it may not."""
+    """Why a file that a page links to may be missing from the mirror; None if it must not be missing."""
     if not is_wanted(missing):
-        return "missing, its type is not among the wanted ones"
+        return "missing, its type is not wanted"
     if not is_wanted(missing + query):
-        return "missing, its type with the query behind it is not among the wanted ones"
+        return "missing, its type including the query is not wanted"
     if clean_link_name(missing) in model.files:
         return "missing, it was saved under a cleaned name"
     return None

@@ -1,7 +1,7 @@
-"""A second, independent statement of how a mirror follows from a site.
+"""A second, independent implementation of the rules that make a mirror from a site.
 
-Works on bytes, one file after the other, without sockets, timers or disk. The end-to-end tests
-compare what the program wrote with what this model says, byte for byte.
+It works on bytes, one file after the other, without sockets, timers or disk. The end-to-end tests
+compare its results with the program's files, byte for byte.
 """
 
 import posixpath
@@ -10,7 +10,7 @@ import re
 DEFAULT_TYPES = [b".htm", b".html", b".php", b".asp", b".txt", b".gif",
                  b".jpg", b".jpeg", b".png", b".pdf", b".zip", b".css"]
 
-# In this order: an earlier spelling may take away what a later one would have matched.
+# The order matters: an earlier spelling may consume what a later one would match.
 LINK_SPELLINGS = [name + rest for names, endings in (
     ((b"href",), (b" =", b" = ", b"=")),
     ((b"HREF", b"hRef", b"Href", b"hREF"), (b"=", b" = ", b" =", b"= ")),
@@ -40,7 +40,7 @@ def clean_link_name(name):
 def resolve_dot_dot(link):
     while b"/../" in link:
         segments = link[:link.index(b"/../")].split(b"/")
-        if len(segments) > 1:  # what is left of the first "/" is never a segment
+        if len(segments) > 1:  # what precedes the first "/" is never a segment
             link = link.replace(b"/" + segments[-1], b"")
         before, found, after = link.partition(b"/../")
         link = before + b"/" + after if found else link
@@ -48,7 +48,7 @@ def resolve_dot_dot(link):
 
 
 def links_of(response, base):
-    """The absolute links of a page, in the order in which they are met."""
+    """The absolute links of a page, in their order."""
     text = response
     for spelling in LINK_SPELLINGS:
         text = text.replace(spelling, b"href=")
@@ -75,7 +75,7 @@ def links_of(response, base):
 
 
 def is_wanted(link):
-    """Whether what follows the last dot, a query included, is one of the types."""
+    """Whether the text from the last dot on, including a query, is one of the types."""
     lowered = link.lower()
     return b".php?" in lowered or lowered[max(lowered.rfind(b"."), 0):] in DEFAULT_TYPES
 
@@ -85,7 +85,7 @@ def without_scheme(link):
 
 
 class Unanswered(Exception):
-    """Nobody answers what `address` asks for: it never ends well."""
+    """No server answers a request for `address`, so a crawl with it cannot end well."""
 
     def __init__(self, address):
         super().__init__(address)
@@ -93,13 +93,13 @@ class Unanswered(Exception):
 
 
 class SiteModel:
-    """Crawls with one connection. `receive(host, path)` gives what a server answers, header and all.
-    No address with one of the words `filters` in it is fetched but the first; `Unanswered` is raised
-    for one that gets no answer, which is None.
+    """A crawl with one connection. `receive(host, path)` returns a server's answer with its header, or
+    None if there is no answer; then `Unanswered` is raised. An address that contains one of the words in
+    `filters` is not fetched, unless it is the first.
 
-    Afterwards `files` holds path -> bytes relative to the target folder, with "/" between folders,
-    `queued` the addresses in log.txt, `resolved` the pairs in transdd.txt, both in their order, and
-    `original` path -> received bytes.
+    Afterwards, `files` maps paths relative to the target folder, with "/" between folders, to bytes;
+    `queued` has the addresses in log.txt and `resolved` the pairs in transdd.txt, in their order;
+    `original` maps paths to the received bytes.
     """
 
     def __init__(self, start, receive, filters=()):
@@ -181,7 +181,7 @@ class SiteModel:
         return path in self.files or path in self.placeholders or path in self.unwritten
 
     def make_folders(self, path):
-        """Each folder on the way to a file, also one that the way leaves again."""
+        """Creates each folder on the path of a file, including those that the path leaves again."""
         for end in (at for at, letter in enumerate(path) if letter == ord("/")):
             folder = posixpath.normpath(path[:end])
             if self.can_write(folder) and folder not in self.files and folder not in self.placeholders:
@@ -199,7 +199,7 @@ class SiteModel:
         return path not in self.folders and len(name) <= 255 and (folder or b".") in self.folders
 
     def left_placeholders(self):
-        """What lies in the target folder itself: the crawl did not make that, and clears only what it made."""
+        """Those in the target folder itself. A crawl clears only the folders that it created."""
         line = b"This file is queued to be downloaded, or did not download correctly.\r\n"
         return {path: line for path in self.placeholders if b"/" not in path}
 

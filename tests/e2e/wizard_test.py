@@ -1,4 +1,4 @@
-"""One user's whole way, from the first start to browsing the copy, with nothing but key presses."""
+"""Follows a user who has only a keyboard, from the first start to browsing the copy."""
 
 import shutil
 import time
@@ -25,7 +25,7 @@ class WizardTest(unittest.TestCase):
     def setUp(self):
         self.folder = private_network.scratch("wizard")
         write_site(self.folder / "site")
-        # Slow enough for what a user does in the middle of a crawl.
+        # Slow enough for actions in the middle of a crawl.
         nginx = private_network.scratch("nginx")
         self.enterContext(web.nginx(nginx, {SITE: self.folder / "site"}, "limit_rate 2k;"))
         self.access_log = nginx / "access.log"
@@ -70,18 +70,18 @@ class WizardTest(unittest.TestCase):
         press("Tab", "space")
         await_window("Keyword Filters")
         enter("/ads/")
-        press("shift+Tab", "space")  # the last stop is "Close"
+        press("shift+Tab", "space")  # the last control is "Close"
         await_window(WIZARD)
 
     def enter(self, text):
         self.desktop.type(text)
         self.desktop.press("Return")
 
-    def test_from_the_first_start_on(self):
+    def test_two_downloads_by_keyboard(self):
         press, await_window = self.desktop.press, self.desktop.await_window
         running = self.start()
         self.fill_in_the_wizard()
-        press("Tab", "Tab", "Return")  # past "Close", round to the address
+        press("Tab", "Tab", "Return")  # past "Close" and round to the address
         self.await_first_file()
         self.pause()
         await_window("Done.")
@@ -94,7 +94,7 @@ class WizardTest(unittest.TestCase):
 
         shutil.rmtree(self.mirror)
         running = self.start()
-        press("Return")  # nothing but what the first run has stored
+        press("Return")  # with what the first run has stored
         self.await_first_file()
         self.stop()
         await_window(WIZARD)
@@ -133,7 +133,7 @@ class WizardTest(unittest.TestCase):
             desktop.press("alt+n")
             desktop.await_window(MAIN)
 
-    def test_a_download_after_one_that_was_killed(self):
+    def test_removes_the_placeholders_of_a_killed_download(self):
         def crawl():
             running = self.start()
             self.desktop.type(SITE)
@@ -148,7 +148,7 @@ class WizardTest(unittest.TestCase):
         running.wait()
         outside = self.folder / "outside/theirs.html.tmp"
         outside.parent.mkdir()
-        # A kill may leave a placeholder without its text, which is taken for one of the user's files.
+        # A kill may leave a placeholder without its text, which then counts as the user's file.
         left = [path for path in self.mirror.rglob("*.html.tmp") if path.read_bytes()]
         self.assertTrue(left)
         shutil.copy(left[0], outside)
@@ -158,14 +158,14 @@ class WizardTest(unittest.TestCase):
         self.desktop.press("Tab")  # While there is nothing to press, the folder's box would take the letter.
 
         def removed():
-            """The wizard looks when nobody has typed for a while, and then has what Alt+R presses."""
+            """The wizard searches after a pause in typing, and then shows the link that Alt+R presses."""
             self.desktop.press("alt+r")
             time.sleep(1)
             if self.desktop.run("xdotool", "getwindowfocus", "getwindowname") == "Unfinished Files":
                 self.desktop.press("alt+y")
             return not any(path.exists() for path in left)
 
-        wait_until(removed, what="the end of the unfinished files")
+        wait_until(removed, what="the removal of the unfinished files")
         self.desktop.await_window(WIZARD)
         self.assertTrue(outside.exists())
         time.sleep(1)
@@ -181,7 +181,7 @@ class WizardTest(unittest.TestCase):
         wait_until(self.saved, what="the first file")
 
     def pause(self):
-        """While paused, what is under way ends and nothing new is asked for."""
+        """While paused, running downloads end and no new ones start."""
         self.desktop.press("alt+s", "Return")
         self.desktop.await_window("Paused")
         wait_until(lambda: time.time() - self.access_log.stat().st_mtime > 4, what="a quiet server")
@@ -189,7 +189,7 @@ class WizardTest(unittest.TestCase):
         self.desktop.press("Return")
 
     def stop(self):
-        self.desktop.press("Tab")  # round from the queue to the first control that is enabled
+        self.desktop.press("Tab")  # from the queue round to the first enabled control
         for answer in ("alt+n", "alt+y"):
             self.desktop.await_window(MAIN)
             self.desktop.press("space")

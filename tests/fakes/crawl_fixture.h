@@ -14,8 +14,7 @@
 
 namespace fakes {
 
-/// The engine with everything around it in memory: system, window, virtual time and, where wanted,
-/// servers.
+/// The engine with an in-memory system, window and network, in virtual time.
 class CrawlTest : public testing::Test {
   protected:
     CrawlTest() {
@@ -35,7 +34,7 @@ class CrawlTest : public testing::Test {
             crawl::List1.AddItem(address);
     }
 
-    /// Lets the server of `slot` accept, respond with `body` and close.
+    /// The server of `slot` accepts the connection, responds with `body` and closes.
     void Respond(int slot, const std::string& body) {
         window.Sock(slot).PeerAccepts();
         loop.RunUntilIdle();
@@ -44,12 +43,12 @@ class CrawlTest : public testing::Test {
         loop.RunUntilIdle();
     }
 
-    /// What the mirror of site.com has under this name, or "(none)".
+    /// The contents of this file in the mirror of site.com, or "(none)".
     std::string Saved(const std::string& name) const {
         return system.files.At("C:\\Websites\\site.com\\" + name);
     }
 
-    /// An empty disk with the list of wanted file types.
+    /// Leaves only the list of wanted file types on the disk.
     void BlankDisk() {
         system.files.files.clear();
         system.files.folders = {"c:", "z:"};

@@ -7,8 +7,7 @@
 
 namespace fakes {
 
-/// A system in memory but for its files, which lie in a folder on the disk. Installed while it
-/// lives.
+/// An in-memory system with real files in a temporary folder. It is installed as long as it exists.
 struct DiskSystem {
     DiskSystem() { platform::InstallSystem(&services_); }
     DiskSystem(const DiskSystem&) = delete;

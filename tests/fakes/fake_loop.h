@@ -19,23 +19,23 @@ class FakeLoop : public platform::EventLoop {
   public:
     using Handler = std::function<void()>;
 
-    /// Milliseconds since the loop was made.
+    /// Milliseconds since the loop was created.
     std::int64_t Now() const { return now_; }
 
     /// Runs `event` in the next iteration, after everything posted before it.
     void Post(Handler event) { arrivals_.emplace(posted_++, std::move(event)); }
-    /// Runs `event` in so many milliseconds, as a timer: what has been posted by then goes first,
-    /// however long the timer has been due.
+    /// Runs `event` after this many milliseconds, as a timer does: events posted by then run first,
+    /// no matter how long the timer has been due.
     void PostIn(std::int64_t milliseconds, Handler event) {
         timers_.emplace(std::pair(now_ + milliseconds, posted_++), std::move(event));
     }
 
-    /// Lets time pass without running anything, like a handler that takes long.
+    /// Lets time pass without running events, like a slow handler.
     void Block(std::int64_t milliseconds) { now_ += milliseconds; }
 
-    /// Lets time pass, running everything that falls due in the order of its time.
+    /// Lets time pass and runs all events that become due, in order of time.
     void Advance(std::int64_t milliseconds) { RunTo(now_ + milliseconds); }
-    /// Runs everything that is due now, also what these events post, without time passing.
+    /// Runs all events that are due now, including those that they post. No time passes.
     void RunUntilIdle() { RunTo(now_); }
 
     void DoEvents() override { Yield(); }
@@ -47,7 +47,7 @@ class FakeLoop : public platform::EventLoop {
     void AtYield(int nth, Handler script) { scripts_.emplace(yields_ + nth, std::move(script)); }
 
   private:
-    using Number = std::uint64_t;  // among all that was posted
+    using Number = std::uint64_t;  // in the order of posting
 
     /// The next event due by `time` that was posted before number `posted_before`.
     std::optional<Handler> TakeDue(std::int64_t time, Number posted_before) {
@@ -67,10 +67,10 @@ class FakeLoop : public platform::EventLoop {
     void RunTo(std::int64_t time) {
         constexpr auto kAll = std::numeric_limits<Number>::max();
         int left = 10'000'000;
-        // An event may have let more time pass than was asked for here.
+        // An event may itself have let time pass beyond `time`.
         while (auto event = TakeDue(std::max(time, now_), kAll)) {
             (*event)();
-            if (--left == 0) throw std::logic_error("the events never come to an end");
+            if (--left == 0) throw std::logic_error("the events never end");
         }
         now_ = std::max(now_, time);
     }
@@ -79,7 +79,7 @@ class FakeLoop : public platform::EventLoop {
         ++yields_;
         while (const auto script = scripts_.extract(yields_))
             script.mapped()();
-        // What these events post is left for the next iteration, as in a real loop.
+        // As in a real loop, events that these events post wait for the next iteration.
         const Number posted_before = posted_;
         while (auto event = TakeDue(now_, posted_before))
             (*event)();

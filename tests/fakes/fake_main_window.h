@@ -16,9 +16,9 @@
 
 namespace fakes {
 
-/// The main window without a screen: sockets and timers are the in-memory ones, texts are kept for
-/// the test to read. A reload really destroys the old controls, so the address sanitizer sees
-/// whoever touches them afterwards.
+/// The main window without a screen: sockets and timers are in memory, and texts are kept for the
+/// test to read. A reload really destroys the old controls, so that the address sanitizer finds any
+/// later use of them.
 class FakeMainWindow : public engine::MainWindow {
   public:
     struct Row {
@@ -57,7 +57,7 @@ class FakeMainWindow : public engine::MainWindow {
     void ShowList1() override { list1_shown = true; }
     void ShowCleaningUp() override {}
     void ShowPauseDialog() override { ++pause_dialogs; }
-    /// Connects all sockets, also those of later loads, to in-memory servers.
+    /// Connects all sockets, including those of later loads, to in-memory servers.
     void JoinNetwork(FakeNetwork& network) {
         network_ = &network;
         for (int i = 1; i <= crawl::kSlotCount; ++i)

@@ -10,8 +10,8 @@
 
 namespace fakes {
 
-/// Web servers for `FakeSocket`s: each accepts, answers one GET and closes. Hosts without any
-/// address refuse the connection; an unknown path of a known host is answered with a 404.
+/// Web servers for `FakeSocket`s. A server accepts a connection, answers one GET and closes. A host
+/// without any address refuses the connection; an unknown path of a known host gets a 404.
 class FakeNetwork {
   public:
     virtual ~FakeNetwork() = default;
@@ -33,7 +33,7 @@ class FakeNetwork {
         socket.peer_on_data = [this](FakeSocket& peer) { Respond(peer); };
     }
 
-    /// The addresses asked for so far, in order.
+    /// The addresses requested so far, in order.
     const std::vector<std::string>& requests() const { return requests_; }
 
   private:

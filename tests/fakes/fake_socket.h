@@ -10,11 +10,11 @@
 
 namespace fakes {
 
-/// A socket whose peer is the test. What the peer does reaches the socket through the loop, as it
-/// does on a network.
+/// A socket whose peer is the test. The peer's actions reach the socket through the loop, as on a
+/// network.
 class FakeSocket : public platform::Socket {
   public:
-    /// What one `on_data` reads at most.
+    /// The most bytes that one `on_data` can read.
     static constexpr std::size_t kMostPerEvent = 256 * 1024;
 
     explicit FakeSocket(FakeLoop& loop) : loop_(loop) {}
@@ -53,12 +53,12 @@ class FakeSocket : public platform::Socket {
         return state_ == platform::SocketState::Error ? failure_ : platform::SocketFailure::None;
     }
 
-    /// Where the last `Connect` went, and what was sent since.
+    /// The target of the last `Connect`, and the bytes sent since.
     const std::string& host() const { return host_; }
     std::uint16_t port() const { return port_; }
     const std::string& sent() const { return sent_; }
 
-    /// The peer's side of the present connection. Without one, nothing happens.
+    /// The peer's side of the current connection. These calls do nothing if there is none.
     void PeerAccepts() {
         Post([this] {
             state_ = platform::SocketState::Connected;
@@ -82,13 +82,13 @@ class FakeSocket : public platform::Socket {
         PostCheck();
     }
 
-    /// For a peer that acts by itself: told of each `Connect` and of each `SendData`.
+    /// For a peer that acts by itself: called after each `Connect` and each `SendData`.
     std::function<void(FakeSocket&)> peer_on_connect;
     std::function<void(FakeSocket&)> peer_on_data;
 
   private:
-    /// One connection. The socket alone owns it, so an event that finds it alive knows that the
-    /// socket is alive and still in that connection.
+    /// One connection. Only the socket owns it, so if an event finds it alive, the socket is alive
+    /// and still has this connection.
     struct Connection {
         std::string on_the_way;
         std::string waiting;
@@ -139,7 +139,7 @@ class FakeSocket : public platform::Socket {
         Raise(on_data);
     }
 
-    /// Calls a handler, then looks for what came meanwhile.
+    /// Calls a handler, then checks for what has arrived meanwhile.
     void Raise(std::function<void()> handler) {
         const std::weak_ptr<Connection> raised_in = connection_;
         connection_->in_handler = true;

@@ -17,7 +17,7 @@
 
 namespace fakes {
 
-/// Answers message boxes from queues and keeps what was asked.
+/// Answers message boxes from queues and records them.
 class ScriptedBoxes : public platform::MessageBoxes {
   public:
     struct Asked {
@@ -27,11 +27,11 @@ class ScriptedBoxes : public platform::MessageBoxes {
         bool operator==(const Asked&) const = default;
     };
     std::vector<Asked> asked;
-    std::deque<platform::BoxAnswer> answers;  ///< without one: Ok, or No where that is a button
+    std::deque<platform::BoxAnswer> answers;  ///< if empty: No if offered, otherwise Ok
     std::vector<std::pair<std::string, std::string>> inputs_asked;  ///< prompt and title
-    std::deque<std::string> inputs;                                 ///< without one: ""
-    std::function<void()> while_open;  ///< what happens behind an open box
-    int waits = 0;                     ///< how many boxes came by themselves
+    std::deque<std::string> inputs;                                 ///< if empty: ""
+    std::function<void()> while_open;                               ///< runs while a box is open
+    int waits = 0;                                                  ///< calls of `AwaitAttention`
 
     platform::BoxAnswer MsgBox(const std::string& message, platform::BoxStyle style,
                                const std::string& title) override {
@@ -80,7 +80,7 @@ class RecordedProcesses : public platform::ProcessStarter {
     }
 };
 
-/// Gives a canned text for every page and keeps the pages that it was given.
+/// Returns the same text for every page and records the pages.
 class CannedPageText : public platform::PageText {
   public:
     std::string text = "page text";
@@ -94,7 +94,7 @@ class CannedPageText : public platform::PageText {
     }
 };
 
-/// A loop in which nothing ever waits.
+/// A loop that never has a pending event.
 class IdleLoop : public platform::EventLoop {
   public:
     void DoEvents() override {}
@@ -108,8 +108,8 @@ inline std::vector<std::string> Items(const crawl::ListItems& list) {
     return items;
 }
 
-/// A whole system in memory, installed while it lives. It begins with the crawl's variables, the
-/// mirror's memory and the keyword filters as a fresh process has them.
+/// An in-memory system, installed as long as it exists. It starts with the crawl's variables, the
+/// mirror's memory and the keyword filters of a new process.
 struct FakeSystem {
     FakeSystem() : FakeSystem(nullptr) {}
     explicit FakeSystem(platform::EventLoop& loop) : FakeSystem(&loop) {}

@@ -27,7 +27,7 @@ class FakeTimer : public platform::Timer {
     bool Enabled() const { return enabled_; }
 
   private:
-    struct Run {};  // lives as long as the ticks of one start are wanted
+    struct Run {};  // exists as long as the ticks of one start are wanted
 
     void Restart() {
         run_.reset();

@@ -15,23 +15,23 @@
 
 namespace fakes {
 
-/// A case-sensitive file system in memory. Files and folders are kept under their resolved texts,
-/// as in "c:\mirror\site.com" ("z:" is the root of a path that begins with "\").
+/// A case-sensitive file system in memory. The keys of files and folders are resolved paths, such
+/// as "c:\mirror\site.com" ("z:" is the root of a path that begins with "\").
 class MemoryFiles : public platform::Files {
   public:
     std::map<std::string, std::string> files;
     std::set<std::string> folders{"c:", "z:", "c:\\program"};
 
-    // Faults to order.
-    bool disk_full = false;                     ///< nothing can be written or made
-    std::set<std::string> refused;              ///< resolved texts that cannot be written or made
-    std::set<std::string> read_only;            ///< folders in which nothing is written or made
-    std::set<std::string> unreadable;           ///< files and folders that cannot be opened
-    std::function<void(std::string)> on_write;  ///< told the resolved text before every write
-    std::function<void(std::string)> on_look;   ///< told it whenever something is asked or made
-    std::function<void()> on_sweep;             ///< told before files go by the end of their names
+    // Faults that a test can set.
+    bool disk_full = false;            ///< nothing can be written or created
+    std::set<std::string> refused;     ///< resolved paths that cannot be written or created
+    std::set<std::string> read_only;   ///< folders in which nothing can be written or created
+    std::set<std::string> unreadable;  ///< files and folders that cannot be opened
+    std::function<void(std::string)> on_write;  ///< gets the resolved path before each write
+    std::function<void(std::string)> on_look;   ///< gets it before each query or creation
+    std::function<void()> on_sweep;             ///< runs before files are deleted by suffix
 
-    /// Sets the scene: makes a folder with all its parents, or a file in such a folder.
+    /// Sets up a folder with all its parents, or a file in such a folder.
     void Have(std::string_view folder) {
         for (std::string f = Key(folder); folders.insert(f).second;)
             f = Parent(f);
@@ -40,7 +40,7 @@ class MemoryFiles : public platform::Files {
         Have(Parent(Key(path)));
         files[Key(path)] = contents;
     }
-    /// The contents of a file; "(none)" when it is not there.
+    /// The contents of a file; "(none)" if it does not exist.
     std::string At(std::string_view path) const { return ReadFile(path).value_or("(none)"); }
 
     std::string ProgramFolder() const override { return "c:\\program"; }
@@ -123,7 +123,7 @@ class MemoryFiles : public platform::Files {
         if (!claimed->insert(Key(folder)).second) return nullptr;
         return std::make_unique<Claim>(claimed, Key(folder));
     }
-    /// The folders that are claimed; a test adds one that another program has.
+    /// The claimed folders. A test may add one as if another program had claimed it.
     std::shared_ptr<std::set<std::string>> claimed = std::make_shared<std::set<std::string>>();
 
   private:
@@ -155,7 +155,7 @@ class MemoryFiles : public platform::Files {
         std::shared_ptr<std::set<std::string>> claimed;
         std::string folder;
     };
-    /// "" for what is no path, which is never there.
+    /// "" for an invalid path; no file or folder has this key.
     static std::string Key(std::string_view path) {
         return platform::ResolvePathText(path).value_or("");
     }

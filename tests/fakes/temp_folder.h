@@ -9,7 +9,7 @@
 
 namespace fakes {
 
-/// A folder on the system's disk that is empty at first and gone at the end.
+/// An empty folder on the system's disk; the destructor deletes it.
 class TempFolder {
   public:
     TempFolder() {

@@ -15,8 +15,8 @@
 #include "tests/fakes/fake_main_window.h"
 #include "tests/fakes/fake_system.h"
 
-/// Forms as real widgets, over a system and a main window in memory. Controls are found by name and
-/// worked with keys and clicks.
+/// Forms as real widgets, on an in-memory system and main window. Tests find controls by name and
+/// operate them with keys and clicks.
 class FormTest : public testing::Test {
   protected:
     template <typename Control>
@@ -32,7 +32,7 @@ class FormTest : public testing::Test {
     static void Click(QWidget& form, const char* name) {
         QTest::mouseClick(Find<QPushButton>(form, name), Qt::LeftButton);
     }
-    /// Replaces the text of a box by typing another one.
+    /// Types `text` in place of the box's text.
     static void Retype(QWidget* box, const QString& text) {
         QTest::keySequence(box, QKeySequence::SelectAll);
         QTest::keyClick(box, Qt::Key_Delete);
@@ -45,14 +45,14 @@ class FormTest : public testing::Test {
             items.push_back(platform::ToBytes(list->item(i)->text()));
         return items;
     }
-    /// What the last message box said.
+    /// Expects this to be the last message box.
     void ExpectAsked(const char* message, platform::BoxStyle style, const char* title) {
         ASSERT_FALSE(system.boxes.asked.empty());
         EXPECT_EQ(system.boxes.asked.back().message, message);
         EXPECT_EQ(system.boxes.asked.back().style, style);
         EXPECT_EQ(system.boxes.asked.back().title, title);
     }
-    /// Lets dialogs that deleted themselves really go.
+    /// Destroys dialogs that have called `deleteLater`.
     static void RunDeletions() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

@@ -12,16 +12,16 @@
 #include <utility>
 #include <vector>
 
-/// A name server on this machine, on the test's own event loop. What it does with a name, the first
-/// part of the name says:
-///   silent   says nothing
-///   half     says nothing when asked for an IPv6 address
-///   late     says nothing the first time
+/// A name server on this machine, on the test's event loop. The first part of a name determines the
+/// answer:
+///   silent   no answer
+///   half     no answer when asked for an IPv6 address
+///   late     no answer the first time
 ///   no       there is no such name
-///   six      has an IPv6 address only
-///   big      must be asked over TCP
-///   two      has two addresses of this machine, 127.0.0.2 before the usual one
-/// Every name has the address of this machine.
+///   six      an IPv6 address only
+///   big      only over TCP
+///   two      two addresses of this machine, 127.0.0.2 before the usual one
+/// All addresses are those of this machine.
 class NameServer {
   public:
     NameServer() {
@@ -37,14 +37,14 @@ class NameServer {
         });
     }
 
-    /// As the resolver takes it.
+    /// In the form that the resolver takes.
     std::string Address() const { return "127.0.0.1:" + std::to_string(udp_->localPort()); }
 
-    /// How often a name has been asked for, each of the two families for itself.
+    /// The number of questions for each name. Each address family counts separately.
     std::map<std::string, int> asked;
 
   private:
-    // Where the answers begin, and the low bytes of two counts before them.
+    // The length of the header, and the positions of the low bytes of two counts in it.
     static constexpr std::size_t kHeader = 12, kAnswers = 7, kAdditionalRecords = 11;
     static constexpr char kIPv4 = 1, kIPv6 = 28;  // kinds of question
     static constexpr char kNoSuchName = 3;
@@ -61,7 +61,7 @@ class NameServer {
         }
     }
 
-    /// Over TCP two bytes of length stand before each message. All that are sent here are short.
+    /// Over TCP, each message begins with its length in two bytes. All messages here are short.
     void AnswerTcp(QTcpSocket& client) {
         while (client.bytesAvailable() > 0) {
             const std::string length = client.read(2).toStdString();
@@ -82,8 +82,8 @@ class NameServer {
         const auto is = [&](std::string_view rule) { return name.starts_with(rule); };
         if (is("silent") || (is("half") && kind == kIPv6) || (is("late") && times <= 2)) return "";
 
-        // The question comes back with the header's flags and counts filled in, and without the
-        // additional record that newer resolvers put behind it; answers follow.
+        // The reply repeats the question, with the header's flags and counts filled in and without
+        // the additional record that newer resolvers append. The answers follow.
         std::string reply = question.substr(0, at + 5);
         const bool cut = is("big") && !tcp;
         const bool has = !cut && !is("no") && is("six") == (kind == kIPv6);

@@ -10,7 +10,7 @@
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_timer.h"
 
-/// Letting real time pass in a test. Deadlines are so long that only a fault meets them.
+/// Lets real time pass in a test. The deadline is so long that only a fault reaches it.
 namespace real {
 
 class Clock {
@@ -32,7 +32,7 @@ class Clock {
         const std::int64_t end = Now() + milliseconds;
         RunUntil([&] { return Now() >= end; });
     }
-    /// Lets time pass without events, like a handler that takes long.
+    /// Lets time pass without events, like a slow handler.
     void Block(std::int64_t milliseconds) const {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
     }

@@ -19,10 +19,10 @@
 #include "ui/frm_main.h"
 #include "ui/window_holder.h"
 
-/// The real window with real sockets, on a system in memory.
+/// The real window with real sockets, on an in-memory system.
 namespace bench {
 
-/// A real socket for which every host is this machine at one port.
+/// A real socket that connects to one port of this machine, whatever the host.
 class LocalSocket : public platform::Socket {
   public:
     explicit LocalSocket(std::uint16_t port) : port_(port) {
@@ -88,11 +88,11 @@ class WindowTest : public testing::Test {
     }
     void Choose(const char* menu_entry) { The<QAction>(menu_entry).trigger(); }
 
-    std::map<std::string, std::string> pages;  ///< what the web serves by path; else it is silent
+    std::map<std::string, std::string> pages;  ///< by path; the server is silent for others
     platform::QtEventLoop events;
     fakes::FakeSystem system{events};
     int wizards = 0;
-    std::function<void()> in_wizard = [] {};  ///< what happens while the wizard is open
+    std::function<void()> in_wizard = [] {};  ///< runs while the wizard is open
     ui::WindowHolder holder{
         events,
         {[this](QWidget&) {

@@ -12,7 +12,7 @@ NO_RESET = "Wine tells of a reset as of a close in good order"
 NO_FONT = "Qt's offscreen platform finds no fonts under Wine; window_check shows them"
 SKIPPED = {
     "InnerText.Encodings": "Wine has no code pages for ISO-2022-JP and GB18030",
-    "Qt/SocketContract/0.AResetIsNoClose": NO_RESET,
+    "Qt/SocketContract/0.DoesNotTakeAResetForAClose": NO_RESET,
     "QtSocketTest.AResetThatSendingMeetsIsNoClose": NO_RESET,
     "WizardTest.GrowsWithTheFontOfTheDesktop": NO_FONT,
     "ElidedText.KeepsBothEndsOfAnAddress": NO_FONT,
