@@ -18,7 +18,7 @@ struct Case {
 };
 using Table = std::vector<Case>;
 
-/// Also for the routines that store the result back.
+/// For routines that return the result, and for those that store it in their argument, too.
 template <typename Argument>
 void ExpectMaps(std::string (*routine)(Argument), const Table& table) {
     for (const Case& c : table) {
@@ -28,7 +28,7 @@ void ExpectMaps(std::string (*routine)(Argument), const Table& table) {
     }
 }
 
-TEST(AddressesTest, PartsOfAddresses) {
+TEST(AddressesTest, TrimsCutsAndConverts) {
     ExpectMaps(LowerTrim, {{"  A b ", "a b"}, {"\tA", "\ta"}});
     ExpectMaps(LastChar, {{"abc ", " "}, {"   ", ""}, {"", ""}, {" /", "/"}});
     ExpectMaps(GetExtension, {{"site.com/dir/file", ".com/dir/file"}, {"file", "file"}});
@@ -50,19 +50,19 @@ TEST(AddressesTest, PartsOfAddresses) {
     EXPECT_FALSE(EndsWithSlash("a/ "));
 }
 
-TEST(AddressesTest, DotDot) {
+TEST(AddressesTest, ResolvesDotDot) {
     ExpectMaps(CutDotDotOnce,
                {{"a\\..\\..\\b", "a/../b"}, {"a\\b", "a/b"}, {"a/..b", "a/..b"}, {"/../", "/"}});
     ExpectMaps(ResolveDotDot, {{"site.com\\a/b/../../c.html", "site.com/c.html"},
-                               // Every other occurrence of the segment goes too.
+                               // Every other occurrence of the segment is removed, too.
                                {"site.com/bar/b/../y", "site.comar/y"},
-                               // No segment before it: only the "../" goes.
+                               // Without a segment before it, only the "../" is removed.
                                {"site.com/../x", "site.com/x"},
                                {"/../../x", "/x"},
                                {"a/b/..", "a/b/.."},
-                               // The segment "/" takes every slash along.
+                               // Removing the segment "/" removes every slash.
                                {"a//../b/c", "a..bc"},
-                               // The segment "/." takes the ".." apart.
+                               // Removing the segment "/." breaks the ".." apart.
                                {"a/./../b", "a./b"}});
 }
 
@@ -77,7 +77,7 @@ TEST(AddressesTest, ResolvingAlwaysEnds) {
         ASSERT_FALSE(text::Contains(ResolveDotDot(s), "/../")) << s;
     }
 
-    // Much longer than any.
+    // Much longer than any real address.
     std::string down = "site.com", up;
     for (int i = 0; i < 2000; ++i) {
         down += "/d" + std::to_string(i);

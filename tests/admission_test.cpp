@@ -67,7 +67,7 @@ TEST_F(AdmissionTest, QueuesListsOrDrops) {
     }
 }
 
-TEST_F(AdmissionTest, NothingClimbsOutOfAHost) {
+TEST_F(AdmissionTest, DropsLinksThatClimbOutOfAHost) {
     for (const std::string end :
          {"info", "tk", "uk", "au", "mil", "gov", "edu", "org", "net", "com"}) {
         Admit("site.com." + end + "/../x.html");
@@ -88,7 +88,7 @@ TEST_F(AdmissionTest, FiltersMatchAnywhereInAnyCaseAndAfterResolving) {
               "site.com/ads/../c.gif\r\nsite.com/c.gif\r\n\r\n");
 }
 
-TEST_F(AdmissionTest, QueueComesFirstThenPlaceholderThenLogThenOneYield) {
+TEST_F(AdmissionTest, QueuesThenWritesPlaceholderAndLogThenYieldsOnce) {
     std::string steps;
     crawl::List1.on_change = [&] { steps += crawl::List1.Item(0) + "\n"; };
     system_.files.on_write = [&](const std::string& path) { steps += path + "\n"; };
@@ -104,10 +104,10 @@ TEST_F(AdmissionTest, AnyOfThreeFilesMakesALinkKnown) {
         system_.files.Have(std::string("c:\\Mirror\\site.com\\") + file, "");
         Admit("www.site.com/" + std::string(file, 5));
     }
-    EXPECT_TRUE(crawl::List2.Empty()) << "where else what is no wanted file type goes";
+    EXPECT_TRUE(crawl::List2.Empty()) << "a link that is not known would be listed";
 }
 
-TEST_F(AdmissionTest, NothingOutsideTheFolderIsLookedAt) {
+TEST_F(AdmissionTest, LooksAtNothingOutsideTheFolder) {
     for (const char* name : {"there", "late"}) {
         system_.files.Have(std::string("c:\\outside\\") + name + ".html", "");
     }
@@ -121,10 +121,10 @@ TEST_F(AdmissionTest, NothingOutsideTheFolderIsLookedAt) {
         Admit(link);
         Admit(link);
     }
-    EXPECT_EQ(crawl::List1.Count(), links.size()) << "each once, whatever is there";
+    EXPECT_EQ(crawl::List1.Count(), links.size()) << "each once, whether its file exists or not";
 }
 
-TEST_F(AdmissionTest, AFolderIsNoFile) {
+TEST_F(AdmissionTest, AFolderDoesNotMakeALinkKnown) {
     system_.files.Have("C:\\Mirror\\site.com\\x.html\\");
     Admit("site.com/x.html");
     Admit("site.com/x.html");
@@ -132,11 +132,11 @@ TEST_F(AdmissionTest, AFolderIsNoFile) {
     std::string address = "\\site.com/x.html";
     bas_Output::SaveFile("\r\n\r\npage", address, 1);
     Admit("site.com/x.html");
-    EXPECT_EQ(crawl::List1.Count(), 1u) << "it cannot be saved, and is not asked for again";
+    EXPECT_EQ(crawl::List1.Count(), 1u) << "it cannot be saved, and is not queued again";
 }
 
-TEST_F(AdmissionTest, LinksThatGrowForEverEndAndNoneCostsMuchMore) {
-    // Folders that can be made, one that cannot, and two whose names are near "." and "..".
+TEST_F(AdmissionTest, LinksThatGrowForEverEndAndCostNoMoreEach) {
+    // Folders that can be created, one that cannot, and two with names similar to "." and "..".
     for (const auto& name :
          {std::string(20, 'd') + "/", std::string(290, 'd') + "/", "d/.*/e/"s, "d/..e/"s}) {
         BeginCrawl("C:\\Mirror\\");
@@ -155,8 +155,8 @@ TEST_F(AdmissionTest, LinksThatGrowForEverEndAndNoneCostsMuchMore) {
     }
 }
 
-TEST_F(AdmissionTest, ALinkIsQueuedOnceAlsoWhereItsNameIsNotTheOneWritten) {
-    // "www." goes from everything that is written, wherever it comes from.
+TEST_F(AdmissionTest, QueuesALinkOnceEvenIfItsFileHasAnotherName) {
+    // "www." is removed from every written path, wherever it comes from.
     BeginCrawl("C:\\www.mirror\\");
     for (const char* link : {"site.com/a.html", "site.com/w{ww.x.html"}) {
         Admit(link);

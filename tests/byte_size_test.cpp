@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(ByteSize, GivesThreeDigitsCutNotRounded) {
+TEST(ByteSize, TruncatesToThreeDigits) {
     const struct {
         std::int32_t bytes;
         const char* text;

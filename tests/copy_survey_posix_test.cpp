@@ -12,7 +12,7 @@ namespace {
 
 using bas_Output::CopySurvey;
 
-/// Walks to the end; `in_between` is called after each step.
+/// Runs the survey to its end. Calls `in_between` after each step.
 CopySurvey Remove(const std::string& folder, const std::function<void()>& in_between = nullptr) {
     CopySurvey survey(folder, CopySurvey::Placeholders::Remove);
     while (survey.Step()) {
@@ -32,7 +32,7 @@ class CopySurveyOnDisk : public testing::Test {
     const std::string site = system.folder.Text() + "\\site.com";
 };
 
-TEST_F(CopySurveyOnDisk, FollowsNoLink) {
+TEST_F(CopySurveyOnDisk, FollowsNoSymbolicLink) {
     Have("site.com/in/own.tmp");
     Have("outside/safe.tmp");
     std::filesystem::create_symlink("../outside", root / "site.com/folder");

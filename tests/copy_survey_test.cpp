@@ -18,7 +18,7 @@ const std::string kPlaceholder = std::string(bas_Output::kPlaceholderText) + "\r
 
 class CopySurveyTest : public testing::Test {
   protected:
-    /// Files, placeholders that stay, placeholders that were removed.
+    /// The numbers of files, remaining placeholders and removed placeholders.
     static std::tuple<std::int64_t, std::int64_t, std::int64_t> Walk(const std::string& folder,
                                                                      Placeholders placeholders) {
         CopySurvey survey(folder, placeholders);
@@ -47,7 +47,7 @@ TEST_F(CopySurveyTest, KnowsTheFolderOfAHost) {
         EXPECT_EQ(bas_Output::HostFolder(c.target, c.host), c.folder) << c.target << c.host;
 }
 
-TEST_F(CopySurveyTest, CountsFilesAndRemovesPlaceholdersByTheirTextOfThatHostAlone) {
+TEST_F(CopySurveyTest, CountsFilesAndRemovesOnlyTheHostsPlaceholdersByTheirText) {
     files.Have("c:\\m\\site.com\\index.html", "x");
     files.Have("c:\\m\\site.com\\a\\b\\c.html", "x");
     files.Have("c:\\m\\site.com\\a\\empty", "");
@@ -69,7 +69,7 @@ TEST_F(CopySurveyTest, CountsFilesAndRemovesPlaceholdersByTheirTextOfThatHostAlo
     EXPECT_EQ(Walk("c:\\m\\nowhere.com", Placeholders::Remove), std::tuple(0, 0, 0));
 }
 
-TEST_F(CopySurveyTest, LooksAtOneThingInAStep) {
+TEST_F(CopySurveyTest, LooksAtOneEntryPerStep) {
     for (int i = 0; i < 200; ++i)
         files.Have("c:\\m\\site.com\\" + std::to_string(i) + ".html.tmp", kPlaceholder);
     int looks = 0;

@@ -16,7 +16,7 @@ class Crawl : public fakes::CrawlTest {
   protected:
     void SetUp() override { window.JoinNetwork(network); }
 
-    /// What a whole crawl of site.com into an empty folder saves.
+    /// The files that a whole crawl of site.com saves into an empty folder.
     Mirror CrawlAfresh(const char* connections = "4") {
         window.Reload();
         BlankDisk();
@@ -25,7 +25,7 @@ class Crawl : public fakes::CrawlTest {
         Start("site.com");
         for (int seconds = 0; seconds < 600 && !window.start_enabled; ++seconds)
             loop.Advance(1000);
-        EXPECT_EQ(system.boxes.asked.size(), 1U) << "the crawl does not come to an end";
+        EXPECT_EQ(system.boxes.asked.size(), 1U) << "the crawl does not end";
         Mirror saved = system.files.files;
         // The order of the records is the order of arrival, which may differ.
         std::erase_if(saved, [](const auto& file) { return file.first.ends_with(".txt"); });
@@ -53,12 +53,12 @@ TEST_F(Crawl, SavesTheSiteOnceWithAnyNumberOfConnections) {
                                      site + "dir\\index.html", site + "dir\\b.html",
                                      site + "dir\\c.php_x=1.html", site + "dir\\gone.html"}));
     EXPECT_EQ(saved.at(site + "dir\\gone.html"), "Not found.\r\n");
-    EXPECT_EQ(network.requests().size(), names.size()) << "each file is asked for once";
+    EXPECT_EQ(network.requests().size(), names.size()) << "each file is requested once";
     for (const char* connections : {"1", "24"})
         EXPECT_EQ(CrawlAfresh(connections), saved) << connections;
 }
 
-TEST_F(Crawl, PagesThatLeadToThemselvesEnd) {
+TEST_F(Crawl, ACrawlOfPagesThatLinkToThemselvesEnds) {
     const char* pages[] = {"<meta http-equiv=refresh content='0; url=http://www.site.com/'>",
                            "<a href='w{ww.x.html'><a href='w*ww.y.html'>",
                            "<a href='.{./.{./out.html'><a href='.*./.*./.*./out.html'>",

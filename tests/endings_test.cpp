@@ -17,7 +17,7 @@ constexpr int kTimeout = 20000;
 
 class Endings : public CrawlTest {
   protected:
-    /// That these questions were asked, and nothing else.
+    /// Expects that this question was asked `count` times, and nothing else.
     void ExpectAsked(std::size_t count, const std::string& message, const std::string& title) {
         const Asked question{message, BoxStyle::InformationYesNo, title};
         EXPECT_EQ(system.boxes.asked, std::vector(count, question));
@@ -37,11 +37,10 @@ TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
         EXPECT_EQ(crawl::FilesDone, attempt);
     }
     EXPECT_EQ(window.rows[1].received, "-");
-    EXPECT_EQ(Saved("a.html"), "(none)")
-        << "the timeout text is given a name that no folder ever has";
+    EXPECT_EQ(Saved("a.html"), "(none)") << "the timeout text gets a name that cannot exist";
     EXPECT_EQ(system.boxes.asked.size(), 1U);
     loop.Advance(10 * kTimeout);
-    EXPECT_EQ(crawl::FilesDone, 3) << "no timer runs on after the crawl";
+    EXPECT_EQ(crawl::FilesDone, 3) << "no timer runs after the crawl";
 }
 
 TEST_F(Endings, ATimeoutDuringOurOwnWorkIsIgnored) {
@@ -54,11 +53,11 @@ TEST_F(Endings, ATimeoutDuringOurOwnWorkIsIgnored) {
     Respond(1, "<a href='b.html'>");
     EXPECT_EQ(Saved("a.html"), "<a href='b.html'>\r\n");
     EXPECT_EQ(crawl::List1.Count(), 1U);
-    EXPECT_EQ(crawl::FilesDone, 1) << "each timeout would count as one more";
+    EXPECT_EQ(crawl::FilesDone, 1) << "each timeout would count as another file";
     EXPECT_EQ(crawl::Slots[1].Attempts, 1);
 }
 
-TEST_F(Endings, ASlotThatIdlesAfterASuccessTimesOutTooButHarmsNothing) {
+TEST_F(Endings, AnIdleSlotTimesOutAfterASuccessButHarmsNothing) {
     Start("www.site.com/a.html");
     window.txt_max = "2";
     Queue({"www.site.com/b.html"});
@@ -87,14 +86,14 @@ TEST_F(Endings, TheCompletionBoxOffersTheMirror) {
                     "Would you like to browse the download directory?",
                     "Done.");
         EXPECT_EQ(window.label6, "Website Downloaded!");
-        EXPECT_EQ(window.label3, "2 Files") << "the counters are true when the box appears";
+        EXPECT_EQ(window.label3, "2 Files") << "the counters are correct when the box appears";
         const std::size_t shown = answer == BoxAnswer::Yes ? 1 : 0;
         EXPECT_EQ(system.processes.folders, std::vector<std::string>(shown, "C:\\Websites\\"));
         BlankDisk();
     }
 }
 
-TEST_F(Endings, StopNOWForgetsTheJobs) {
+TEST_F(Endings, StopNOWClearsTheJobs) {
     Start("www.site.com/a.html");
     window.txt_max = "3";
     Queue({"www.site.com/b.html", "www.site.com/c.html", "www.site.com/d.html"});
@@ -105,11 +104,11 @@ TEST_F(Endings, StopNOWForgetsTheJobs) {
         EXPECT_EQ(crawl::Slots[i].Url + crawl::Slots[i].Host + crawl::Slots[i].Path, "");
         EXPECT_EQ(window.rows[i].status, "Not Connected.");
     }
-    EXPECT_EQ(crawl::Slots[2].Attempts, 1) << "the numbers are left as they are";
+    EXPECT_EQ(crawl::Slots[2].Attempts, 1) << "numbers are not cleared";
     EXPECT_TRUE(window.start_enabled && window.text1_enabled && window.text1_focused);
 }
 
-TEST_F(Endings, TheStopIsAskedFirst) {
+TEST_F(Endings, AsksBeforeAStop) {
     Start("www.site.com/a.html");
     system.boxes.answers.push_back(BoxAnswer::No);
     bas_Connections::AskStop();
@@ -127,7 +126,7 @@ TEST_F(Endings, TheStopIsAskedFirst) {
                 "Stop Download");
 }
 
-TEST_F(Endings, LeavingIsAskedAndStopsTheCrawl) {
+TEST_F(Endings, AsksBeforeAnExitAndStopsTheCrawl) {
     Start("www.site.com/a.html");
     Respond(1, "<a href='b.html'>");
     const std::string placeholder = "C:\\Websites\\site.com\\b.html.tmp";

@@ -3,7 +3,7 @@
 #include "tests/fakes/fake_socket.h"
 #include "tests/fakes/fake_timer.h"
 
-// The twins that the engine's tests stand on keep to the same contracts as the real things.
+// The in-memory twins that the engine's tests use fulfil the contracts of the real ones.
 
 namespace {
 

@@ -37,10 +37,10 @@ class SystemFilesTest : public testing::Test {
     platform::SystemFiles files{folder.SystemPath().string() + "/"};
 };
 
-TEST_F(SystemFilesTest, FullDiskLeavesTheOldFileOrNone) {
+TEST_F(SystemFilesTest, AFullDiskLeavesTheOldFileOrNone) {
     ASSERT_TRUE(files.WriteFile(In("old"), {"old"}));
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    // What is small may be noticed only when the file is closed.
+    // A small write may fail only when the file is closed.
     for (const std::size_t size : {100, 100'000}) {
         const std::string large(size, 'x');
         WithLimit(RLIMIT_FSIZE, 64, [&] {
@@ -54,7 +54,7 @@ TEST_F(SystemFilesTest, FullDiskLeavesTheOldFileOrNone) {
     EXPECT_EQ(EntryCount(), 1);
 }
 
-TEST_F(SystemFilesTest, TemporaryFilesTakeNobodysNameAndStayNowhere) {
+TEST_F(SystemFilesTest, TemporaryFilesReplaceNothingAndAreRemoved) {
     ASSERT_TRUE(files.WriteFile(In("~vantorin0.tmp"), {"kept"}));
     ASSERT_TRUE(files.CreateFolder(In("folder")));
     EXPECT_FALSE(files.WriteFile(In("folder"), {"x"}));
@@ -63,8 +63,8 @@ TEST_F(SystemFilesTest, TemporaryFilesTakeNobodysNameAndStayNowhere) {
     EXPECT_EQ(EntryCount(), 3);
 }
 
-#ifndef __SANITIZE_ADDRESS__  // which ends the program where memory runs out
-TEST_F(SystemFilesTest, FileLargerThanTheMemoryIsNothing) {
+#ifndef __SANITIZE_ADDRESS__  // which ends the program when memory runs out
+TEST_F(SystemFilesTest, DoesNotReadAFileLargerThanTheMemory) {
     ASSERT_TRUE(files.WriteFile(In("f"), {"x"}));
     std::filesystem::resize_file(folder.SystemPath() / "f", std::uintmax_t{1} << 40);
     WithLimit(RLIMIT_AS, rlim_t{1} << 40,
@@ -72,19 +72,19 @@ TEST_F(SystemFilesTest, FileLargerThanTheMemoryIsNothing) {
 }
 #endif
 
-TEST_F(SystemFilesTest, PipesAreNoFilesAndNobodyWaitsForThem) {
+TEST_F(SystemFilesTest, NeitherOpensPipesNorWaitsForThem) {
     const std::string pipe = folder.SystemPath() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_FALSE(files.AppendFile(In("pipe"), {"x"}));
     EXPECT_EQ(files.ReadFile(In("pipe")), std::nullopt);
     const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-    EXPECT_FALSE(files.AppendFile(In("pipe"), {"x"})) << "also when somebody reads it";
+    EXPECT_FALSE(files.AppendFile(In("pipe"), {"x"})) << "even if it has a reader";
     char byte;
     EXPECT_EQ(read(reader, &byte, 1), 0);
     close(reader);
 }
 
-TEST_F(SystemFilesTest, FollowsLinksToSeeWhatLiesInside) {
+TEST_F(SystemFilesTest, FollowsSymbolicLinksToDecideWhatIsInside) {
     std::filesystem::create_directories(folder.SystemPath() / "mirror/real");
     std::filesystem::create_directory(folder.SystemPath() / "mirror/a\\b");
     std::filesystem::create_directory(folder.SystemPath() / "outside");
@@ -105,7 +105,7 @@ TEST_F(SystemFilesTest, FollowsLinksToSeeWhatLiesInside) {
     EXPECT_FALSE(files.IsLink(In("mirror\\real")));
     EXPECT_FALSE(files.AppendFile(In("mirror\\dangling"), {"x"}));
     EXPECT_EQ(files.Subfolders(In("mirror")), (std::vector<std::string>{"in", "out", "real"}))
-        << "none that path text cannot name";
+        << "except names that path text cannot contain";
 }
 
 }  // namespace

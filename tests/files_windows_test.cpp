@@ -10,7 +10,7 @@ using platform::ResolvePathText;
 
 namespace {
 
-TEST(PathText, OnePlaceHasOneText) {
+TEST(PathText, AllSpellingsOfAPathResolveToOneText) {
     const std::string here = platform::PathTextOf(std::filesystem::current_path().string());
     const struct {
         std::string path, resolved;
@@ -52,7 +52,7 @@ TEST_F(SystemFilesTest, NamesAreInTheSystemsCodePage) {
     std::filesystem::create_directory(folder.SystemPath() / L"\u4e2d");
     EXPECT_TRUE(std::filesystem::exists(folder.SystemPath() / L"caf\u00e9"));
     EXPECT_EQ(files.Subfolders(folder.Text()), std::vector<std::string>{"caf\xe9"})
-        << "none that path text cannot name";
+        << "except names that path text cannot contain";
     files.WriteFile(In("A.TMP"), {"x"});
     files.DeleteBySuffix(folder.Text(), ".tmp");
     EXPECT_EQ(files.FileLength(In("a.tmp")), std::nullopt);

@@ -21,7 +21,7 @@ class HttpExchange : public CrawlTest {
         Start("www.site.com");
         window.Sock(1).Close();
     }
-    /// A job on slot 1 whose connection stands and whose request is sent.
+    /// Starts a job on slot 1, which connects and sends its request.
     void Request(const std::string& address) {
         bas_Connections::ConnectNext(address);
         window.Sock(1).PeerAccepts();
@@ -58,14 +58,14 @@ TEST_F(HttpExchange, NeverAsksAboveTheRoot) {
         EXPECT_EQ(window.Sock(1).sent(), "");
         EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
         EXPECT_EQ(crawl::Slots[1].Response.View(), "CANCEL");
-        EXPECT_TRUE(window.tmrOut(1).Enabled()) << "such a job ends through its timeout";
+        EXPECT_TRUE(window.tmrOut(1).Enabled()) << "such a job ends by its timeout";
     }
 }
 
 TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
     const std::pair<std::string, int> cases[] = {
         {"Content-Length: 2048\r\n", 2048},
-        {"Content-Length:2048\r\n", 48},  // one character after the colon is always passed over
+        {"Content-Length:2048\r\n", 48},  // one character after the colon is always skipped
         {"Content-Length:    123456789012\r\n", 0},  // no line end within the window
         {"Content-Length: 12 pages\r\n", 0},
         {"Content-Length:   12345678\r\n", 12345678},
@@ -83,7 +83,7 @@ TEST_F(HttpExchange, ReadsTheAnnouncedLengthForDisplayOnly) {
     }
 }
 
-TEST_F(HttpExchange, ShowsWhatComes) {
+TEST_F(HttpExchange, ShowsWhatArrives) {
     Request("a.com/x.html");
     Receive(1, "Content-Length: 2000\r\n" + std::string(1978, 'x'));
     EXPECT_EQ(window.rows[1].status, "Downloading a.com/x.html");
@@ -95,7 +95,7 @@ TEST_F(HttpExchange, ShowsWhatComes) {
     crawl::TotalBytes = crawl::Slots[1].BytesReceived = 2147483640;
     Receive(1, "more than fits");
     loop.Advance(20);
-    EXPECT_EQ(window.label4, "2,147,483,640 Bytes") << "a sum that overflows is passed over";
+    EXPECT_EQ(window.label4, "2,147,483,640 Bytes") << "a sum that would overflow is ignored";
     EXPECT_EQ(bas_Connections::FormatCount(123456), "123,456");
     EXPECT_EQ(window.rows[1].received, "1.99 GB");
 
@@ -104,7 +104,7 @@ TEST_F(HttpExchange, ShowsWhatComes) {
     EXPECT_EQ(window.rows[1].status, "Not Connected.") << "a slot beyond the count shows nothing";
 }
 
-TEST_F(HttpExchange, WhatComesForNoJobEndsItsConnection) {
+TEST_F(HttpExchange, DataWithoutAJobClosesTheConnection) {
     Request("a.com/x.html");
     crawl::Slots[1].Url = "  ";
     Receive(1, "late");
@@ -119,7 +119,7 @@ TEST_F(HttpExchange, WhatComesForNoJobEndsItsConnection) {
     EXPECT_EQ(window.rows[1].status, "Not Connected.");
 }
 
-TEST_F(HttpExchange, AFinishedRowIsResetUnlessItsAddressIsAHostAlone) {
+TEST_F(HttpExchange, ResetsAFinishedRowUnlessItsAddressIsOnlyAHost) {
     Start("www.site.com");
     Respond(1, "");
     EXPECT_EQ(window.rows[1].received, "19 bytes");
@@ -128,7 +128,7 @@ TEST_F(HttpExchange, AFinishedRowIsResetUnlessItsAddressIsAHostAlone) {
     EXPECT_EQ(window.rows[1].received, "-");
 }
 
-TEST_F(HttpExchange, LetsEventsRunThreeTimesBetweenSavingAndScanning) {
+TEST_F(HttpExchange, YieldsThreeTimesBetweenSavingAndScanning) {
     std::map<std::string, int> yields;
     system.files.on_write = [&](const std::string& path) { yields.emplace(path, loop.Yields()); };
     Request("www.site.com/a.gif");
@@ -139,7 +139,7 @@ TEST_F(HttpExchange, LetsEventsRunThreeTimesBetweenSavingAndScanning) {
               3 + kOfTheScannerBeforeALink);
 }
 
-TEST_F(HttpExchange, AHandlerLeavesASlotAloneThatHasAnotherJob) {
+TEST_F(HttpExchange, AHandlerLeavesASlotWithAnotherJobAlone) {
     const std::string arrived = kHeader + "<a href=y.html>";
     for (int nth = 1; nth <= 10; ++nth) {
         SCOPED_TRACE(nth);
@@ -173,13 +173,13 @@ TEST_F(HttpExchange, ResolvesLinksAgainstThePagesFolder) {
     }
 }
 
-/// Responses may take 1000 bytes together.
+/// All responses together may hold 1000 bytes.
 class ResponseMemory : public HttpExchange {
   protected:
     ResponseMemory() { bas_Connections::MostResponseBytes = 1000; }
     ~ResponseMemory() override { bas_Connections::MostResponseBytes = before_; }
 
-    /// Two jobs, on slots 1 and 2, that have received so much.
+    /// Starts two jobs on slots 1 and 2, which receive this many bytes.
     void Receiving(std::size_t first, std::size_t second) {
         for (const int slot : {1, 2}) {
             bas_Connections::ConnectNext("www.site.com/" + std::to_string(slot) + ".gif");
@@ -206,7 +206,7 @@ class ResponseMemory : public HttpExchange {
     std::size_t before_ = bas_Connections::MostResponseBytes;
 };
 
-TEST_F(ResponseMemory, TheLargestResponseIsGivenUpForTheOthers) {
+TEST_F(ResponseMemory, GivesUpTheLargestResponseForTheOthers) {
     for (const int largest : {1, 2}) {
         Receiving(largest == 1 ? 600 : 400, largest == 2 ? 600 : 400);
         Receive(2, "one too many");
@@ -217,7 +217,7 @@ TEST_F(ResponseMemory, TheLargestResponseIsGivenUpForTheOthers) {
     }
 }
 
-TEST_F(ResponseMemory, WhatIdleSlotsKeepGoesFirst) {
+TEST_F(ResponseMemory, ReleasesTheResponsesOfIdleSlotsFirst) {
     Receiving(600, 200);
     ExpectWhole(1);
     EXPECT_FALSE(crawl::Slots[1].Response.Empty());
@@ -225,9 +225,9 @@ TEST_F(ResponseMemory, WhatIdleSlotsKeepGoesFirst) {
     ExpectWhole(2);
 }
 
-TEST_F(ResponseMemory, AWholeResponseIsNeverGivenUp) {
+TEST_F(ResponseMemory, NeverGivesUpACompleteResponse) {
     Receiving(600, 300);
-    // Slot 1 is being saved and scanned when the rest of slot 2 comes.
+    // Slot 1 is being saved and scanned when the rest of slot 2 arrives.
     loop.AtYield(2, [&] {
         bas_Connections::ProcessResponse(std::string(200, '2'), 2);
         ExpectGivenUp(2);
@@ -235,7 +235,7 @@ TEST_F(ResponseMemory, AWholeResponseIsNeverGivenUp) {
     ExpectWhole(1);
 }
 
-TEST_F(ResponseMemory, AFailedAllocationCostsItsOwnJobOnly) {
+TEST_F(ResponseMemory, AFailedAllocationCostsOnlyItsOwnJob) {
     Receiving(300, 300);
     system.files.on_write = [](const std::string& path) {
         if (path.ends_with("\\1.gif")) throw std::bad_alloc();

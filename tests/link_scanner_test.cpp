@@ -35,7 +35,7 @@ void Scan(ConsumableText& page, std::string base = "http://site.com/dir/") {
     ExtractLinks(page, crawl::List1, base);
 }
 
-/// What a page on http://site.com/dir/ adds to the queue, without that folder.
+/// The links that a page in http://site.com/dir/ adds to the queue, relative to that folder.
 std::string LinksOf(const std::string& html) {
     const Crawl crawl;
     ConsumableText page(html);
@@ -68,17 +68,17 @@ TEST(LinkScannerTest, FindsTheLinksOfAPage) {
     EXPECT_EQ(LinksOf("href=" + letters + ".html.html"), letters + ".html ");
 }
 
-TEST(LinkScannerTest, ConsumesThePageYieldingFiveTimesALinkAndOnceForEachQueued) {
+TEST(LinkScannerTest, ConsumesThePageAndYieldsFiveTimesPerLinkAndOncePerQueuedOne) {
     Crawl crawl;
     ConsumableText page("<a href='#top'>top</a> <a href='a.html'>A</a> rest");
     std::string base = "http://site.com/dir";
     ExtractLinks(page, crawl::List1, base);
     EXPECT_EQ(base, "http://site.com/dir/");
-    EXPECT_EQ(page.View(), "ml'>A</a> rest") << "ten characters on from the link";
+    EXPECT_EQ(page.View(), "ml'>A</a> rest") << "it continues ten characters after the link";
     EXPECT_EQ(crawl.loop.Yields(), 11);
 }
 
-TEST(LinkScannerTest, RewritesWhatItKnowsInTheOrderOfItsRows) {
+TEST(LinkScannerTest, RewritesAttributesInAFixedOrder) {
     Crawl crawl;
     ConsumableText page(
         "href = 1 HREF = 2 hRef= 3 HrEf=4\t<a\r\n Src=5 src = 6 SRC=7> BackGround =8 \"hr\nef=9 "
@@ -91,7 +91,7 @@ TEST(LinkScannerTest, RewritesWhatItKnowsInTheOrderOfItsRows) {
               "0a href='http://a 0a href='http://b 0; Url=c");
 }
 
-TEST(LinkScannerTest, WhatIsAppendedOrScannedMeanwhileMixesNothingUp) {
+TEST(LinkScannerTest, AppendsAndOtherScansAtAYieldDoNoHarm) {
     const struct {
         std::function<void(ConsumableText&)> interfere;
         std::string also_queued;
@@ -119,7 +119,7 @@ TEST(LinkScannerTest, WhatIsAppendedOrScannedMeanwhileMixesNothingUp) {
     }
 }
 
-TEST(LinkScannerTest, LeavesAloneWhatReplacedItsText) {
+TEST(LinkScannerTest, LeavesAReplacementTextAlone) {
     const std::string another = " href='another.html'";
     for (int nth = 1; nth <= 6; ++nth) {
         Crawl crawl;
@@ -127,12 +127,13 @@ TEST(LinkScannerTest, LeavesAloneWhatReplacedItsText) {
         crawl.loop.AtYield(nth, [&] { page.Assign(another); });
         Scan(page);
         EXPECT_EQ(page.View(), another);
-        EXPECT_EQ(crawl::List1.Count(), nth < 4 ? 0U : 1U) << "the fourth is that of queueing";
+        EXPECT_EQ(crawl::List1.Count(), nth < 4 ? 0U : 1U)
+            << "the fourth yield comes after the link is queued";
     }
 }
 
-// A scanner that starts over at each of these would take hours.
-TEST(LinkScannerTest, TakesLongPages) {
+// A scanner that restarts at each of these would take hours.
+TEST(LinkScannerTest, ScansLongPages) {
     std::string many, bare, refresh;
     for (int i = 0; i < 5000; ++i) {
         many += "<a href='p" + std::to_string(i) + ".html'>";

@@ -18,7 +18,8 @@ using std::string_literals::operator""s;
 
 namespace {
 
-/// What a site may say to climb out of its folder. All lead to c:\outside\ when they are believed.
+/// Paths with which a site may try to leave its folder. Followed literally, all lead outside the
+/// target folder.
 const std::string kAttacks[] = {"site.com\\..\\..\\outside\\a.html",
                                 "site.com/.wwwww.w../.wwwww.w../.{./outside/a.html",
                                 "../mirror-too/a.html"};
@@ -49,7 +50,7 @@ class Confinement : public testing::Test {
     fakes::FakeSystem system;
 };
 
-TEST_F(Confinement, NothingThatASiteSaysWritesOutside) {
+TEST_F(Confinement, NoPathFromASiteWritesOutside) {
     const auto before = Outside();
     for (const std::string& attack : kAttacks) {
         std::string placeholder = crawl::TargetFolder + CleanLinkName(attack) + ".tmp";
@@ -67,7 +68,7 @@ TEST_F(Confinement, NothingThatASiteSaysWritesOutside) {
     EXPECT_EQ(Outside(), before);
 }
 
-TEST_F(Confinement, AFolderThatNoRecordFileNeedsMayBeMadeInsideOrOnTheWay) {
+TEST_F(Confinement, AllowsFoldersInsideAndOnTheWayButNotInPlaceOfRecords) {
     crawl::TargetFolder = "C:\\new\\www.sites\\";
     for (const char* folder : {"C:\\", "C:\\new\\", "c:\\new\\www.sites", "c:\\new\\sites\\a",
                                "c:\\new\\sites\\a\\log.txt\\"}) {
@@ -79,7 +80,7 @@ TEST_F(Confinement, AFolderThatNoRecordFileNeedsMayBeMadeInsideOrOnTheWay) {
     }
 }
 
-TEST_F(Confinement, TheFoldersBeforeOneThatMayNotBeMadeAreMade) {
+TEST_F(Confinement, CreatesTheFoldersBeforeAForbiddenOne) {
     const struct {
         const char *path, *made;
     } cases[] = {{"C:\\new\\sites\\transdd.txt\\a", "c:\\new\\*c:\\new\\sites\\*"},
@@ -99,7 +100,7 @@ TEST_F(Confinement, TheFoldersBeforeOneThatMayNotBeMadeAreMade) {
     }
 }
 
-TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
+TEST_F(Confinement, RemembersFailedWritesUnderEverySpelling) {
     system.files.refused = {"c:\\mirror\\bad"};
     EXPECT_FALSE(AppendMirrorFile("C:\\mirror\\bad", {"x"}));
     EXPECT_FALSE(WriteMirrorPage("C:\\mirror\\..\\x", "mirror", {"x"}));
@@ -111,7 +112,7 @@ TEST_F(Confinement, FailedWritesAreRememberedUnderEverySpelling) {
     EXPECT_FALSE(HasMirrorFile("C:\\mirror\\bad"));
 }
 
-TEST_F(Confinement, APageLiesInTheFolderOfItsHost) {
+TEST_F(Confinement, WritesAPageOnlyInTheFolderOfItsHost) {
     const struct {
         std::string host, path;
         bool written;
@@ -136,14 +137,14 @@ TEST_F(Confinement, APageLiesInTheFolderOfItsHost) {
     EXPECT_FALSE(WriteMirrorPage("C:\\a", "..", {"x"}));
 }
 
-/// Files that somebody keeps in the folder that the mirror is made in.
+/// A user's own files in the target folder.
 const std::string kUsersFiles[] = {
     ".bashrc",          "notes.tmp",          "mine.html",
     "filters.txt",      "photo.gif",          "other.net\\a.html",
     "other.net\\b.tmp", "papers\\a\\old.php", "papers\\draft.html.tmp",
     "site.com.tmp"};
 
-TEST_F(Confinement, NothingThatASiteSaysTouchesTheUsersFiles) {
+TEST_F(Confinement, NoPathFromASiteTouchesTheUsersFiles) {
     for (const std::string& file : kUsersFiles) {
         system.files.Have(crawl::TargetFolder + file, "mine");
     }
@@ -173,7 +174,7 @@ TEST_F(Confinement, NothingThatASiteSaysTouchesTheUsersFiles) {
     EXPECT_TRUE(system.page_text.pages.empty()) << "nor is any of them read";
 }
 
-TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
+TEST_F(Confinement, SweepsCreatedFoldersAndNoLookAlikes) {
     system.files.Have("c:\\mirror\\SITE.com\\kept.tmp", "x");
     for (const std::string file : {"Site.com\\1.tmp", "siTe.com\\2.tmp"}) {
         std::string path = "C:\\mirror\\" + file;
@@ -182,13 +183,14 @@ TEST_F(Confinement, SweepsTheFoldersMadeAndNoLookAlikes) {
     SweepMadeFolder("c:\\mirror\\site.com\\");
     system.files.Have("c:\\mirror\\other.net\\kept.tmp", "x");
     SweepMadeFolder("c:\\mirror\\other.net\\");
-    EXPECT_EQ(system.files.At("c:\\mirror\\other.net\\kept.tmp"), "x") << "was there before";
+    EXPECT_EQ(system.files.At("c:\\mirror\\other.net\\kept.tmp"), "x")
+        << "the folder existed before";
     EXPECT_EQ(system.files.At("c:\\mirror\\SITE.com\\kept.tmp"), "x");
     EXPECT_EQ(system.files.At("c:\\mirror\\Site.com\\1.tmp"), "(none)");
     EXPECT_EQ(system.files.At("c:\\mirror\\siTe.com\\2.tmp"), "(none)");
 }
 
-TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
+TEST(ConfinementOnTheSystem, WritesThroughNoSymbolicLinkThatLeadsElsewhere) {
     fakes::DiskSystem disk;
     const fakes::TempFolder& folder = disk.folder;
     const auto mirror = folder.SystemPath() / "mirror";
@@ -205,7 +207,8 @@ TEST(ConfinementOnTheSystem, WritesThroughNoLinkThatLeadsElsewhere) {
                                             {"site.com/in", "real"}}) {
         std::error_code error;
         std::filesystem::create_symlink(target, mirror / link, error);
-        if (error == std::errc::function_not_supported) GTEST_SKIP() << "no links on this system";
+        if (error == std::errc::function_not_supported)
+            GTEST_SKIP() << "no symbolic links on this system";
     }
 
     crawl::TargetFolder = folder.Text() + "\\mirror\\";

@@ -5,7 +5,7 @@
 #include "engine/scheduler.h"
 #include "tests/fakes/crawl_fixture.h"
 
-// What the report says of each thing that can happen to an address.
+// The outcomes that the report gives for all that can happen to an address.
 
 namespace {
 
@@ -28,7 +28,7 @@ class Outcomes : public CrawlTest {
         window.Sock(1).PeerCloses();
         loop.RunUntilIdle();
     }
-    /// Lets all three tries of slot 1 end by their timeouts, and does this at each one's start.
+    /// Lets all three tries of slot 1 time out. Calls `peer` at the start of each.
     template <typename Peer>
     void FailThreeTimes(Peer peer) {
         for (int i = 0; i < 3; ++i) {
@@ -125,7 +125,7 @@ TEST_F(Outcomes, OfNoAnswer) {
     }
 }
 
-TEST_F(Outcomes, ATryThatFailedIsToldBeforeTheNextOne) {
+TEST_F(Outcomes, AFailedTryIsReportedBeforeTheNextOne) {
     window.Sock(1).ConnectionFails(SocketFailure::NameUnknown);
     loop.Advance(20);
     EXPECT_EQ(Told(0), "under way: name unknown");
@@ -133,7 +133,8 @@ TEST_F(Outcomes, ATryThatFailedIsToldBeforeTheNextOne) {
     Answer("HTTP/1.0 200 OK\r\n\r\nx");
     EXPECT_EQ(Told(0), "saved");
     EXPECT_EQ(crawl::Report.Row(0).attempts, 2);
-    EXPECT_EQ(crawl::Report.Row(0).took, crawl::Milliseconds(kTimeout + 20)) << "from the first";
+    EXPECT_EQ(crawl::Report.Row(0).took, crawl::Milliseconds(kTimeout + 20))
+        << "from the first try on";
 }
 
 TEST_F(Outcomes, OfFilesThatCannotBeWritten) {
@@ -169,7 +170,7 @@ TEST_F(Outcomes, OfFilesThatCannotBeWritten) {
     }
 }
 
-TEST_F(Outcomes, OfWhatIsNotAskedOrTooLarge) {
+TEST_F(Outcomes, OfAddressesNotAskedOrTooLarge) {
     Start("www.site.com/../x.html");
     window.Sock(1).PeerAccepts();
     loop.Advance(5 * kTimeout);
@@ -186,7 +187,7 @@ TEST_F(Outcomes, OfWhatIsNotAskedOrTooLarge) {
     EXPECT_EQ(Told(0), "too large");
 }
 
-TEST_F(Outcomes, AnIdleSlotThatAsksAgainChangesNothingGood) {
+TEST_F(Outcomes, AnIdleSlotThatAsksAgainKeepsAGoodOutcome) {
     window.txt_max = "2";
     crawl::List1.AddItem("www.site.com/b.html");
     crawl::Report.Add("www.site.com/b.html");
@@ -204,7 +205,7 @@ TEST_F(Outcomes, AnIdleSlotThatAsksAgainChangesNothingGood) {
     EXPECT_EQ(crawl::Report.Count(), 2U);
 }
 
-TEST_F(Outcomes, AnAnswerToALaterTryIsReadByItself) {
+TEST_F(Outcomes, AnAnswerToALaterTryIsReadWithoutTheEarlierOne) {
     window.Sock(1).PeerAccepts();
     loop.RunUntilIdle();
     window.Sock(1).PeerSends("HTTP/1.0 404 Not Found\r\nContent-Length: 900\r\n\r\npart");
@@ -215,7 +216,7 @@ TEST_F(Outcomes, AnAnswerToALaterTryIsReadByItself) {
     EXPECT_EQ(crawl::Report.Row(0).announced, 4U);
 }
 
-TEST_F(Outcomes, AStopLeavesTheRestUnfinishedAndARestartForgetsIt) {
+TEST_F(Outcomes, AStopLeavesTheRestUnfinishedAndARestartClearsIt) {
     Answer("HTTP/1.0 200 OK\r\n\r\n<a href='b.html'><a href='c.gif'><a href='d.html'>");
     loop.Advance(20);
     window.Sock(1).ConnectionFails(SocketFailure::Refused);
@@ -232,7 +233,7 @@ TEST_F(Outcomes, AStopLeavesTheRestUnfinishedAndARestartForgetsIt) {
     EXPECT_EQ(Told(0), "under way");
 }
 
-TEST_F(Outcomes, WhatIsFoundInTheMiddleOfASaveIsStillSaved) {
+TEST_F(Outcomes, AFileIsSavedEvenIfAStopComesDuringTheSave) {
     loop.AtYield(3, [] { bas_Connections::StopNOW(); });
     Answer("HTTP/1.0 200 OK\r\n\r\nx");
     EXPECT_FALSE(window.stop_enabled) << "it was stopped while the page was read";
@@ -263,7 +264,7 @@ TEST_F(Outcomes, FilesOfAnEarlierCrawlAreCountedOnceEach) {
     }
 }
 
-TEST_F(Outcomes, TheFileOfEachAddressIsKnown) {
+TEST_F(Outcomes, KnowsTheSavedFileOfEachAddress) {
     for (const char* address :
          {"www.site.com", "www.site.com/a", "www.site.com/dir/", "www.site.com/dir/index.html",
           "www.site.com/a.php?x=1&y=2", "www.site.com//a.asp", "http://www.site.com/b.jpeg",

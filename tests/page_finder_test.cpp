@@ -20,7 +20,7 @@ std::string Find(const std::string& recorded, const platform::Files& files,
     return finder.Found();
 }
 
-TEST(PageFinder, FindsTheFileWhateverItsCase) {
+TEST(PageFinder, FindsTheFileInAnyCase) {
     fakes::MemoryFiles files;
     for (const char* file :
          {"a.com\\page.html", "a.com\\Page.html", "a.com\\Other.HTML", "a.com\\DIR\\deep\\One.htm",
@@ -39,7 +39,7 @@ TEST(PageFinder, FindsTheFileWhateverItsCase) {
         {"a.com\\dir\\deep\\two.htm", "a.com\\Dir\\Deep\\two.htm"},
         {"a.com\\dir\\three.htm", "a.com\\dir\\three.htm"},
         {"a.com\\\xC3\x89.html", "a.com\\\xC3\x89.html"},
-        {"a.com\\\xC3\xA9.html", ""},  // recorded in small letters of ASCII alone
+        {"a.com\\\xC3\xA9.html", ""},  // a record lower-cases only ASCII
         {"a.com\\folder.html", ""},
         {"a.com\\page.html\\x", ""},
         {"a.com", ""},
@@ -57,11 +57,11 @@ TEST(PageFinder, FindsTheFileWhateverItsCase) {
     EXPECT_EQ(Find("outside.html", files, "c:\\\\"), "c:\\outside.html");
     files.unreadable = {"c:\\copy", "c:\\copy\\a.com"};
     EXPECT_EQ(Find("a.com\\page.html", files), "c:\\copy\\a.com\\page.html")
-        << "what cannot be listed can be looked into";
+        << "a folder that cannot be listed can still be entered";
     EXPECT_EQ(Find("a.com\\other.html", files), "");
 }
 
-TEST(PageFinder, LooksThroughALargeFolderInSteps) {
+TEST(PageFinder, SearchesALargeFolderInSteps) {
     fakes::MemoryFiles files;
     for (int i = 0; i < 5000; ++i)
         files.Have("c:\\copy\\a.com\\" + std::to_string(i) + ".HTML", "");
@@ -73,7 +73,7 @@ TEST(PageFinder, LooksThroughALargeFolderInSteps) {
     EXPECT_GE(steps, 10);
 }
 
-TEST(PageFinder, FollowsNoLinkOutOfTheFolder) {
+TEST(PageFinder, FollowsNoSymbolicLinkOutOfTheFolder) {
     fakes::DiskSystem disk;
     const std::filesystem::path& root = disk.folder.SystemPath();
     std::filesystem::create_directories(root / "copy/a.com");
@@ -82,7 +82,7 @@ TEST(PageFinder, FollowsNoLinkOutOfTheFolder) {
     disk.files.AppendFile(disk.folder.Text() + "\\copy\\a.com\\Y.html", {"y"});
     std::error_code error;
     std::filesystem::create_directory_symlink(root / "outside", root / "copy/a.com/Out", error);
-    if (error) GTEST_SKIP() << "no links here: " << error.message();
+    if (error) GTEST_SKIP() << "no symbolic links: " << error.message();
     std::filesystem::create_symlink(root / "outside/x.html", root / "copy/a.com/x.html");
     std::filesystem::create_directory_symlink(root / "copy/a.com", root / "copy/In");
     const std::string copy = disk.folder.Text() + "\\copy";

@@ -1,4 +1,4 @@
-// The visible text of pages. What a page gives was read off a browser, row by row.
+// The visible text of pages. The expected texts were taken from a browser.
 
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ std::string Repeat(std::string_view part, std::size_t times) {
     return whole;
 }
 
-/// The parts of a list that has "|" between them.
+/// The parts of a list that "|" separates.
 std::vector<std::string> Parts(const std::string& list) {
     std::vector<std::string> parts;
     std::istringstream rest(list);
@@ -97,7 +97,7 @@ TEST(InnerText, QuirksMode) {
                   "a\n\nb\nc");
 }
 
-TEST(InnerText, WhatIsNotShown) {
+TEST(InnerText, HiddenContent) {
     ExpectTexts(
         {{"<head><title>t</title>x</head>y", "xy"},
          {"a<script>x<p></scripts>y</SCRIPT ><style>y</style><noscript><p>z</noscript>b", "ab"},
@@ -111,7 +111,7 @@ TEST(InnerText, WhatIsNotShown) {
          {"a<details>x<summary>s</summary>y</details>b<details open>z</details>", "a\ns\nb\nz"}});
 }
 
-TEST(InnerText, ElementsWithTheirOwnWays) {
+TEST(InnerText, SpecialElements) {
     ExpectTexts(
         {{"<p>a<select> <option> x  z <option>y</select>b", "a\nx z\ny\nb"},
          {"a<xmp>x<b>\n </xmp>b", "a\nx<b>\n \nb"},
@@ -124,7 +124,7 @@ TEST(InnerText, BrokenMarkup) {
                  {"a<", "a<"},
                  {"a\0b"sv, "ab"},
                  {"a<b title='>'>b", "ab"},
-                 // A page as it is saved: its scripts have become text.
+                 // A saved page, whose scripts have become text.
                  {"<head>< !-- script src=x></script><title>T</title></head><body>a",
                   "< !-- script src=x>a"}});
 }
@@ -158,7 +158,7 @@ TEST(InnerText, Encodings) {
           "\xf5",
           "\uFFFD\uFFFD\uFFFD\uFFFD \U00010000 \U0010FFFF \uFFFD\uFFFD\uFFFD\uFFFD \uFFFD"},
          {"caf\xe9 \x93q\x94 \x81\xa0x", "café “q” \u0081\u00A0x"},
-         {"<meta charset=windows-1258>a", "a"},  // might yet be joined with an accent
+         {"<meta charset=windows-1258>a", "a"},  // a combining accent might still follow
          {"<script charset=koi8-r></script>\xe9", "é"},
          {"\xfe\xff\0<\0p\0>\0\xe9"sv, "é"},
          {"\xff\xfe\x7f\0\x80\0\xff\x07\0\x08\xff\xff\0\xd8\0\xdc\0\xd8x\0"sv,
@@ -170,7 +170,7 @@ TEST(InnerText, Encodings) {
     EXPECT_EQ(TextOf("<meta charset=gbk>" + Repeat("\xd6\xd0,", 50000)), Repeat("中,", 50000));
 }
 
-TEST(InnerText, ADeclarationReachesNoFurtherThanTheStartOfThePage) {
+TEST(InnerText, FindsADeclarationOnlyNearTheStartOfThePage) {
     constexpr std::size_t kReach = 4096;
     const std::string meta = "<meta charset=windows-1251>";
     for (const bool reached : {true, false}) {
@@ -200,8 +200,8 @@ TEST(InnerText, DeepNesting) {
     EXPECT_EQ(TextOf(page), "a\n\nc\td\ne");
 }
 
-TEST(InnerText, LongPagesTakeNoLongerThanTheirLength) {
-    // Each of these makes a reader that starts over, or searches ahead in vain, take hours.
+TEST(InnerText, LongPagesTakeLinearTime) {
+    // With each of these, a reader that starts over or searches ahead in vain takes hours.
     constexpr std::size_t kSize = 2'000'000;
     for (const std::string& part : Parts(
              "<|</|<!|<!--|--|<a |<a b='|&|&#|&amp|&notit|<script>|<script><!--|<script></script"

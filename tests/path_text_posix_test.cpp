@@ -12,7 +12,7 @@ using namespace std::string_literals;
 
 namespace {
 
-TEST(PathText, OnePlaceHasOneText) {
+TEST(PathText, AllSpellingsOfAPathResolveToOneText) {
     const struct {
         std::string path, resolved;
     } cases[] = {{"c:\\a\\\\b\\.\\c", "c:\\a\\b\\c"},      {"c:\\a\\..\\..\\b", "c:\\b"},
@@ -23,7 +23,7 @@ TEST(PathText, OnePlaceHasOneText) {
     }
 }
 
-TEST(PathText, WhatIsNoPathGivesNothing) {
+TEST(PathText, InvalidPathsResolveToNothing) {
     for (const std::string& path : {""s, "c:\\a\0b"s, "\0"s, "d:\\a"s, "Q:"s}) {
         EXPECT_EQ(ResolvePathText(path), std::nullopt) << path;
         EXPECT_EQ(SystemPathOf(path), std::nullopt) << path;

@@ -15,7 +15,7 @@ using namespace bas_Output;
 
 namespace {
 
-TEST(CleanNames, ReplacesWhatCannotStandInAName) {
+TEST(CleanNames, ReplacesWhatNamesCannotContain) {
     const struct {
         std::string name, clean;
     } cases[] = {{"a**b<c>{d}|e", "ab_c_de"},
@@ -30,10 +30,10 @@ TEST(CleanNames, ReplacesWhatCannotStandInAName) {
     }
 }
 
-TEST(TopLevel, LooksAfterTheFirstHostFolder) {
+TEST(TopLevel, IsDecidedAfterTheFirstHostFolder) {
     fakes::FakeSystem system;
     crawl::SiteHost = "Site.com";
-    // Without the host, it is looked at from the key's length on; one character is skipped.
+    // Without the host, the search starts at the length of the key; one character is skipped.
     for (const char* top : {"C:\\Web\\SITE.com\\a", "C:/Web/site.com/a", "C:\\Web\\site.com\\\\a",
                             "C:\\Web\\site.com\\", "C:\\other.net", ""}) {
         EXPECT_TRUE(IsTopLevelFile(top)) << top;
@@ -71,7 +71,7 @@ TEST_F(MakeLocalPathTest, TurnsAddressesIntoPaths) {
     EXPECT_EQ(LocalPathOf("HTTP://site.com"), "HTTP:\\site.com");
 }
 
-TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
+TEST_F(MakeLocalPathTest, RecordsOnlyTheFoldersThatItCreated) {
     LocalPathOf("C:\\Web\\Site.com\\a.html");
     EXPECT_EQ(crawl::MadeFolders, "c:\\web\\*c:\\web\\site.com\\*");
     EXPECT_TRUE(system.files.FolderExists("c:\\Web\\Site.com"));
@@ -80,7 +80,7 @@ TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
     MakeFolder("c:\\nowhere\\inner");
     EXPECT_EQ(crawl::MadeFolders, "c:\\web\\site.com\\img\\*");
 
-    // A folder counts on the way also when ".." leads out of it again.
+    // A folder on the path counts even if ".." leaves it again.
     crawl::MadeFolders.clear();
     LocalPathOf("C:\\Web\\Site.com\\a\\b\\..\\..\\c\\d.html");
     EXPECT_EQ(crawl::MadeFolders,
@@ -88,10 +88,10 @@ TEST_F(MakeLocalPathTest, NotesTheFoldersThatItMadeAndNoOthers) {
               "c:\\web\\site.com\\a\\b\\..\\..\\c\\*");
 }
 
-void ExpectEachFolderNotedOnce(platform::Files& files, const std::string& target) {
+void ExpectEachFolderRecordedOnce(platform::Files& files, const std::string& target) {
     const struct {
         std::string path;
-        std::vector<std::string> noted;
+        std::vector<std::string> recorded;
     } cases[] = {{"1\\.\\d\\a", {"1\\", "1\\.\\d\\"}},
                  {"2\\\\\\d\\a", {"2\\", "2\\\\d\\"}},
                  {"3\\.\\a", {"3\\"}},
@@ -102,24 +102,24 @@ void ExpectEachFolderNotedOnce(platform::Files& files, const std::string& target
                  {"5\\.\\\\\\.\\a", {}}};
     crawl::TargetFolder = target;
     for (const auto& c : cases) {
-        std::string noted;
-        for (const std::string& folder : c.noted) {
-            noted += text::LowerCase(target) + folder + "*";
+        std::string recorded;
+        for (const std::string& folder : c.recorded) {
+            recorded += text::LowerCase(target) + folder + "*";
         }
         crawl::MadeFolders.clear();
         std::string path = target + c.path;
         MakeLocalPath(path);
-        EXPECT_EQ(crawl::MadeFolders, noted) << path;
+        EXPECT_EQ(crawl::MadeFolders, recorded) << path;
         EXPECT_TRUE(files.WriteFile(path, {"x"})) << path;
     }
 }
 
-TEST(FoldersOnTheWay, AreMadeAndNotedOnceHoweverOftenThePathNamesThem) {
+TEST(FoldersOnAPath, AreCreatedAndRecordedOnceHoweverOftenItNamesThem) {
     fakes::FakeSystem system;
     system.files.Have("C:\\Web");
-    ExpectEachFolderNotedOnce(system.files, "C:\\Web\\");
+    ExpectEachFolderRecordedOnce(system.files, "C:\\Web\\");
     fakes::DiskSystem disk;
-    ExpectEachFolderNotedOnce(disk.files, disk.folder.Text() + "\\");
+    ExpectEachFolderRecordedOnce(disk.files, disk.folder.Text() + "\\");
 }
 
 std::string WithoutBlanksAround(std::string s) {
@@ -130,20 +130,20 @@ std::string WithoutBlanksAround(std::string s) {
     return s;
 }
 
-/// Every folder on the way is made in turn, and what fails is passed over.
+/// A plain version: creates each folder on the path in turn and ignores failures.
 std::string MakeFoldersPlainly(std::string rest, platform::Files& files) {
-    std::string before, noted;
+    std::string before, recorded;
     for (std::size_t end; (end = rest.find('\\')) != rest.npos;) {
         const std::string name = rest.substr(0, end + 1);
         const std::string folder = WithoutBlanksAround(before) + WithoutBlanksAround(name);
-        if (files.CreateFolder(folder)) noted += folder + "*";
+        if (files.CreateFolder(folder)) recorded += folder + "*";
         before += name;
         rest = WithoutBlanksAround(rest.substr(end + 1));
     }
-    return noted;
+    return recorded;
 }
 
-TEST_F(MakeLocalPathTest, MakesAndNotesWhatMakingEachFolderInTurnDoes) {
+TEST_F(MakeLocalPathTest, EqualsCreatingEachFolderInTurn) {
     const char* const names[] = {"a", "b",  "new", "file.html", "refused", ".",
                                  "",  "..", " a",  "b ",        "...",     "..b"};
     std::minstd_rand random(13);
@@ -167,14 +167,14 @@ TEST_F(MakeLocalPathTest, MakesAndNotesWhatMakingEachFolderInTurnDoes) {
     }
 }
 
-TEST_F(MakeLocalPathTest, MakesFoldersAgainThatVanished) {
+TEST_F(MakeLocalPathTest, RecreatesFoldersThatVanished) {
     LocalPathOf("C:\\Web\\site.com\\a\\b.html");
     system.files.folders = {"c:"};
     LocalPathOf("C:\\Web\\site.com\\a\\b.html");
     EXPECT_TRUE(system.files.FolderExists("c:\\Web\\site.com\\a"));
 }
 
-TEST_F(MakeLocalPathTest, LosesBlanksBeforeAFolderButNotInThePath) {
+TEST_F(MakeLocalPathTest, DropsBlanksBeforeAFolderButKeepsThemInThePath) {
     EXPECT_EQ(LocalPathOf("C:\\Web\\ site.com\\a.html"), "C:\\Web\\ site.com\\a.html");
     EXPECT_TRUE(system.files.FolderExists("C:\\Web\\site.com"));
     EXPECT_FALSE(system.files.FolderExists("C:\\Web\\ site.com"));

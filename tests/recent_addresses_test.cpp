@@ -14,7 +14,7 @@ using Texts = std::vector<std::string>;
 
 namespace {
 
-TEST(RecentAddresses, TheOneUsedLastStandsInFrontOnce) {
+TEST(RecentAddresses, TheLastOneUsedComesFirstAndOnce) {
     const fakes::FakeSystem system;
     EXPECT_EQ(RecentAddresses(), Texts{});
     for (const std::string& typed :
@@ -26,7 +26,7 @@ TEST(RecentAddresses, TheOneUsedLastStandsInFrontOnce) {
     EXPECT_EQ(RecentAddresses(), (Texts{"www.a.com/x y", "b.com"}));
 }
 
-TEST(RecentAddresses, FiftyAreKept) {
+TEST(RecentAddresses, KeepsTheLastFifty) {
     const fakes::FakeSystem system;
     for (int i = 0; i < 60; ++i)
         NoteAddress(std::to_string(i) + ".com");

@@ -24,7 +24,7 @@ class Records : public testing::Test {
     fakes::FakeSystem system{loop};
 };
 
-TEST_F(Records, FoldsThePageTextOntoOneLine) {
+TEST_F(Records, PutsThePageTextOnOneLine) {
     system.files.Have("c:\\w\\a.html", "the page");
     system.page_text.text = "a\r\nb\nc\rd\n\ne  f   g    h     i";
     EXPECT_EQ(GetPageText("C:\\w\\a.html"), "a b c d e f g h  i");
@@ -46,13 +46,13 @@ TEST_F(Records, SuppressesOnlyTheImmediateRepeat) {
     EXPECT_EQ(crawl::LastSearchPage, ":a.htm:");
 }
 
-TEST_F(Records, ASlotThatIsNoneWritesNothing) {
+TEST_F(Records, WritesNothingForAnInvalidSlot) {
     Record("a.html", 0);
     EXPECT_TRUE(system.files.files.empty());
     EXPECT_EQ(crawl::LastSearchPage, ":a.html:");
 }
 
-TEST_F(Records, SweepsFoldersMadeUpToAnEmptyFieldWithoutShortOnes) {
+TEST_F(Records, SweepsCreatedFoldersUpToAnEmptyFieldExceptShortNames) {
     const std::pair<std::string, bool> cases[] = {
         {" c:/wa\\* ", true}, {"c:\\w*c:\\wa*", true}, {"c:\\b\\**c:\\wa*", false}};
     for (const auto& [made, swept] : cases) {

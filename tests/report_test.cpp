@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Writes down what it is told.
+/// Records all notifications.
 struct Listener : ReportObserver {
     void RowAdded(std::size_t row) override { told.push_back("added " + std::to_string(row)); }
     void RowChanged(std::size_t row) override { told.push_back("changed " + std::to_string(row)); }
@@ -26,7 +26,7 @@ class ReportTest : public testing::Test {
         report.clock = [this] { return now; };
         report.Clear();
     }
-    /// A row under way.
+    /// Adds a row under way and returns its number.
     std::size_t Take(std::string_view address) {
         report.Add(address);
         return report.TakeNewest();
@@ -42,7 +42,7 @@ class ReportTest : public testing::Test {
     Listener listener;
 };
 
-TEST_F(ReportTest, TellsOutcomesFromAnswers) {
+TEST_F(ReportTest, DerivesOutcomesFromAnswers) {
     const std::pair<Answer, Outcome> cases[] = {
         {{.status = 200, .bytes = 6, .announced = 5}, Outcome::Saved},
         {{.status = 299}, Outcome::Saved},
@@ -101,7 +101,7 @@ TEST_F(ReportTest, OnlyAnAnswerCanBeWritten) {
     EXPECT_EQ(OutcomeOf(first), Outcome::TooLarge);
 }
 
-TEST_F(ReportTest, AStopSettlesAllRowsTheUnfinishedOnesLast) {
+TEST_F(ReportTest, AStopSettlesAllRowsAndTheUnfinishedOnesLast) {
     report.Add("queued");
     const std::size_t under_way = Take("under way");
     report.NoteFailedTry(under_way, 1, "name unknown");
@@ -115,7 +115,7 @@ TEST_F(ReportTest, AStopSettlesAllRowsTheUnfinishedOnesLast) {
     EXPECT_EQ(report.Row(under_way).detail, "name unknown");
     EXPECT_EQ(report.CountOf(Outcome::Unfinished), 2U);
 
-    // A scan that was going on when the crawl was stopped may still queue something.
+    // A scan that was running at the stop may still queue something.
     report.Add("late");
     EXPECT_EQ(OutcomeOf(3), Outcome::Unfinished);
     report.Stop();
@@ -159,7 +159,7 @@ TEST_F(ReportTest, AClearForgetsEverything) {
     for (std::size_t i = 0; i < kOutcomeCount; ++i)
         EXPECT_EQ(report.CountOf(static_cast<Outcome>(i)), 0U);
 
-    // Rows that are no more: a connection may still have their numbers.
+    // A connection may still have the number of a row that was cleared.
     report.End(1, Outcome::Unanswered, 3, "silent");
     Answered(kNoRow, {.status = 200});
     EXPECT_EQ(report.TakeNewest(1), kNoRow);
@@ -167,7 +167,7 @@ TEST_F(ReportTest, AClearForgetsEverything) {
     EXPECT_EQ(report.Row(0).detail, "Not Found");
 }
 
-TEST_F(ReportTest, KeepsTextsOfAnyBytesWhereTheyAre) {
+TEST_F(ReportTest, TextsOfAnyBytesStayInPlace) {
     const std::string odd("a\0,\"\r\n\xff", 7);
     const std::size_t first = Take(odd);
     report.NoteAnswer(first, 1, {.status = 301, .detail = "first"});

@@ -29,7 +29,7 @@ class ReportText : public testing::Test {
     AddressReport report;
 };
 
-TEST_F(ReportText, ALineTellsWhatIsKnown) {
+TEST_F(ReportText, ALineHasWhatIsKnown) {
     Answer("a.com/x", {.status = 0, .bytes = 1'000'000'000'000, .announced = 0});
     EXPECT_EQ(NewestLine(), "a.com/x,saved,,1000000000000,0,2,0.000,\r\n");
     const std::size_t row = Take("a.com/x");

@@ -24,7 +24,7 @@ class SaveFileTest : public testing::Test {
     void Save(const std::string& body, std::string address, int slot = 1) {
         SaveFile("HTTP/1.0 200 OK\r\nServer: x\r\n\r\n" + body, address, slot);
     }
-    /// What `body` is saved as, without the line end that every file gets.
+    /// The contents saved for `body`, without the line end that every file gets.
     std::string Rewritten(const std::string& body, const std::string& address = "site.com/d/e.bin",
                           int slot = 1) {
         Save(body, "\\" + address, slot);
@@ -59,7 +59,7 @@ TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
     EXPECT_EQ(crawl::FilesDone, static_cast<std::int32_t>(std::size(cases)));
 }
 
-TEST_F(SaveFileTest, TakesTheHeaderOffAndCleansTheCallersAddress) {
+TEST_F(SaveFileTest, RemovesTheHeaderAndCleansTheCallersAddress) {
     const std::string binary("\0\xff\0", 3);
     const std::map<std::string, std::string> cases = {{"200 OK\r\n\r\na\r\n\r\nb", "a\r\n\r\nb"},
                                                       {"no blank line", "blank line"},
@@ -73,7 +73,7 @@ TEST_F(SaveFileTest, TakesTheHeaderOffAndCleansTheCallersAddress) {
     }
 }
 
-TEST_F(SaveFileTest, ARefusedDownloadLeavesNoTrace) {
+TEST_F(SaveFileTest, ACancelledDownloadLeavesNoTrace) {
     std::string address = "\\site.com/a*.html";
     SaveFile(" CanceL  ", address, 1);
     EXPECT_EQ(address, "\\site.com/a*.html");
@@ -108,7 +108,7 @@ TEST_F(SaveFileTest, FlattensClimbingLinksOfTopLevelPages) {
               "href = \"a href=\"a href =\"a href=\"../a href=../a");
 }
 
-TEST_F(SaveFileTest, OwnLinksAreThoseToTheSlotsHost) {
+TEST_F(SaveFileTest, ShortensLinksToTheSlotsHost) {
     crawl::Slots[1].Host = " HTTP://www.site.com/ ";  // in capitals it matches nothing
     crawl::Slots[24].Host = "www.a.net\\";
     const std::string page = "http://a.net/x http://www.a.net/y http://site.com/z";
@@ -127,9 +127,9 @@ TEST_F(SaveFileTest, RecordsTheTextOfPagesOnly) {
     EXPECT_EQ(system.page_text.pages.at(0), "body\r\n");
 }
 
-TEST_F(SaveFileTest, ASaveInsideASaveMixesNothingUp) {
+TEST_F(SaveFileTest, ASaveDuringAnotherSaveMixesNothingUp) {
     crawl::Slots[2].Host = "other.net";
-    // At each of the yields in turn: four while the page is read, one before the placeholder goes.
+    // At each yield in turn: four while the page is read, one before the placeholder is deleted.
     for (int yield = 1; yield <= 5; ++yield) {
         SCOPED_TRACE(yield);
         const std::string number = std::to_string(yield);

@@ -61,8 +61,8 @@ TEST_F(Scheduler, LeavesTheQueueAloneWhileNoConnectionIsFree) {
 
 TEST_F(Scheduler, StartsNothingWhenNoCrawlRuns) {
     bas_Connections::StopNOW();
-    // A scan that was going on when it was stopped may still queue, and closing the pause dialog
-    // turns the tick on.
+    // A scan that was running at the stop may still queue links, and closing the pause dialog
+    // starts the timer.
     Queue({"a.com/1."});
     window.tmrMove().SetEnabled(true);
     loop.Advance(100);
@@ -97,7 +97,7 @@ TEST_F(Scheduler, ANewJobStartsFresh) {
     EXPECT_EQ(slot.Attempts, 2) << "the timeout runs from the start of the connection";
 }
 
-TEST_F(Scheduler, RefusesTypedCountsThatAreNoneOrTooHigh) {
+TEST_F(Scheduler, RefusesTypedCountsThatAreTooHighOrNoNumbers) {
     const std::pair<std::string, std::string> cases[] = {
         {"24", "4"},  {"23.5", "4"}, {"x", "4"},   {"", "4"},     {"5x", "4"},
         {"23", "23"}, {"0", "0"},    {"-1", "-1"}, {" 7 ", " 7 "}};

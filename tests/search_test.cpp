@@ -15,7 +15,7 @@ class SearchTest : public testing::Test {
         files.Have("c:\\copy\\_SearchData\\" + host + ".txt", extract);
     }
 
-    /// "pages/matches: path matches, ..." when the search is through.
+    /// "pages/matches: path matches, ..." when the search is done.
     std::string Find(const std::string& query, std::size_t most = 100) {
         search::Search search(query, search::ExtractsOf("c:\\copy\\", files), files);
         while (search.Step()) {
@@ -40,7 +40,7 @@ TEST_F(SearchTest, PutsThePageWithTheMostMatchesFirst) {
     EXPECT_EQ(Find(" "), "0/0:");
 }
 
-TEST_F(SearchTest, APageCountsAsItWasRecordedLast) {
+TEST_F(SearchTest, CountsEachPageAsLastRecorded) {
     Have("a.com", "! 1\r\nx x x\r\n! 2\r\nx\r\n! 1\r\nx\r\n! 2\r\ny\r\n! 3\r\ny\r\n! 3\r\nx x\r\n");
     EXPECT_EQ(Find("x"), "2/3: 3 2 1 1");
     Have("a.com", "! 1\r\nx x\r\n! 1\r\n\r\n! 2\r\n\r\n");
@@ -74,7 +74,7 @@ TEST_F(SearchTest, ShowsTheWordsAroundTheFirstMatch) {
     EXPECT_EQ(matches, "two three TWO ");
     EXPECT_EQ(search.FirstWordsIn(snippet), "two-fold");
     files.files.clear();
-    EXPECT_EQ(search.SnippetOf(hits[0]), "") << "the extract has gone";
+    EXPECT_EQ(search.SnippetOf(hits[0]), "") << "the extract was deleted";
     EXPECT_EQ(search.FirstWordsIn(""), "");
 }
 

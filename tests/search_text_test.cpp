@@ -61,7 +61,7 @@ std::string Told(const std::vector<RecordedPage>& pages) {
     return told;
 }
 
-TEST(RecordReader, FindsTermsWhateverTheirCase) {
+TEST(RecordReader, FindsTermsInAnyCase) {
     const Alphabet utf8;
     const std::tuple<std::string, Strings, std::uint32_t> cases[] = {
         {"Needle, needles and NEEDLE", {"needle"}, 3},
@@ -77,10 +77,10 @@ TEST(RecordReader, FindsTermsWhateverTheirCase) {
         {"abc\xE2\x84\xAAq", {"abckq"}, 1},
         {"ma\xC5\xBF\x73 mass", {"MASS"}, 2},        // the long s
         {"\xE1\xBA\x9E \xC3\x9F", {"\xC3\x9F"}, 2},  // both sharp s
-        {"stra\xC3\x9F\x65", {"strasse"}, 0},        // one character stays one
-        {"\xC4\xB0", {"i"}, 0},                      // the dotted capital i is another letter
-        {"a\xFFz \xC3 \xA9", {"\xFF"}, 1},           // bytes that are no characters
-        {"\xC3\xA9", {"\xA9"}, 0},                   // a part of a character is none
+        {"stra\xC3\x9F\x65", {"strasse"}, 0},        // one character never matches two
+        {"\xC4\xB0", {"i"}, 0},                      // the dotted capital i is a different letter
+        {"a\xFFz \xC3 \xA9", {"\xFF"}, 1},           // bytes outside any character
+        {"\xC3\xA9", {"\xA9"}, 0},                   // a part of a character does not match
         {std::string("a\0b", 3), {std::string("A\0B", 3)}, 1},
         {"50% *.?[x]", {"*.?[X]", "50%"}, 2}};
     for (const auto& [text, words, matches] : cases) {
@@ -112,7 +112,7 @@ TEST(RecordReader, FoldsTheLettersOfACodePage) {
     EXPECT_EQ(Told(Read("! p\n\xC4\x61 \xE4\x41 \xC3\xA4\n", {"\xE4\x61"}, alphabet, 9)), "p:2@4 ");
 }
 
-TEST(RecordReader, ReadsRecordsAndPassesOverTheRest) {
+TEST(RecordReader, ReadsRecordsAndSkipsTheRest) {
     const Alphabet utf8;
     const std::string long_line(100'000, 'y');
     const std::tuple<const char*, std::string, const char*> cases[] = {
@@ -134,7 +134,8 @@ TEST(RecordReader, ReadsRecordsAndPassesOverTheRest) {
     }
 }
 
-/// What the reader must find, by a plain reading: every character folded, every place tried.
+/// The matches that the reader must find, counted plainly: every character is folded and every
+/// place tried.
 std::uint32_t PlainCount(const std::u32string& text, const std::vector<std::u32string>& words) {
     for (const auto& word : words) {
         if (text.find(word) == text.npos) return 0;
@@ -151,7 +152,7 @@ std::uint32_t PlainCount(const std::u32string& text, const std::vector<std::u32s
     return count;
 }
 
-TEST(RecordReader, EqualsAPlainReadingOfRandomTexts) {
+TEST(RecordReader, EqualsAPlainCountInRandomTexts) {
     const Alphabet utf8;
     const Strings spelled = {"a",        "A",        "b",   " ", "k", "K", "\xE2\x84\xAA",
                              "\xC3\xA9", "\xC3\x89", "\xFF"};

@@ -34,7 +34,7 @@ TEST(ListFile, SplitsIntoNonBlankLines) {
     EXPECT_EQ(SplitListFile("a\rb\r\r\n"), Lines{"a\rb\r"});
 }
 
-TEST(SharedList, AppliesWhatOthersChangedToWhatIsEdited) {
+TEST(SharedList, AppliesTheChangesOfOthersToAnEditedList) {
     const struct {
         const char *before, *now;
         Lines edited, merged;
@@ -58,7 +58,7 @@ TEST(SharedList, AppliesWhatOthersChangedToWhatIsEdited) {
     }
 }
 
-TEST(FileTypes, OfAnAddressIsWhatFollowsItsLastDot) {
+TEST(FileTypes, OfAnAddressStartsAtItsLastDot) {
     const std::pair<const char*, const char*> cases[] = {{"site.com/a.b/c.WAV", ".wav"},
                                                          {"site.com/x.torrent", ".torrent"},
                                                          {"site.com/dir/file", ""},
@@ -79,7 +79,7 @@ TEST(FileTypes, AreAddedOnceAtTheEnd) {
     EXPECT_FALSE(AddFileTypes({".ogg"}));
 }
 
-TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
+TEST(FileTypes, BlanksStayInTheListButNotInTheSetOrTheFile) {
     fakes::FakeSystem system;
     system.files.Have(kTypesFile, "\r\n  .GIF \r\n   \r\n.b");
     EXPECT_EQ(LoadFileTypes(), ":.gif::.b:");
@@ -90,7 +90,7 @@ TEST(FileTypes, BlanksStayInTheListAndGoInTheSetAndTheFile) {
               ":.htm::.html::.php::.asp::.txt::.gif::.jpg::.jpeg::.png::.pdf::.zip::.css:");
 }
 
-TEST(FileTypes, AListIsMadeWhereNoneIsAndMayBeOfNoUse) {
+TEST(FileTypes, AListIsCreatedIfMissingAndMayHoldNoValidType) {
     fakes::FakeSystem system;
     EXPECT_TRUE(MakeFirstFileTypesFile());
     EXPECT_TRUE(AnyFileTypeKnown());
@@ -136,7 +136,7 @@ TEST(Filters, StoresWhatTheNextStartLoads) {
     StoreKeywordFilters({"last"});
     Lines left(100);
     left[0] = "last";
-    EXPECT_EQ(Filters(), left) << "what was removed filters no longer";
+    EXPECT_EQ(Filters(), left) << "a removed keyword no longer filters";
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ TEST_F(SiteStart, CleansTheTypedAddress) {
     }
 }
 
-TEST_F(SiteStart, BeginsWithNothingLeftOfTheCrawlBefore) {
+TEST_F(SiteStart, StartsWithNothingOfThePreviousCrawl) {
     Start("www.site.com/a.html");
     Queue({"www.site.com/left", "www.site.com/taken"});
     crawl::TotalBytes = 7;
@@ -64,14 +64,14 @@ TEST_F(SiteStart, TheStartPageIsTheFileOfTheLastStartAddress) {
         EXPECT_EQ(StartPage(), file) << address;
     }
     Start("site.com/dir/");
-    EXPECT_EQ(StartPage(), "") << "it has not come yet";
+    EXPECT_EQ(StartPage(), "") << "it is not saved yet";
     Respond(1, "page");
     bas_Connections::StopNOW();
-    crawl::TargetFolder = "C:\\Elsewhere\\";  // chosen for the next one
+    crawl::TargetFolder = "C:\\Elsewhere\\";  // chosen for the next crawl
     EXPECT_EQ(StartPage(), "C:\\Websites\\site.com\\dir\\index.html");
     system.files.files.clear();
     system.files.Have("C:\\Websites\\site.com\\dir\\index.html");
-    EXPECT_EQ(StartPage(), "") << "a folder is no page";
+    EXPECT_EQ(StartPage(), "") << "a folder is not a page";
 }
 
 TEST_F(SiteStart, OnlyEnterStarts) {

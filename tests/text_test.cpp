@@ -36,7 +36,7 @@ TEST(TextTest, InStrCountsFromOneAndZeroMeansAbsent) {
     EXPECT_EQ(text::InStr("abc", "", 1), 0u);
 }
 
-TEST(TextTest, PiecesStayInsideAndBytesBeyondAsciiStay) {
+TEST(TextTest, CutsStayInsideTheTextAndKeepBytesBeyondAscii) {
     EXPECT_EQ(text::Mid("abcdef", 3), "cdef");
     EXPECT_EQ(text::Mid("abcdef", 0, 2), "ab");
     EXPECT_EQ(text::Mid("abcdef", 7), "");
@@ -46,11 +46,11 @@ TEST(TextTest, PiecesStayInsideAndBytesBeyondAsciiStay) {
     EXPECT_EQ(text::UpperCase("az{@`\xC3\xA9\xE4"), "AZ{@`\xC3\xA9\xE4");
 }
 
-TEST(TextTest, ReplaceEqualsTheObviousLoopOnRandomText) {
+TEST(TextTest, ReplaceEqualsAPlainLoopOnRandomText) {
     std::mt19937 random(20240501);
     const std::string dense("ab\0", 3), sparse = dense + std::string(97, '\0');
     for (int round = 0; round < 20000; ++round) {
-        // With little to find in every other text.
+        // Every other text has few matches.
         std::string subject = RandomText(random, round % 2 == 0 ? sparse : dense, random() % 200);
         const std::string pattern = RandomText(random, dense, 1 + random() % 4);
         const std::string replacement = RandomText(random, dense, random() % 7);
@@ -59,7 +59,7 @@ TEST(TextTest, ReplaceEqualsTheObviousLoopOnRandomText) {
             expected.replace(at, pattern.size(), replacement);
             at += replacement.size();
         }
-        // Growing takes one way when the buffer has room and another when it has not.
+        // Growing works differently if the buffer has room and if it has not.
         if (round % 3 == 0) subject.reserve(2000);
         text::ReplaceAllIn(subject, pattern, replacement);
         ASSERT_EQ(subject, expected) << "round " << round;
@@ -71,11 +71,11 @@ TEST(TextTest, ReplaceEqualsTheObviousLoopOnRandomText) {
     EXPECT_LT(tight.capacity(), 200100u) << "no more memory than needed";
 }
 
-TEST(CharacterMapTest, EqualsOneReplacementAfterTheOtherOnRandomText) {
+TEST(CharacterMapTest, EqualsSuccessiveReplacementsOnRandomText) {
     std::mt19937 random(20261122);
     const std::string letters("abc\0", 4);
     for (int round = 0; round < 4000; ++round) {
-        // Some maps keep every size, some lengthen nothing, and some do.
+        // Some maps keep the size, some never lengthen the text, and some do.
         const std::size_t longest = random() % 3;
         std::string subject = RandomText(random, letters, random() % 100);
         std::string expected = subject;
@@ -97,10 +97,11 @@ TEST(CharacterMapTest, EqualsOneReplacementAfterTheOtherOnRandomText) {
     EXPECT_EQ(map.AppliedTo("ab"), "bbbbb");
 }
 
-TEST(ReplacementsTest, EqualOneAfterTheOtherOnRandomText) {
+TEST(ReplacementsTest, EqualSuccessiveOnesOnRandomText) {
     std::mt19937 random(20261121);
     for (int round = 0; round < 4000; ++round) {
-        // Patterns of two letters meet and make one another; in few texts does every rule find one.
+        // Patterns of two letters overlap and create each other; in few texts every rule finds a
+        // match.
         std::vector<text::Replacements::Rule> rules;
         for (std::size_t i = random() % 12; i > 0; --i) {
             const std::size_t size = random() % 3 == 0 ? 1 + random() % 4 : 5 + random() % 3;
@@ -118,14 +119,14 @@ TEST(ReplacementsTest, EqualOneAfterTheOtherOnRandomText) {
         replacements.ApplyTo(subject);
         ASSERT_EQ(subject, expected) << "round " << round;
     }
-    // So full of pieces of the pattern that the search for it is given up.
+    // So full of parts of the pattern that the search gives up.
     const text::Replacements at_end(std::vector<text::Replacements::Rule>{{"=====x", "y"}});
     EXPECT_EQ(at_end.AppliedTo(std::string(5000, '=') + "x"), std::string(4995, '=') + "y");
     const std::vector<text::Replacements::Rule> absent = {{"absent", ""}};
     EXPECT_EQ(text::Replacements(absent).AppliedTo("text"), std::nullopt);
 }
 
-TEST(ConsumableTextTest, EatsFromTheFrontAndGrowsAtTheEnd) {
+TEST(ConsumableTextTest, ConsumesAtTheFrontAndGrowsAtTheEnd) {
     text::ConsumableText page("0123456789");
     page.Consume(4);
     page.Append("ab");
@@ -138,10 +139,10 @@ TEST(ConsumableTextTest, EatsFromTheFrontAndGrowsAtTheEnd) {
     page.Consume(1);
     page.Assign("short");
     EXPECT_EQ(page.View(), "short");
-    EXPECT_LT(page.Edit().capacity(), 1000u) << "the old text's memory is given back";
+    EXPECT_LT(page.Edit().capacity(), 1000u) << "the old text's memory is released";
 }
 
-TEST(NumbersTest, LeadingAndWholeNumbers) {
+TEST(NumbersTest, ReadsLeadingAndWholeNumbers) {
     const struct {
         std::string subject;
         double leading;
@@ -162,7 +163,7 @@ TEST(NumbersTest, LeadingAndWholeNumbers) {
     }
 }
 
-TEST(NumbersTest, HalvesGoToTheEvenNeighbourAndWidthIsKept) {
+TEST(NumbersTest, RoundsHalvesToEvenAndKeepsTheWidth) {
     constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
     EXPECT_EQ(text::RoundHalfEven(0.5), 0);
     EXPECT_EQ(text::RoundHalfEven(-1.5), -2);

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Stands in for the toolkit's table of letters.
+/// Stands in for the toolkit's conversion to ASCII.
 std::string Ascii(const std::string& host) {
     return host == "www.b\u00fccher.test" ? "www.xn--bcher-kva.test" : "";
 }
@@ -13,7 +13,7 @@ bas_Connections::AddressFault FaultOf(const std::string& typed) {
     return bas_Connections::FaultOfTypedAddress(typed, Ascii);
 }
 
-TEST(TypedAddress, IsLeftAloneWhereItMayBeFound) {
+TEST(TypedAddress, HasNoFaultIfItMayBeFound) {
     for (const char* typed :
          {"", "http", "http:", "http:/", "http://", " HTTP://Site.com/a ", "www.", "site.com",
           "www.site.com./", "127.0.0.1/www.x", "site.com/a:b@c?u=https://x y/..", "site.com\\a b",
@@ -22,7 +22,7 @@ TEST(TypedAddress, IsLeftAloneWhereItMayBeFound) {
     }
 }
 
-TEST(TypedAddress, HasAFaultAndPerhapsWhatWasMeant) {
+TEST(TypedAddress, HasAFaultAndPerhapsACorrection) {
     constexpr const char* kHttp = "This program fetches http:// only";
     constexpr const char* kBeginning = "The address must start with \"http://\"";
     constexpr const char* kSlash = "A \"/\" is missing after the host name";
@@ -66,7 +66,7 @@ TEST(TypedAddress, HasAFaultAndPerhapsWhatWasMeant) {
     }
 }
 
-TEST(TypedAddress, OffersComeToAnEnd) {
+TEST(TypedAddress, CorrectionsEnd) {
     std::string address = "www.https://http:/ftp://me@me: x@b\xc3\xbc..c?:80 /";
     for (int offers = 0; offers < 9; ++offers) {
         const auto fault = FaultOf(address);

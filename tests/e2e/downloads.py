@@ -1,4 +1,4 @@
-"""What the tests of unattended downloads stand on."""
+"""The common base of tests of unattended downloads."""
 
 import subprocess
 import unittest
@@ -12,7 +12,7 @@ HOME = b"example.test/index.html"
 
 
 class DownloadTest(unittest.TestCase):
-    """A copy of the program, and a folder for what it downloads."""
+    """Has a copy of the program and a folder for its downloads."""
 
     def setUp(self):
         self.folder = private_network.scratch(self.id().rpartition(".")[2])
@@ -25,8 +25,8 @@ class DownloadTest(unittest.TestCase):
         return Crawl(self.program, site, folder or self.mirror, *arguments, **more)
 
     def crawl(self, answers, *arguments, status=0, **how):
-        """The lines that a crawl of what `answers` serves prints. It must end with this status: 3 where
-        some files cannot be had or written. `requested` has the paths that it asked for."""
+        """Crawls a server that gives these answers. Returns the lines printed, and leaves the requested paths
+        in `requested`. The crawl must end with `status`: 3 if some files cannot be fetched or written."""
         with ScriptedServer(answers) as server:
             crawl = self.start(*arguments, **how)
             self.assertEqual(crawl.wait(90), status, crawl.output())
@@ -34,14 +34,14 @@ class DownloadTest(unittest.TestCase):
         return crawl.output().splitlines()
 
     def saved(self):
-        """The files of the site by their paths, placeholders too."""
+        """The site's files by path, including placeholders."""
         return {path: data for path, data in tree(self.mirror).items() if path.startswith(b"example.test/")}
 
     def placeholders(self):
         return [path for path in tree(self.mirror) if path.endswith(b".tmp")]
 
     def mount(self, folder, options):
-        """A file system of its own at that folder."""
+        """Mounts a separate file system at this folder."""
         folder.mkdir(exist_ok=True)
         subprocess.run(["mount", "-t", "tmpfs", "-o", options, "none", folder], check=True)
         self.addCleanup(subprocess.run, ["umount", folder], check=True)

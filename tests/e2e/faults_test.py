@@ -1,4 +1,4 @@
-"""Pages, folders, disks and list files at their worst: the crawl goes on, and ends."""
+"""With the worst pages, folders, disks and list files, the crawl goes on and ends."""
 
 import functools
 import os
@@ -15,7 +15,7 @@ from harness.web import ScriptedServer, links_to, page, silent, site_of
 from tests.e2e.downloads import HOME, START, DownloadTest
 
 
-# Names are cleaned late, so ".*./" and its like become "../" after every test for that.
+# Names are cleaned late, so ".*./" and the like become "../" after every test for it.
 CLIMBS = [b"../../", b"..\\..\\", b"a/../../../", b"/../../", b"%2e%2e/%2e%2e/",
           b"/tmp/", b"c:\\", b"c:/.*./", b"z:\\tmp\\", b"file:///tmp/", b"http://.www../.www../example.test/"]
 LATE_CLIMBS = [b".*./.*./.*./", b".{./.{./", b".|./.|./", b".www../.www../.www../", b"a/.*./.*./.*./.*./",
@@ -39,7 +39,7 @@ class Escapes(DownloadTest):
         late = {b"/" + link for link in ESCAPES[len(CLIMBS):]}
         self.assertEqual(late - set(self.requested), set(), "each was tried")
 
-    def test_files_of_the_user_in_the_folder_are_left_alone(self):
+    def test_the_users_files_in_the_folder_are_left_alone(self):
         mine, answers = {}, {}
         for kind, answer in ((b"told", page(b"harm")), (b"silent", silent)):
             for name in (b".%src", b"%s.html", b"%s.tmp", b"other.test/%s.html", b"other.test/%s.tmp"):
@@ -48,7 +48,7 @@ class Escapes(DownloadTest):
         for path in map(os.fsdecode, mine):
             (self.mirror / path).parent.mkdir(parents=True, exist_ok=True)
             (self.mirror / path).write_text("mine")
-        links = [path[1:] + b"?" for path in answers]  # the "?" keeps each from being known
+        links = [path[1:] + b"?" for path in answers]  # the "?" keeps them from counting as known
         answers_and_start = answers | {b"/": page(links_to(*links))}
         self.crawl(answers_and_start, "--connections", 24, "--timeout", 0.5, status=3)
         self.assertEqual(set(self.requested), {b"/", *answers}, "each was tried")
@@ -58,7 +58,7 @@ class Escapes(DownloadTest):
         self.assertEqual(set(added), {HOME, b"_SearchData/example.test.txt", b"log.txt"})
 
     def outside(self):
-        """Everything of the test's folder but the mirror and the program's own lists; and the roots."""
+        """The test's folder without the mirror and the program's own lists, and the roots."""
         near = {path: data for path, data in tree(self.folder).items()
                 if not path.startswith((b"mirror/", b"program/output-", b"program/temp/"))}
         folders = sorted(os.listdir(self.folder)), sorted(os.listdir(self.folder / "canary"))
@@ -68,7 +68,7 @@ class Escapes(DownloadTest):
 
 
 class FoldersNamedTwice(DownloadTest):
-    """Folders that are not there yet, and that a path names more than once: "new/./dir" lies in "new"."""
+    """New folders that a path names more than once: "new/./dir" lies in "new"."""
 
     def test_a_start_page_below_them_is_saved(self):
         for number, path in enumerate((b"new/./dir/x.html", b"new///dir/x.html", b"new/././a//b/../dir/x.html")):
@@ -79,7 +79,7 @@ class FoldersNamedTwice(DownloadTest):
                 folder = b"new/a/dir" if b".." in path else b"new/dir"
                 self.assertEqual(tree(mirror).get(b"example.test/%s/x.html" % folder), b"x\r\n")
 
-    def test_pages_that_are_linked_below_them_have_placeholders_and_are_saved(self):
+    def test_pages_linked_below_them_get_placeholders_and_are_saved(self):
         def look(connection, _):
             waiting.update(self.placeholders())
             connection.sendall(page(b"first"))
@@ -104,7 +104,7 @@ class ManyLinks(DownloadTest):
         self.assertEqual(len(self.saved()), len(answers))
         self.assertLessEqual(len(self.requested), 1.1 * len(answers), "our own work is not the server's silence")
 
-    def test_pages_that_lead_to_themselves(self):
+    def test_pages_that_link_to_themselves(self):
         long_name = b"n" * 260 + b".html"
         refresh = b"<meta http-equiv=refresh content='0; url=http://www.example.test/%s'>"
         loops = [b"again.html", long_name, b"taken.html/inner.html", b"taken.html", b"other/taken.html",
@@ -117,7 +117,7 @@ class ManyLinks(DownloadTest):
         self.crawl(answers, "--connections", 4, status=3)
         for name in loops:
             self.assertLessEqual(self.requested.count(b"/" + name), 3, name)
-        self.assertIn(b"example.test/index.php.html", self.saved(), "a folder of that name is no file")
+        self.assertIn(b"example.test/index.php.html", self.saved(), "a folder of that name is not a file")
 
 
 class TargetFolder(DownloadTest):
@@ -130,7 +130,7 @@ class TargetFolder(DownloadTest):
             self.assertEqual(crawl.wait(20), 1, folder)
             self.assertIn("That is an invalid directory. Check it has no invalid characters.", crawl.output())
 
-    def test_a_folder_that_another_download_fills(self):
+    def test_a_folder_in_use_by_another_download_is_refused(self):
         with ScriptedServer({b"/": silent}) as server:
             first = self.start()
             wait_until(lambda: server.requests, what="the first download's request")
@@ -146,16 +146,16 @@ class TargetFolder(DownloadTest):
             third.process.kill()
             third.wait()
 
-    def test_a_folder_that_vanishes(self):
+    def test_a_folder_that_vanishes_is_created_again(self):
         def vanish(connection, _):
-            # At one stroke: taking it apart would meet the files that the crawl writes meanwhile.
+            # In one step: a recursive deletion would race with the crawl's writes.
             self.mirror.rename(self.folder / "vanished")
             connection.sendall(page(b"gone"))
 
         names = [b"/dir/file%d.html" % i for i in range(40)]
         self.crawl(site_of({name: page(b"there") for name in names} | {names[20]: vanish}))
         self.assertEqual(len(self.requested), len(names) + 1)
-        self.assertTrue((self.mirror / "example.test/dir/file0.html").is_file(), "the last one comes after")
+        self.assertTrue((self.mirror / "example.test/dir/file0.html").is_file(), "it is fetched last")
 
 
 class ListFiles(DownloadTest):
@@ -175,7 +175,7 @@ class ListFiles(DownloadTest):
                 else:
                     self.assert_no_type_known()
 
-    def test_a_list_that_can_neither_be_read_nor_made(self):
+    def test_a_list_that_can_be_neither_read_nor_created(self):
         (self.program.parent / "temp/filetypes.txt").mkdir(parents=True)
         (self.program.parent / "filters.txt").mkdir()
         self.assert_no_type_known()
@@ -192,12 +192,12 @@ class ListFiles(DownloadTest):
 
 
 def slow(connection, _):
-    time.sleep(0.2)  # so that the crawl lasts for some lines of progress
+    time.sleep(0.2)  # so that the crawl lasts for several lines of progress
     connection.sendall(page(b"slow"))
 
 
 class Surroundings(DownloadTest):
-    """What the system does to a run that nobody watches."""
+    """Runs in unusual environments."""
 
     names = [b"slow%d.html" % i for i in range(30)]
     site = site_of({b"/" + name: slow for name in names})
@@ -206,7 +206,7 @@ class Surroundings(DownloadTest):
         super().setUp()
         self.enterContext(ScriptedServer(self.site))
 
-    def test_a_reader_that_goes_away(self):
+    def test_a_reader_that_closes_the_output_ends_the_download(self):
         reader, writer = os.pipe()
         crawl = self.start("--connections", 1, output=writer)
         os.close(writer)
@@ -215,7 +215,7 @@ class Surroundings(DownloadTest):
         self.assertEqual(crawl.wait(20), 141)
         self.assertEqual(self.placeholders(), [])
 
-    def test_a_reader_that_does_not_read(self):
+    def test_a_reader_that_does_not_read_delays_nothing(self):
         reader, writer = os.pipe()
         os.set_blocking(writer, False)
         with self.assertRaises(BlockingIOError):
@@ -226,14 +226,14 @@ class Surroundings(DownloadTest):
         os.close(reader)
         os.close(writer)
 
-    def test_a_display_that_is_not_there(self):
+    def test_a_missing_display_does_not_matter(self):
         self.assert_downloads(DISPLAY=":77", QT_QPA_PLATFORM="xcb", QT_QPA_PLATFORMTHEME="gtk3")
 
-    def test_no_standard_streams(self):
+    def test_missing_standard_streams_are_opened(self):
         crawl = self.start(before=lambda: os.closerange(0, 3))
         wait_until(self.placeholders, what="a placeholder")
         streams = {os.readlink(f"/proc/{crawl.process.pid}/fd/{number}") for number in range(3)}
-        self.assertEqual(streams, {os.devnull}, "no file or connection gets their numbers")
+        self.assertEqual(streams, {os.devnull}, "no file or connection may get their numbers")
         self.assertEqual(crawl.wait(20), 0)
 
     def assert_downloads(self, **how):
@@ -241,14 +241,14 @@ class Surroundings(DownloadTest):
         self.assertEqual(crawl.wait(20), 0, crawl.output())
         self.assertEqual(self.saved().keys(), {HOME} | {b"example.test/" + name for name in self.names})
 
-    def test_signals(self):
+    def test_signals_end_the_download(self):
         ignore = functools.partial(signal.signal, signal.SIGHUP, signal.SIG_IGN)
         for numbers, before in (([signal.SIGINT], None), ([signal.SIGHUP, signal.SIGTERM], ignore)):
             crawl = self.start("--connections", 1, before=before)
             wait_until(self.placeholders, what="a placeholder")
             for number in numbers:
                 crawl.process.send_signal(number)
-                time.sleep(0.2)  # for the first one to be heeded, if it is
+                time.sleep(0.2)  # so that the first one can take effect, if it does
             self.assertEqual(crawl.wait(1), 128 + numbers[-1], crawl.output())
             self.assertEqual(self.placeholders(), [])
             shutil.rmtree(self.mirror)

@@ -1,4 +1,4 @@
-"""What the program tells of a download: the report, the last lines, the exit status."""
+"""What the program reports about a download: the report file, the last lines, the exit status."""
 
 import contextlib
 import csv
@@ -31,7 +31,7 @@ ODD = b"comma,\xe9.html"
 LONG = b"n" * 260 + b".html"
 PLACE = "https://www.example.test/\"there\", or so"
 
-# What is served, and what the report says of it: outcome, status, bytes, announced, tries, detail.
+# The answers, and their rows in the report: outcome, status, bytes, announced, tries, detail.
 SITE = {
     b"whole.html": (page(b"text"), ("saved", "200", "4", "4", "1", "")),
     ODD: (answer(b"200 OK"), ("saved", "200", "4", "", "1", "")),
@@ -101,7 +101,7 @@ class Outcomes(ReportTest):
         self.assertEqual(self.requested, [b"/"])
         self.assertEqual([row["outcome"] for row in self.rows()], ["saved"])
 
-    def test_what_is_not_asked_and_what_is_too_large(self):
+    def test_addresses_not_asked_and_answers_too_large(self):
         def endless(connection, _):
             with contextlib.suppress(OSError):
                 while True:
@@ -127,7 +127,7 @@ class Outcomes(ReportTest):
         self.assertEqual({row["detail"] for row in full}, {"No space left on device"})
         pictures = [data for path, data in self.saved().items() if path.endswith(b".gif")]
         self.assertTrue(3 < len(pictures) < 8, f"{len(pictures)} files fit")
-        self.assertEqual(set(pictures), {body + b"\r\n"}, "a file is whole or not there")
+        self.assertEqual(set(pictures), {body + b"\r\n"}, "a file is complete or missing")
         self.assertIn(f"{len(pictures) + 1} saved, {len(full)} not written (No space left on device)", lines)
 
     def test_stopped(self):
@@ -192,9 +192,9 @@ class ReportFiles(ReportTest):
         lines = self.crawl(answers, "--connections", 24, "--report", self.report, status=1)
         self.assertIn("The report is not complete: No space left on device", lines)
         self.assertIn("101 saved", lines)
-        self.assertTrue(10 < len(self.rows()) < 101, "whole lines as far as there was room")
+        self.assertTrue(10 < len(self.rows()) < 101, "it has as many complete lines as fit")
 
-    def test_a_folder_that_goes_away(self):
+    def test_a_folder_that_is_deleted(self):
         folder = self.folder / "reports"
         folder.mkdir()
 

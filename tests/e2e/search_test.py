@@ -1,4 +1,4 @@
-"""Searching a copy by key presses, and a browser that opens what was found."""
+"""Searches a copy by keyboard and opens the pages found in a browser."""
 
 import time
 import unittest
@@ -53,7 +53,7 @@ class SearchTest(unittest.TestCase):
         self.assertEqual(number, "1")
         return address
 
-    def test_from_the_words_to_the_place_in_the_browser(self):
+    def test_a_page_opens_at_the_match(self):
         self.mirror()
         self.start()
         self.desktop.type("http://www.example.test")
@@ -81,7 +81,7 @@ class SearchTest(unittest.TestCase):
         self.desktop.await_window(MAIN)
         self.assertEqual(self.opened("ctrl+shift+o"), f"{self.copy}/example.test/index.html")
 
-    def test_an_extract_of_another_programs_making(self):
+    def test_an_extract_of_another_program(self):
         extract = self.copy / "_SearchData/example.test.txt"
         extract.parent.mkdir(parents=True)
         with extract.open("wb") as file:

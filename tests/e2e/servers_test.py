@@ -1,4 +1,4 @@
-"""A table of how servers behave: what came whole is saved, what did not is asked for three times."""
+"""A table of servers' behaviours: what ends with a close is saved, the rest is requested three times."""
 
 import contextlib
 import socket
@@ -14,11 +14,11 @@ from harness.web import ScriptedServer, closes, links_to, page, resets, silent, 
 SITE = b"www.example.test"
 REST_OF_REQUEST = (b" HTTP/1.0\r\nHost: " + SITE + b"\r\nReferrer: " + SITE +
                    b"\r\nUser-Agent: Internet Explorer 6.01\r\n\r\n")
-TIMEOUT = 1.5  # seconds; no server below that answers at all pauses for more than a third of it
+TIMEOUT = 1.5  # seconds; no answering server below pauses for more than a third of it
 
 
 def sends(*parts, pause=0.05):
-    """Sends one part after the other, each as a packet of its own."""
+    """Sends one part after the other, each in its own packet."""
     def send(connection, _):
         connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
         for i, part in enumerate(parts):
@@ -28,7 +28,7 @@ def sends(*parts, pause=0.05):
 
 
 def then(send, end):
-    """Sends as `send` does and goes on with `end`."""
+    """Calls `send`, then `end`."""
     def both(connection, ending):
         send(connection, ending)
         end(connection, ending)
@@ -63,7 +63,7 @@ def header(*lines, body=b"text"):
     return b"".join(line + b"\r\n" for line in lines) + b"\r\n" + body
 
 
-# What comes, when the server ends its side after it.
+# Answers that are saved as they are, because the server closes after them.
 ANSWERS = {
     "plain": ANSWER, "empty_body": page(b""), "long": LONG, "nul": page(b"\0<a href='a\0b.html'>\0</a>\0"),
     "no_header": b"<html><body>Nothing before this.</body></html>", "garbage": bytes(range(256)) * 40,
@@ -83,7 +83,7 @@ ANSWERS = {
 }
 ANSWERS |= {f"cut_at_{at}": ANSWER[:at] for at in (1, 2, 3, 9, BODY_AT - 3, BODY_AT - 1, BODY_AT, BODY_AT + 1)}
 
-# The same when it comes in another way: what comes, and how.
+# Answers that arrive in unusual ways: the bytes, and how they are sent.
 WAYS = {
     "closes": (ANSWER, then(sends(ANSWER), closes)),
     "closes_late": (ANSWER, then(sends(ANSWER), waits_a_moment)),
@@ -99,7 +99,7 @@ WAYS = {
 WAYS |= {f"split_at_{at}": (ANSWER, sends(ANSWER[:at], ANSWER[at:]))
          for at in (1, 4, 30, *range(BODY_AT - 4, BODY_AT + 2))}
 
-# No end in sight, or a bad one: never saved.
+# Answers without an end, or with a bad one, which are never saved.
 FAULTS = {
     "silent": silent, "closes_at_once": closes, "ends_its_side_at_once": ends_its_side, "resets_at_once": resets,
     "resets_in_header": then(sends(ANSWER[:20]), resets),
@@ -109,12 +109,12 @@ FAULTS = {
 }
 UNREACHABLE = [b"http://%s.example.test/x.html" % name for name in (b"refused", b"full", b"nowhere")]
 
-# Connections, and which part of the table. One connection takes long over the faults.
+# Connections, part of the table, number of parts. With one connection, the faults take long.
 CRAWLS = [(24, 0, 1), (4, 0, 1)] + [(1, part, 6) for part in range(6)]
 
 
 class Behaviours(unittest.TestCase):
-    def test_what_is_saved_and_how_often_each_is_asked_for(self):
+    def test_answers_are_saved_and_faults_requested_three_times(self):
         ways = {name: (answer, sends(answer)) for name, answer in ANSWERS.items()} | WAYS
         crawls = [Behaved(ways, *crawl) for crawl in CRAWLS]
         answers = {path: answer for crawl in crawls for path, answer in crawl.answers.items()}
@@ -125,7 +125,7 @@ class Behaviours(unittest.TestCase):
                 self.assertEqual(crawl.running.wait(), 3, crawl.running.output())
         for request, path in zip(server.requests, server.paths()):
             self.assertEqual(request, b"GET " + path + REST_OF_REQUEST)
-        self.assertEqual(set(server.extra), {b""}, "a connection is for one file")
+        self.assertEqual(set(server.extra), {b""}, "a connection serves one file")
         asked = Counter(server.paths())
         for crawl in crawls:
             with self.subTest(connections=crawl.connections, folder=crawl.folder):
@@ -139,8 +139,8 @@ class Behaviours(unittest.TestCase):
             self.assertEqual(asked[crawl.path(name)], 3, name)
         for name, (answer, _) in crawl.ways.items():
             times = asked[crawl.path(name)]
-            # With one connection no slot idles. One that does asks again, and what it then has in front
-            # of an answer is cut off with the header.
+            # With one connection, no slot idles. An idle slot asks again; what it still holds from before
+            # is then cut off together with the header.
             self.assertIn(times, (1,) if crawl.connections == 1 else (1, 2, 3), name)
             if times == 1 or b"\r\n\r\n" in answer:
                 path = b"example.test" + crawl.path(name)
@@ -148,7 +148,7 @@ class Behaviours(unittest.TestCase):
 
 
 class Behaved:
-    """A crawl of one part of the table, in a folder of its own on the site."""
+    """A crawl of one part of the table, in its own folder on the site."""
 
     def __init__(self, ways, connections, part, parts):
         self.connections, self.folder = connections, b"/%d-%d/" % (connections, part)
@@ -180,7 +180,7 @@ class Behaved:
 
 @contextlib.contextmanager
 def full_server():
-    """A server that takes no connection any more: connecting to it hangs."""
+    """A server that accepts no more connections: connecting to it hangs."""
     with socket.socket() as server, socket.socket() as first, socket.socket() as second:
         server.bind(("127.0.0.8", 80))
         server.listen(0)
@@ -191,7 +191,7 @@ def full_server():
 
 
 class LargeAnswer:
-    """Sends so many parts, and notes in `sent` how many bytes of each time it was asked were taken."""
+    """Sends `parts` parts. Stores in `sent` how many bytes each request has got."""
 
     def __init__(self, parts):
         self.whole = len(page(b"")) + parts * len(PART)
@@ -206,7 +206,7 @@ class LargeAnswer:
             self.sent[number] += len(PART)
 
     def longest_text(self):
-        """What the program had of one file at most, when what was cut off stays until the file came whole."""
+        """The most that the program held of the file, as incomplete answers stay until it is complete."""
         longest = text = 0
         for sent in self.sent:
             text += sent
@@ -220,7 +220,7 @@ class LargeAnswers(unittest.TestCase):
     SIZE = 100
 
     def test_a_large_file_beside_a_slow_page(self):
-        """Its slot idles and asks for it again, and saving it takes longer than the timeout."""
+        """The idle slot requests the large file again, and saving it takes longer than the timeout."""
         def slow(connection, ending):
             connection.sendall(page(b""))
             for _ in range(50):
@@ -232,13 +232,13 @@ class LargeAnswers(unittest.TestCase):
         self.assertLessEqual(server.paths().count(b"/large.zip"), 3)
         self.assertEqual(files[b"slow.html"], 50 * b"slow " + b"\r\n")
         self.assertTrue(files[b"large.zip"] == PART * self.SIZE + b"\r\n")
-        # While a text grows the program holds it twice, and besides some 30 MB. A text is larger than
-        # the file where the machine was so busy that the server fell silent for the timeout: what had
-        # come stays in front of what is sent next.
+        # While a text grows, the program holds it twice, plus about 30 MB. A text is larger than the file
+        # if the machine was so busy that the server was silent for the timeout: the bytes so far stay in
+        # front of the next answer.
         self.assertLess(peak, 2.1 * large.longest_text() + 40e6, large.sent)
 
     def crawl(self, answers, *arguments):
-        """The files of the site, the most memory that the program held, and the server."""
+        """Returns the site's files, the program's peak memory, and the server."""
         folder = private_network.scratch("large")
         answers = {b"/" + name: answer for name, answer in answers.items()}
         with ScriptedServer(site_of(answers)) as server:

@@ -1,4 +1,4 @@
-"""The program in its window when others end it: no placeholder stays that would count as a known file."""
+"""Ends the windowed program from outside: no placeholder may stay, because it would count as a known file."""
 
 import shutil
 import signal
@@ -12,7 +12,7 @@ from harness.web import ScriptedServer, silent, site_of
 LINKS = [b"folder%d/page%d.html" % (i % 7, i) for i in range(300)]
 
 
-class EndedByOthers(unittest.TestCase):
+class EndedFromOutside(unittest.TestCase):
     def setUp(self):
         self.folder = private_network.scratch("window")
         self.mirror = self.folder / "home/mirror"
@@ -41,7 +41,7 @@ class EndedByOthers(unittest.TestCase):
     def placeholders(self):
         return [path for path in tree(self.mirror) if path.endswith(b".tmp")]
 
-    def test_signals(self):
+    def test_signals_end_the_program(self):
         for number, keys, title in ((signal.SIGTERM, "F1", "About"), (signal.SIGHUP, "ctrl+p", "Paused"),
                                     (signal.SIGINT, "ctrl+q", "Exit Vantorin")):
             with self.subTest(number=number):
@@ -52,15 +52,15 @@ class EndedByOthers(unittest.TestCase):
                 self.assertEqual(running.wait(30), 128 + number)
                 self.assertEqual(self.placeholders(), [])
                 self.assertIn(b"example.test/index.html", tree(self.mirror))
-                shutil.rmtree(self.mirror / "example.test")  # only folders that a crawl made itself are swept
+                shutil.rmtree(self.mirror / "example.test")  # a crawl sweeps only the folders that it created
 
-    def test_a_signal_while_the_wizard_is_open(self):
+    def test_a_signal_ends_the_open_wizard(self):
         running = self.start()
         self.desktop.press("Tab", "Tab", "Tab", "space")  # the options
         running.send_signal(signal.SIGTERM)
         self.assertEqual(running.wait(30), 128 + signal.SIGTERM)
 
-    def test_a_display_that_goes_away(self):
+    def test_a_lost_display_ends_the_program(self):
         running = self.start_a_crawl()
         self.desktop.server.kill()
         self.assertEqual(running.wait(30), 1)

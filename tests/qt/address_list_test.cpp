@@ -41,7 +41,7 @@ class AddressList : public testing::Test {
         for (int i = 0; i < count; ++i)
             items.AddItem("www.site.com/" + std::to_string(items.Count()));
     }
-    /// Until the list shows what there is.
+    /// Waits until the list shows the current items.
     static void Refresh() { QTest::qWait(100); }
     std::string RowAt(int y) { return platform::ToBytes(list.indexAt({20, y}).data().toString()); }
     std::string BottomRow() { return RowAt(list.viewport()->height() - list.rowHeight(0)); }
@@ -71,7 +71,7 @@ TEST_F(AddressList, KeepsItsEndInViewUntilScrolledUp) {
     Add(50);
     Refresh();
     EXPECT_EQ(BottomRow(), "www.site.com/149");
-    for (const int added : {1, 3, 5}) {  // as a crawl does: some are taken, some found
+    for (const int added : {1, 3, 5}) {  // like a crawl, which takes some and finds others
         for (int i = 0; i < 3; ++i)
             items.RemoveLast();
         Add(added);
@@ -92,7 +92,7 @@ TEST_F(AddressList, SelectsByKeysAndMouse) {
     Add(100);
     Refresh();
     QTest::keyClicks(&list, "w");
-    EXPECT_EQ(list.Selected(), "") << "typing searches nothing";
+    EXPECT_EQ(list.Selected(), "") << "typing does not search";
     const std::pair<Qt::Key, const char*> presses[] = {{Qt::Key_Home, "www.site.com/0"},
                                                        {Qt::Key_Down, "www.site.com/1"},
                                                        {Qt::Key_End, "www.site.com/99"},
@@ -113,7 +113,7 @@ TEST_F(AddressList, SelectsByKeysAndMouse) {
     EXPECT_EQ(activated.count(), 1);
 }
 
-TEST_F(AddressList, ADoubleClickMeansTheRowOfItsFirstClick) {
+TEST_F(AddressList, ADoubleClickOpensTheRowOfItsFirstClick) {
     Add(100);
     Refresh();
     QSignalSpy clicked(&list, &ui::AddressList::DoubleClicked);
@@ -132,7 +132,7 @@ TEST_F(AddressList, ADoubleClickMeansTheRowOfItsFirstClick) {
     }
 }
 
-TEST_F(AddressList, OnlyRowsThatAreCutAndStandStillHaveATooltip) {
+TEST_F(AddressList, OnlyElidedRowsThatStandStillHaveATooltip) {
     const auto has_tooltip = [&](const QPoint& place) {
         QToolTip::hideText();
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
@@ -152,17 +152,17 @@ TEST_F(AddressList, OnlyRowsThatAreCutAndStandStillHaveATooltip) {
     EXPECT_TRUE(has_tooltip(at_101));
     items.RemoveLast();
     Refresh();
-    EXPECT_FALSE(has_tooltip(at_101)) << "another row came under a pointer at rest";
+    EXPECT_FALSE(has_tooltip(at_101)) << "another row moved under the pointer";
 }
 
-TEST_F(AddressList, ShowsThatItHasTheKeyboardWithoutARow) {
+TEST_F(AddressList, ShowsTheFocusWithoutARow) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
     const QImage focused = list.grab().toImage();
     list.clearFocus();
     EXPECT_NE(list.grab().toImage(), focused);
 }
 
-TEST_F(AddressList, CopiesWhatIsChosenAndAll) {
+TEST_F(AddressList, CopiesTheSelectionOrAll) {
     Add(5);
     Refresh();
     const auto clipboard = [] { return QApplication::clipboard()->text(); };
@@ -170,7 +170,7 @@ TEST_F(AddressList, CopiesWhatIsChosenAndAll) {
     QTest::keyClick(&list, Qt::Key_Up, Qt::ShiftModifier);
     const QPoint first_row = list.visualRect(list.model()->index(0, 0)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, first_row);
-    EXPECT_EQ(list.Selected(), "www.site.com/0") << "the one with the focus";
+    EXPECT_EQ(list.Selected(), "www.site.com/0") << "the row with the focus";
     QTest::keySequence(&list, QKeySequence::Copy);
     EXPECT_EQ(clipboard(), "www.site.com/0\nwww.site.com/3\nwww.site.com/4");
 
@@ -183,7 +183,7 @@ TEST_F(AddressList, CopiesWhatIsChosenAndAll) {
     EXPECT_TRUE(clipboard().endsWith("\nanother"));
 }
 
-TEST_F(AddressList, OffersTheTypesOfWhatIsChosen) {
+TEST_F(AddressList, OffersTheTypesOfTheSelection) {
     list.OfferTypes();
     for (const char* item : {"site.com/a.WAV", "site.com/b", "site.com/c.iso", "site.com/d.wav"})
         items.AddItem(item);
@@ -201,7 +201,7 @@ TEST_F(AddressList, OffersTheTypesOfWhatIsChosen) {
               (std::vector<std::string>{".iso", ".wav"}));
 }
 
-TEST_F(AddressList, SelectionIsNeverAnItemThatIsGone) {
+TEST_F(AddressList, NeverSelectsARemovedItem) {
     Add(3);
     Refresh();
     list.selectRow(2);
@@ -214,14 +214,14 @@ TEST_F(AddressList, SelectionIsNeverAnItemThatIsGone) {
     EXPECT_EQ(list.Selected(), "");
 }
 
-TEST_F(AddressList, ShowsWhoComesByKeyboardWhichRowIsCurrent) {
+TEST_F(AddressList, ShowsKeyboardUsersTheCurrentRow) {
     QLineEdit before;
     before.setFocus();
     Add(2);
     Refresh();
     QFocusEvent tab(QEvent::FocusIn, Qt::TabFocusReason);
     QCoreApplication::sendEvent(&list, &tab);
-    EXPECT_EQ(list.Selected(), "www.site.com/1") << "the next one to be fetched";
+    EXPECT_EQ(list.Selected(), "www.site.com/1") << "the next one to fetch";
 }
 
 TEST_F(AddressList, TellsItsRowsToAScreenReader) {

@@ -17,7 +17,7 @@ using Action = cli::CommandLine::Action;
 
 namespace {
 
-/// Words stand between single blanks; between two blanks is an empty one.
+/// Single blanks separate words; two blanks enclose an empty word.
 cli::CommandLine Read(const QString& words) {
     return cli::ReadCommandLine(("vantorin " + words).split(' '));
 }
@@ -55,7 +55,7 @@ TEST(CommandLine, ReadsAnOrder) {
     EXPECT_EQ(full.order.timeout_milliseconds, 500);
 }
 
-TEST(CommandLine, HelpAndManualPageNameTheSame) {
+TEST(CommandLine, HelpAndManualPageNameTheSameOptions) {
     std::ifstream file(VANTORIN_MANUAL);
     std::string manual{std::istreambuf_iterator<char>(file), {}};
     text::ReplaceAllIn(manual, "\\-", "-");
@@ -83,16 +83,16 @@ class Program : public testing::Test {
     }
 
     const fakes::TempFolder folder;
-    /// A crawl into that folder from an address of this machine at which nobody answers.
+    /// A crawl into this folder from an address of this machine that refuses connections.
     const QString order = "--site 127.77.77.77/www.test --timeout 0.05 --folder " +
                           QString::fromStdString(folder.SystemPath().string());
     QProcess program;
 };
 
-TEST_F(Program, SaysHowItWentAndExitsWithACode) {
+TEST_F(Program, PrintsTheResultAndExitsWithItsCode) {
     const std::tuple<QString, int, const char*> cases[] = {
         {"--version", 0, ui::kNameAndVersion},
-#ifndef _WIN32  // there is always one
+#ifndef _WIN32  // which always has a display
         {"", 1, "no display"},
 #endif
         {order + "/a&b", 1, "would be changed"},
@@ -104,5 +104,5 @@ TEST_F(Program, SaysHowItWentAndExitsWithACode) {
         EXPECT_EQ(program.exitCode(), code) << said;
         EXPECT_TRUE(program.readAll().contains(said)) << said;
     }
-    EXPECT_TRUE(std::filesystem::is_empty(folder.SystemPath())) << "nothing is made elsewhere";
+    EXPECT_TRUE(std::filesystem::is_empty(folder.SystemPath())) << "nothing is created elsewhere";
 }

@@ -44,7 +44,7 @@ class CrawlSummaryTest : public testing::Test {
 };
 
 TEST_F(CrawlSummaryTest, CountsWhileACrawlRunsAndAfterwards) {
-    EXPECT_EQ(Now({}), " [0 of 0]") << "before the first one";
+    EXPECT_EQ(Now({}), " [0 of 0]") << "before the first crawl";
     const std::size_t start = Take("www.site.com");
     EXPECT_EQ(Running(), "0 files saved, 1 to go [0 of 1, well]");
     report.NoteAnswer(start, 1, kGood);
@@ -97,8 +97,8 @@ TEST_F(CrawlSummaryTest, SaysWhyFilesWereNotWritten) {
     EXPECT_EQ(Ended(), "1 file was not written (Permission denied). 0 files saved [0 of 1, warns]");
 }
 
-/// A slot that idles asks again, and may find room on the disk then.
-TEST_F(CrawlSummaryTest, ForgetsAFaultThatMended) {
+/// An idle slot asks again, and by then the disk may have room.
+TEST_F(CrawlSummaryTest, ForgetsAFaultThatWasResolved) {
     const std::size_t row = Take();
     report.NoteAnswer(row, 1, kGood);
     report.NoteWrite(row, kFull);
@@ -123,13 +123,13 @@ TEST_F(CrawlSummaryTest, SaysWhatIsWrongWithTheFirstAddress) {
         report.Clear();
         const std::size_t row = Take("www.exmple.org/a/b.html");
         report.NoteFailedTry(row, 1, why);
-        EXPECT_EQ(Running(), words + " [0 of 1, well, warns]"s) << "long before it is given up";
+        EXPECT_EQ(Running(), words + " [0 of 1, well, warns]"s) << "long before the last try";
         report.End(row, Outcome::Unanswered, 3, why);
         EXPECT_EQ(Ended(), words + " [0 of 1, warns]"s);
     }
 }
 
-TEST_F(CrawlSummaryTest, SaysWhatTheFirstAddressAnsweredInsteadOfAPage) {
+TEST_F(CrawlSummaryTest, SaysWhatCameInsteadOfTheFirstPage) {
     const std::pair<crawl::Answer, const char*> cases[] = {
         {{.status = 301, .detail = "https://www.site.com/"},
          "www.site.com answered 301: it has moved to https://www.site.com/"},

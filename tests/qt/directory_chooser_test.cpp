@@ -43,7 +43,7 @@ class DirectoryChooserTest : public FormTest {
     std::unique_ptr<ui::zDir> chooser;
 };
 
-TEST_F(DirectoryChooserTest, OpensOnTheStoredFolderOrTheNearestThatIsThere) {
+TEST_F(DirectoryChooserTest, OpensAtTheStoredFolderOrItsNearestExistingParent) {
     const std::pair<const char*, const char*> opened[] = {
         {"c:/Websites/one", "c:\\Websites\\one"},
         {"C:\\Websites\\gone\\deep\\", "C:\\Websites"},
@@ -62,14 +62,15 @@ TEST_F(DirectoryChooserTest, BrowsesByMouse) {
     DoubleClick("Websites");
     system.files.folders.erase("c:\\Websites\\one");
     DoubleClick("one");
-    EXPECT_EQ(Label1(), "C:\\Websites") << "the nearest to one that has gone meanwhile";
+    EXPECT_EQ(Label1(), "C:\\Websites")
+        << "the nearest parent of a folder that was deleted meanwhile";
     DoubleClick("two");
     Click(*chooser, "Command1");
     EXPECT_EQ(chosen, (std::vector<std::string>{"C:\\Websites\\two\\"}));
     EXPECT_FALSE(chooser->isVisible());
 }
 
-TEST_F(DirectoryChooserTest, MakesANewFolderAndOpensIt) {
+TEST_F(DirectoryChooserTest, CreatesANewFolderAndOpensIt) {
     Open("C:\\Websites\\");
     for (const char* name : {"", "one", "a/b", " copy "}) {
         system.boxes.inputs = {name};
@@ -77,7 +78,7 @@ TEST_F(DirectoryChooserTest, MakesANewFolderAndOpensIt) {
         EXPECT_EQ(chooser->focusWidget()->objectName(),
                   name == std::string(" copy ") ? "Command1" : "NewFolder");
     }
-    EXPECT_EQ(system.boxes.asked.size(), 2U) << "one is there already, and a/b is no name";
+    EXPECT_EQ(system.boxes.asked.size(), 2U) << "one exists already, and a/b is not a name";
     EXPECT_EQ(Label1(), "C:\\Websites\\copy");
     Click(*chooser, "Command1");
     EXPECT_EQ(chosen, (std::vector<std::string>{"C:\\Websites\\copy\\"}));
@@ -89,8 +90,8 @@ TEST_F(DirectoryChooserTest, ARootEndsInTwoBackslashes) {
     EXPECT_EQ(chosen, (std::vector<std::string>{"C:\\\\"}));
 }
 
-#ifndef _WIN32  // The drives are the system's own there, and every byte is a letter.
-TEST_F(DirectoryChooserTest, SaysWhereTheSystemHasTheFolder) {
+#ifndef _WIN32  // Windows has its own drives, and every byte is a character.
+TEST_F(DirectoryChooserTest, ShowsTheSystemsPathOfTheFolder) {
     qputenv("HOME", "/home/ann");
     Open("C:\\Websites\\");
     EXPECT_EQ(Find<QLabel>(*chooser, "SystemFolder")->text(),
@@ -100,7 +101,7 @@ TEST_F(DirectoryChooserTest, SaysWhereTheSystemHasTheFolder) {
               "On this computer: /home/ann/Websites/two");
 }
 
-TEST_F(DirectoryChooserTest, AnotherDriveOpensAtItsRootAndOneThatIsNotReadyNotAtAll) {
+TEST_F(DirectoryChooserTest, OpensADriveAtItsRootUnlessItIsNotReady) {
     Open("C:\\Websites\\");
     auto* drives = Find<QComboBox>(*chooser, "Drive1");
     QTest::keyClick(drives, Qt::Key_Down);
@@ -117,7 +118,7 @@ TEST_F(DirectoryChooserTest, OddNames) {
     Open("C:\\many\\");
     ASSERT_EQ(Names().size(), 4U);
     DoubleClick("no \xef\xbf\xbd text");
-    EXPECT_EQ(Label1(), "C:\\many") << "shown, but the folder box could not hold it";
+    EXPECT_EQ(Label1(), "C:\\many") << "it is shown, but the folder box cannot hold its name";
 }
 #endif
 

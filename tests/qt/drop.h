@@ -7,7 +7,7 @@
 #include <QUrl>
 #include <QWidget>
 
-/// Drags text or a link onto the middle of `target` and lets it go there. Whether it was taken.
+/// Drops text or a link onto the middle of `target`. Returns whether it was accepted.
 inline bool Drop(QWidget& target, const QString& text, const QUrl& link = {}) {
     QMimeData data;
     if (!text.isEmpty()) data.setText(text);

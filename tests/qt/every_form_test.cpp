@@ -25,7 +25,7 @@ bool IsControl(const QWidget* widget) {
     return IsAny<QAbstractButton, QLineEdit, QComboBox, QAbstractScrollArea, QLabel>(widget);
 }
 
-/// What a form shows, without the parts that a control consists of.
+/// The visible controls of a form, without the parts of compound controls.
 std::vector<QWidget*> ControlsOf(const QWidget& form) {
     std::vector<QWidget*> controls;
     for (QWidget* widget : form.findChildren<QWidget*>()) {
@@ -42,7 +42,7 @@ QRect PlaceOf(const QWidget* control) {
     return {control->mapTo(control->window(), QPoint()), control->size()};
 }
 
-/// Whether a text has all the room that it takes in the control's width.
+/// Whether the whole text fits into the control's width.
 bool HasRoomForText(const QWidget* control) {
     if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
         constexpr int kFlags = Qt::TextWordWrap | Qt::TextShowMnemonic;
@@ -74,7 +74,7 @@ void ExpectGoodControls(const QWidget& form) {
                   "");
         const auto* button = qobject_cast<const QAbstractButton*>(control);
         EXPECT_FALSE(button != nullptr && button->text().isEmpty() && button->toolTip().isEmpty())
-            << "it says nowhere what it does";
+            << "neither caption nor tooltip says what it does";
     }
 }
 
@@ -99,7 +99,7 @@ class EveryForm : public bench::WindowTest {
     const QFont usual_ = QApplication::font();
 };
 
-TEST_F(EveryForm, IsWholeAndCanBeWorkedByKeysAtTwoFontSizes) {
+TEST_F(EveryForm, FitsAndWorksByKeyboardAtTwoFontSizes) {
     using Make = std::function<QDialog*(QWidget*)>;
     const Make dialogs[] = {
         [](QWidget* parent) { return new ui::frmNew(parent); },
@@ -136,7 +136,7 @@ TEST_F(EveryForm, IsWholeAndCanBeWorkedByKeysAtTwoFontSizes) {
         }
         holder.Reload();
     }
-    // All but the first, which the screen has no more room for, grow with the desktop's font.
+    // All but the first, for which the screen is too small, grow with the desktop's font.
     for (std::size_t i = 1, forms = widths.size() / 2; i < forms; ++i)
         EXPECT_NEAR(widths[forms + i] / widths[i], 2, 0.2) << i;
 }

@@ -1,4 +1,4 @@
-// Takes the place of Windows' explorer: writes the command line that it was started with.
+// Replaces Windows' explorer: writes its own command line to a file.
 
 #include <windows.h>
 

@@ -42,17 +42,17 @@ TEST_F(FilterDialogTest, AddsKeywordsInUpperCaseAndOnce) {
     ExpectAsked("Filter already exists in the list!", BoxStyle::Information, "Filter");
 }
 
-TEST_F(FilterDialogTest, RemovingSelectsWhatMovesUp) {
+TEST_F(FilterDialogTest, RemovingSelectsTheNextKeyword) {
     Open({"A", "caf\xe9", "B", "C"});
     List1()->setCurrentRow(2);
     Click(*dialog, "Command2");
     ASSERT_EQ(List1()->selectedItems().size(), 1);
     EXPECT_EQ(List1()->selectedItems()[0]->text(), "C");
     QTest::keyClick(List1(), Qt::Key_Delete);
-    EXPECT_TRUE(List1()->selectedItems().isEmpty());  // the last one has no successor
+    EXPECT_TRUE(List1()->selectedItems().isEmpty());  // nothing follows the last one
     Click(*dialog, "Command2");
     dialog->close();
-    EXPECT_EQ(Stored(), "A\r\ncaf\xe9\r\n");  // bytes that no encoding knows stay as they were
+    EXPECT_EQ(Stored(), "A\r\ncaf\xe9\r\n");  // bytes that form no character stay unchanged
 }
 
 TEST_F(FilterDialogTest, ClearsAllAfterAQuestion) {
@@ -66,7 +66,7 @@ TEST_F(FilterDialogTest, ClearsAllAfterAQuestion) {
                 "Clear Filters");
 }
 
-TEST_F(FilterDialogTest, TakesOverWhatAnotherCopyOfTheProgramHasStored) {
+TEST_F(FilterDialogTest, TakesOverWhatAnotherCopyHasStored) {
     bas_General::StoreKeywordFilters({"A", "B"});
     system.files.Have("c:\\program\\filters.txt", "A\r\nB\r\nC\r\n");
     dialog = ui::zFilter::ShowOver(nullptr);
@@ -81,7 +81,7 @@ TEST_F(FilterDialogTest, TakesOverWhatAnotherCopyOfTheProgramHasStored) {
     EXPECT_EQ(Stored(), "B\r\nC\r\nMINE\r\nD\r\n");
 }
 
-TEST_F(FilterDialogTest, KeepsTheListEvenWhenItsParentGoes) {
+TEST_F(FilterDialogTest, StoresTheListEvenIfItsParentIsDestroyed) {
     auto parent = std::make_unique<QWidget>();
     Open({"OLD"}, parent.get());
     Add("new");
@@ -92,7 +92,7 @@ TEST_F(FilterDialogTest, KeepsTheListEvenWhenItsParentGoes) {
     EXPECT_EQ(Stored(), "OLD\r\nNEW\r\n");
 }
 
-TEST_F(FilterDialogTest, ThereIsOnlyOneAndItMovesToWhoAsksForIt) {
+TEST_F(FilterDialogTest, ThereIsOnlyOneAndItMovesToTheFormThatOpensIt) {
     QWidget first;
     QDialog modal(&first);
     Open({"A"}, &first);
@@ -101,7 +101,7 @@ TEST_F(FilterDialogTest, ThereIsOnlyOneAndItMovesToWhoAsksForIt) {
     Show(modal);
     EXPECT_EQ(ui::zFilter::ShowOver(&modal), dialog);
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-    // Through the window system, where a modal form would block it.
+    // Sent through the window system, where a modal form would block it.
     QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {},
                       Find<QPushButton>(*dialog, "Command4")->geometry().center());
     EXPECT_EQ(Stored(), "A\r\nUNSAVED\r\n");

@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// For which time goes on at the test's word, too.
+/// Lets the test move its clock forward.
 class AgeingResolver : public platform::HostResolver {
   public:
     using HostResolver::HostResolver;
@@ -21,15 +21,15 @@ class AgeingResolver : public platform::HostResolver {
 
 class HostResolverTest : public testing::Test {
   protected:
-    /// Looks a name up and notes the answer under `host`.
+    /// Looks a name up and stores the answer under `host`.
     void LookUp(const std::string& host) {
         resolver->LookUp(
             host, *receiver, [this, host](const auto& found, platform::SocketFailure why) {
                 EXPECT_EQ(found.empty(), why == platform::SocketFailure::NameUnknown) << host;
-                EXPECT_TRUE(answers.emplace(host, found).second) << host << " is answered twice";
+                EXPECT_TRUE(answers.emplace(host, found).second) << host << " was answered twice";
             });
     }
-    /// The kinds of the addresses of `host`, as "4" and "6"; "-" for none.
+    /// The address families found for `host`, as "4" and "6"; "-" for none.
     std::string Find(const std::string& host) {
         answers.clear();
         LookUp(host);
@@ -49,7 +49,7 @@ class HostResolverTest : public testing::Test {
 
 using namespace std::string_literals;
 
-TEST_F(HostResolverTest, FindsAddressesOfEitherKind) {
+TEST_F(HostResolverTest, FindsAddressesOfBothFamilies) {
     EXPECT_EQ(Find("www.site.test"), "4");
     EXPECT_EQ(Find("six.site.test"), "6");
     EXPECT_EQ(Find("big.site.test"), "4");
@@ -57,8 +57,8 @@ TEST_F(HostResolverTest, FindsAddressesOfEitherKind) {
     EXPECT_EQ(Find("no.site.test"), "-");
 }
 
-// The file of hosts comes first, as everywhere on the system; "localhost" is in every one.
-TEST_F(HostResolverTest, NobodyIsAskedForWhatIsKnownOrCannotBe) {
+// The hosts file comes first, as everywhere on the system. Every hosts file contains "localhost".
+TEST_F(HostResolverTest, AsksNoServerForKnownAndInvalidNames) {
     for (const char* known : {"localhost", "LocalHost."})
         EXPECT_NE(Find(known), "-") << known;
     for (const char* numeric : {"127.0.0.1", "127.0.0.1."})
@@ -72,7 +72,7 @@ TEST_F(HostResolverTest, NobodyIsAskedForWhatIsKnownOrCannotBe) {
     EXPECT_TRUE(server.asked.empty());
 }
 
-TEST_F(HostResolverTest, DeadNamesHoldNobodyUp) {
+TEST_F(HostResolverTest, UnansweredNamesDelayNoOthers) {
     for (int i = 0; i < 100; ++i)
         LookUp("silent" + std::to_string(i) + ".test");
     LookUp("localhost");
@@ -83,7 +83,7 @@ TEST_F(HostResolverTest, DeadNamesHoldNobodyUp) {
     EXPECT_EQ(server.asked.size(), 101U) << "they are asked for at the same time";
 }
 
-TEST_F(HostResolverTest, OneQuestionServesAllWhoAskForAMinute) {
+TEST_F(HostResolverTest, OneQuestionServesAllReceiversForAMinute) {
     const std::string spellings[] = {"www.site.test", "WWW.Site.test", "www.site.test."};
     for (const std::string& host : spellings)
         LookUp(host);
@@ -101,7 +101,7 @@ TEST_F(HostResolverTest, OneQuestionServesAllWhoAskForAMinute) {
     EXPECT_EQ(server.asked["no.site.test"], 4) << "it may exist by now";
 }
 
-TEST_F(HostResolverTest, OnlyANameWithoutADotIsSoughtInTheSearchDomains) {
+TEST_F(HostResolverTest, AppendsSearchDomainsOnlyToNamesWithoutADot) {
     qputenv("LOCALDOMAIN", "first.test no.second.test");
     EXPECT_EQ(Find("intranet"), "4");
     EXPECT_EQ(Find("no.typo.test"), "-");

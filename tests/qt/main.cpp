@@ -6,8 +6,8 @@
 
 namespace {
 
-/// A test that closes the window for good ends the application's loop, and no dialog of a later one
-/// would stay open. Running the loop once begins anew.
+/// A test that closes the window for good ends the application's loop, and no dialog of a later
+/// test would stay open. Running the loop once resets it.
 class FreshLoop : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override {
         QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
@@ -18,7 +18,7 @@ class FreshLoop : public testing::EmptyTestEventListener {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // Widgets need a display; the offscreen platform is one that every machine has.
+    // Widgets need a display. Every machine has the offscreen platform.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application = platform::MakeApplication(argc, argv);
     testing::InitGoogleTest(&argc, argv);

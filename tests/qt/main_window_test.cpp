@@ -27,7 +27,7 @@ using Texts = std::vector<std::string>;
 
 using MainWindow = bench::WindowTest;
 
-TEST_F(MainWindow, StandsThereAsDesigned) {
+TEST_F(MainWindow, HasItsControlsAsDesigned) {
     crawl::List1.AddItem("left over");
     Open();
     EXPECT_EQ(Window().windowTitle(), "Vantorin Website Downloader 1.9");
@@ -92,7 +92,7 @@ TEST_F(MainWindow, LaysItselfOutAtEverySize) {
         EXPECT_EQ(panel.height() == panel.LeastHeight(), h < 400);
     }
     Window().resize(1, 1);
-    EXPECT_EQ(Window().size(), QSize(1, 1)) << "it has no minimum";
+    EXPECT_EQ(Window().size(), QSize(1, 1)) << "it has no minimum size";
 }
 
 TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
@@ -112,12 +112,12 @@ TEST_F(MainWindow, RefusesTypedConnectionCountsButNotChosenOnes) {
     EXPECT_EQ(Window().TxtMax(), "24");
     type("12");
     QTest::keyClick(&count, Qt::Key_Down);
-    EXPECT_EQ(Window().TxtMax(), "13") << "a step goes on from what was typed";
+    EXPECT_EQ(Window().TxtMax(), "13") << "a step continues from the typed value";
 
     // Only choosing a count clears the rows beyond it.
     Window().SetRowStatus(5, "Downloading");
     type("3");
-    The<QPushButton>("Command4").setFocus();  // leaving the box chooses nothing
+    The<QPushButton>("Command4").setFocus();  // leaving the box does not choose
     EXPECT_EQ(The<QLabel>("l5").text(), "Downloading");
     Window().ChooseConnections(4);
     EXPECT_EQ(The<QLabel>("l5").text(), "Not Connected.");
@@ -153,15 +153,15 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
 
     pages.clear();
     StartByKeys("other.com");
-    EXPECT_TRUE(crawl::List2.Empty()) << "the last site's links";
+    EXPECT_TRUE(crawl::List2.Empty()) << "the links of the previous site";
 }
 
-TEST_F(MainWindow, SaysHowFarItIsAndWhatComesNext) {
+TEST_F(MainWindow, ShowsTheProgressAndTheNextAddress) {
     pages = {{"/", "<a href=\"b.html\">b</a> <a href=\"c.html\">c</a>"}, {"/b.html", "b"}};
     Open();
     EXPECT_TRUE(The<QWidget>("ProgressBar").isHidden());
     Window().ChooseConnections(1);
-    StartByKeys("site.com");  // whose c.html, asked for first, never comes
+    StartByKeys("site.com");  // its c.html is requested first and never answered
     const auto progress = [&] { return The<QLabel>("Progress").text(); };
     ASSERT_TRUE(WaitFor([&] { return progress() == "1 file saved, 2 to go"; }));
     EXPECT_EQ(The<QProgressBar>("ProgressBar").value(), 333);
@@ -194,12 +194,12 @@ TEST_F(MainWindow, APauseEndsWithTheSite) {
     });
     QCoreApplication::exec();
     EXPECT_EQ(system.boxes.asked.back().title, "Done.");
-    EXPECT_EQ(system.boxes.waits, 1) << "nobody has just asked for it";
+    EXPECT_EQ(system.boxes.waits, 1) << "no user action caused it";
     EXPECT_FALSE(paused_behind_the_box);
-    EXPECT_FALSE(Window().tmrMove().Enabled()) << "there is nothing to go on with";
+    EXPECT_FALSE(Window().tmrMove().Enabled()) << "no crawl is left to resume";
 }
 
-TEST_F(MainWindow, TheKeyboardGoesToTheListWhenACrawlBegins) {
+TEST_F(MainWindow, TheFocusMovesToTheListWhenACrawlBegins) {
     Open();
     for (const char* list : {"List1", "List2"}) {
         if (list == std::string("List2")) Click("OtherLinks");
@@ -220,7 +220,7 @@ TEST_F(MainWindow, AsksBeforeTwoCrawlsFillOneFolder) {
     for (const bool taken : {true, false}) {
         if (taken) system.files.claimed->insert("c:\\mine");
         StartByKeys("site.com");
-        EXPECT_EQ(Window().Command1Enabled(), taken) << "nobody said yes";
+        EXPECT_EQ(Window().Command1Enabled(), taken) << "nobody has answered Yes";
         ASSERT_EQ(system.boxes.asked.size(), 1U);
         EXPECT_EQ(system.boxes.asked[0].title, "Folder in Use");
         if (taken) system.files.claimed->clear();
@@ -230,7 +230,7 @@ TEST_F(MainWindow, AsksBeforeTwoCrawlsFillOneFolder) {
     EXPECT_TRUE(system.files.claimed->empty());
 }
 
-TEST_F(MainWindow, SaysWhenNoFileCameAtAll) {
+TEST_F(MainWindow, SaysWhenNoFileWasSaved) {
     pages = {{"/", "a"}};
     Open();
     StartByKeys("site.com");
@@ -247,7 +247,7 @@ TEST_F(MainWindow, SaysWhenNoFileCameAtAll) {
     EXPECT_EQ(The<QProgressBar>("ProgressBar").value(), 0);
 }
 
-TEST_F(MainWindow, WarnsOfAnAddressWhereThereIsRoom) {
+TEST_F(MainWindow, WarnsOfAnAddressIfThereIsRoom) {
     Open();
     const auto& line = The<QLabel>("Text1Hint");
     EXPECT_FALSE(line.isVisible());
@@ -268,7 +268,7 @@ TEST_F(MainWindow, WarnsOfAnAddressWhereThereIsRoom) {
     EXPECT_EQ(line.text(), "The download starts at http://www.site.com");
     EXPECT_EQ(The<QLabel>("Progress").text(), "");
     QTest::keyClick(&The<QLineEdit>("Text1"), Qt::Key_Return);
-    EXPECT_FALSE(line.isVisible()) << "the crawl has its address";
+    EXPECT_FALSE(line.isVisible()) << "the crawl has started";
 }
 
 TEST_F(MainWindow, IsReadableOnLightAndDarkDesktops) {
@@ -279,7 +279,7 @@ TEST_F(MainWindow, IsReadableOnLightAndDarkDesktops) {
     for (const bool dark : {false, true}) {
         SCOPED_TRACE(dark ? "dark" : "light");
         QPalette colours = dark ? QPalette(QColor(0x32, 0x30, 0x30)) : QPalette(Qt::lightGray);
-        colours.setColor(QPalette::AlternateBase, Qt::gray);  // too strong to be read on
+        colours.setColor(QPalette::AlternateBase, Qt::gray);  // too strong to read on
         colours.setColor(QPalette::PlaceholderText, Qt::gray);
         Open();
         QApplication::setPalette(colours);
@@ -333,7 +333,7 @@ TEST_F(MainWindow, TellsItsConnectionsToAScreenReader) {
     EXPECT_FALSE(count->state().expanded);
 }
 
-TEST_F(MainWindow, KeepsWhatIsBeingTypedWhenTheWindowComesBack) {
+TEST_F(MainWindow, KeepsTheTypedAddressWhenTheWindowComesBack) {
     Open();
     auto& address = The<QLineEdit>("Text1");
     address.setFocus();
@@ -352,10 +352,10 @@ TEST_F(MainWindow, KeepsWhatIsBeingTypedWhenTheWindowComesBack) {
     EXPECT_EQ(address.selectedText(), "site.com");
 }
 
-TEST_F(MainWindow, TheWheelTurnsTheConnectionsOnlyWithTheFocus) {
+TEST_F(MainWindow, TheWheelChangesTheConnectionsOnlyWithTheFocus) {
     Open();
     auto& count = The<QComboBox>("txtMax");
-    EXPECT_FALSE(count.lineEdit()->hasSelectedText()) << "looks as if it had the focus";
+    EXPECT_FALSE(count.lineEdit()->hasSelectedText()) << "it must not look focused";
     for (const bool focused : {false, true}) {
         if (focused) {
             count.setFocus();
@@ -413,7 +413,7 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     EXPECT_EQ(system.processes.addresses.back(), "http://site.com/d.iso");
 }
 
-TEST_F(MainWindow, MakesFiltersTypesAndFilesOfItsAddresses) {
+TEST_F(MainWindow, MakesFiltersFileTypesAndFilesFromAddresses) {
     Open();
     Click("OtherLinks");
     auto& other_links = The<ui::AddressList>("List2");
@@ -438,7 +438,7 @@ TEST_F(MainWindow, MakesFiltersTypesAndFilesOfItsAddresses) {
               "The next download will get files of this type, too: .iso .wav");
     EXPECT_EQ(system.files.At("c:\\program\\temp\\filetypes.txt"), ".html\r\n.iso\r\n.wav\r\n");
 
-    const fakes::TempFolder folder;  // the dialog looks for it
+    const fakes::TempFolder folder;  // the dialog checks that it exists
     system.files.Have(folder.Text());
     for (const bool writable : {false, true}) {
         system.files.disk_full = !writable;
@@ -451,7 +451,7 @@ TEST_F(MainWindow, MakesFiltersTypesAndFilesOfItsAddresses) {
             WaitFor([&] { return Window().findChild<QFileDialog*>("SaveText") == nullptr; }));
         EXPECT_EQ(system.files.At(folder.Text() + "\\links.txt"),
                   writable ? "site.com/ads/a.WAV\r\nsite.com/ads/b.iso\r\n" : "(none)");
-        EXPECT_EQ(system.boxes.asked.back().title, "Save") << "of the first time";
+        EXPECT_EQ(system.boxes.asked.back().title, "Save") << "the question of the first time";
     }
 }
 
@@ -468,13 +468,13 @@ TEST_F(MainWindow, OffersAddressesUsedBefore) {
     QTest::keyClick(offers, Qt::Key_Return);
     QCoreApplication::processEvents();
     EXPECT_EQ(Window().Text1(), "www.first.test/docs/");
-    EXPECT_TRUE(Window().Command1Enabled()) << "this Enter only chooses";
+    EXPECT_TRUE(Window().Command1Enabled()) << "this Enter only completes";
     QTest::keyClick(&address, Qt::Key_Return);
     EXPECT_FALSE(Window().Command1Enabled());
     EXPECT_EQ(bas_General::RecentAddresses(), Texts{"www.first.test/docs/"});
 }
 
-TEST_F(MainWindow, TakesALinkThatIsDropped) {
+TEST_F(MainWindow, TakesADroppedLink) {
     Open();
     for (const char* place : {"Text1", "txtMax", "List1"}) {
         EXPECT_TRUE(Drop(The<QWidget>(place), "", QUrl("http://www.b\u00fccher.test/a b")));
@@ -497,8 +497,8 @@ TEST_F(MainWindow, AsksBeforeItCloses) {
     EXPECT_TRUE(Window().isVisible());
     EXPECT_FALSE(Window().Command1Enabled());
 
-    QApplication::setQuitOnLastWindowClosed(false);          // as the program has it
-    system.boxes.while_open = [this] { Window().close(); };  // asks no second time
+    QApplication::setQuitOnLastWindowClosed(false);          // as in the program
+    system.boxes.while_open = [this] { Window().close(); };  // does not ask again
     QTimer::singleShot(0, [this] { Window().close(); });
     EXPECT_EQ(QCoreApplication::exec(), 0) << "the program ends";
     EXPECT_FALSE(Window().isVisible());

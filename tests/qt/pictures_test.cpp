@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The mean of a picture: how much of its area is painted, and in what colour.
+/// The mean colour of a picture. Its alpha tells how much of the area is painted.
 QColor MeanOf(const QImage& image) {
     return image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
 }
@@ -22,7 +22,7 @@ QColor MeanOf(const QIcon& icon, int side = 48, QIcon::Mode mode = QIcon::Normal
     return MeanOf(icon.pixmap(QSize(side, side), 1, mode).toImage());
 }
 
-/// Without what lies behind it.
+/// Without the background.
 QColor MeanOf(QWidget&& widget, const QSize& size = {48, 48}) {
     widget.resize(size);
     QImage image(widget.size(), QImage::Format_ARGB32);
@@ -48,7 +48,7 @@ class Pictures : public testing::Test {
     const QPalette usual_ = QApplication::palette();
 };
 
-TEST_F(Pictures, OfButtonsFitLightAndDarkDesktopsAndArePaleWhereDisabled) {
+TEST_F(Pictures, OfButtonsSuitLightAndDarkDesktopsAndArePaleIfDisabled) {
     using ui::Picture;
     const struct {
         Picture picture;

@@ -6,13 +6,13 @@
 #include <QThread>
 #include <QTimer>
 
-TEST(QtEventLoop, DoEventsRunsWhatIsPendingAndReturns) {
+TEST(QtEventLoop, DoEventsRunsPendingEventsAndReturns) {
     platform::QtEventLoop loop;
     bool posted = false;
     bool idle = false;
     const auto post = [&] { posted = true; };
     QMetaObject::invokeMethod(qApp, post, Qt::QueuedConnection);
-    QTimer timer;  // there is always more to do, as on a busy network
+    QTimer timer;  // there is always another event, as on a busy network
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] { idle = true; });
     timer.start(0);
     loop.DoEvents();
@@ -28,12 +28,12 @@ TEST(QtEventLoop, DoEventsThrottledTakesATurnOnlyEveryFewMilliseconds) {
         QMetaObject::invokeMethod(qApp, turn, Qt::QueuedConnection);
         loop.DoEventsThrottled();
         const bool took = turned;
-        loop.DoEvents();  // the event goes before `turned` does
+        loop.DoEvents();  // the event runs before `turned` is destroyed
         return took;
     };
     EXPECT_TRUE(takes_turn()) << "the first time";
     bool passed_over = false;
-    for (int i = 0; i < 1000 && !passed_over; ++i)  // a busy machine may hold one up for too long
+    for (int i = 0; i < 1000 && !passed_over; ++i)  // on a busy machine, a turn may come too late
         passed_over = !takes_turn();
     EXPECT_TRUE(passed_over);
     QThread::msleep(6);

@@ -16,14 +16,14 @@ using platform::BoxStyle;
 
 class QtMessageBoxesTest : public testing::Test {
   protected:
-    /// Does something with the dialog that opens next in this test.
+    /// Calls `act` with the dialog that opens next.
     void WhenOpen(std::function<void(QDialog&)> act) {
         QTimer::singleShot(0, &test_, [this, act] {
             auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             dialog != nullptr ? act(*dialog) : WhenOpen(act);
         });
     }
-    /// Leaves no window of the program active, as when the user has gone to another program.
+    /// Leaves no window of the program active, as when the user has switched to another program.
     static void TakeKeyboardAway() {
         QWidget other;
         other.show();
@@ -75,7 +75,7 @@ TEST_F(QtMessageBoxesTest, OutliveTheirWindow) {
     }
 }
 
-TEST_F(QtMessageBoxesTest, BelongToTheWindowThatIsWorkedIn) {
+TEST_F(QtMessageBoxesTest, BelongToTheActiveWindow) {
     QMainWindow main_window;
     main_window.show();
     TakeKeyboardAway();
@@ -95,7 +95,7 @@ TEST_F(QtMessageBoxesTest, BelongToTheWindowThatIsWorkedIn) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     TakeKeyboardAway();
     EXPECT_EQ(owner_of_box(), &dialog);
-    QDialog over(&dialog);  // stands over the modal one and can be used as well
+    QDialog over(&dialog);  // lies over the modal one and can be used, too
     over.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&over));
     EXPECT_EQ(owner_of_box(), &over);

@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Puts a stand-in for the desktop's opener first on the PATH; it writes its arguments to a file,
-/// each on a line of its own in brackets.
+/// Puts a stand-in for the desktop's opener first on the PATH. It writes its arguments to a file,
+/// one per line, in brackets.
 class QtProcessStarterTest : public testing::Test {
   protected:
     QtProcessStarterTest() {
@@ -23,7 +23,7 @@ class QtProcessStarterTest : public testing::Test {
     }
     ~QtProcessStarterTest() override { qputenv("PATH", path_); }
 
-    /// What the opener was started with since the last call.
+    /// The opener's arguments since the last call.
     std::string Arguments() {
         QFile file(folder_.filePath("arguments"));
         if (!clock_.RunUntil([&] { return file.exists(); })) return "nothing started";
@@ -53,7 +53,7 @@ TEST_F(QtProcessStarterTest, OpensAPageAtItsWords) {
          "file:///a%20b%23c%3Fd%25e/x.html#:~:text=one%20two%2Dfold%2C%20%26%20%C3%A9"},
         {"\\\xFF.php_a=1.HTM.html", "x", "file:///%FF.php_a%3D1.HTM.html#:~:text=x"},
         {"\\x.html", "", "/x.html"},
-        {"\\x.html\\notes.txt", "x", "/x.html/notes.txt"},  // no browser takes this
+        {"\\x.html\\notes.txt", "x", "/x.html/notes.txt"},  // browsers do not open this
     };
     for (const auto& [file, words, opened] : cases) {
         EXPECT_TRUE(starter_.OpenPage(file, words));
@@ -74,7 +74,7 @@ TEST_F(QtProcessStarterTest, OpensOnlyWebAddressesEncoded) {
     }
 }
 
-TEST_F(QtProcessStarterTest, TellsWhenThereIsNoOpener) {
+TEST_F(QtProcessStarterTest, ReportsThatThereIsNoOpener) {
     qputenv("PATH", "/nowhere");
     EXPECT_FALSE(starter_.ExploreFolder("\\srv"));
     EXPECT_FALSE(starter_.OpenAddress("http://site.com"));

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A stand-in for the explorer lies beside this program; it writes its command line to a file.
+/// A stand-in for the explorer is beside this program. It writes its command line to a file.
 class QtProcessStarterTest : public testing::Test {
   protected:
     QtProcessStarterTest() {
@@ -19,7 +19,7 @@ class QtProcessStarterTest : public testing::Test {
     }
     ~QtProcessStarterTest() override { qputenv("windir", windir_); }
 
-    /// What follows the program's name in the command line of the last start.
+    /// The command line of the last start, without the program's name.
     QString Words() {
         QFile file(file_);
         const auto is_there = [&] { return file.open(QIODevice::ReadOnly); };
@@ -45,7 +45,7 @@ TEST_F(QtProcessStarterTest, PassesAFolderAsOneQuotedWord) {
 TEST_F(QtProcessStarterTest, OpensOnlyWebAddressesEncoded) {
     const QFile stand_in(QCoreApplication::applicationDirPath() + "/explorer.exe");
     if (QFile("c:\\windows\\explorer.exe").size() != stand_in.size())
-        GTEST_SKIP() << "the explorer is the system's own here";
+        GTEST_SKIP() << "this is the system's own explorer";
     EXPECT_TRUE(starter_.OpenAddress("HTTP://site.com/a b?x=<y>&\"z\"^%windir%,/e"));
     EXPECT_EQ(Words(), "\"http://site.com/a%20b?x=%3Cy%3E&%22z%22%5E%25windir%25,/e\"");
     for (const std::string address : {"", "calc.exe", "file:///c:/windows/notepad.exe",

@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(QtSettingsStore, KeepsEveryTextAndTakesNothingElseForOne) {
+TEST(QtSettingsStore, KeepsEveryTextAndReadsNothingElseAsText) {
     const QTemporaryDir folder;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     const QString path = folder.filePath("Vantorin/Vantorin.conf");
@@ -22,7 +22,7 @@ TEST(QtSettingsStore, KeepsEveryTextAndTakesNothingElseForOne) {
     }
     EXPECT_EQ(store.Get("Vantorin", "Settings", "Other", "-"), "-");
     EXPECT_EQ(store.Get("Other", "Settings", "Timeout", "-"), "-");
-    EXPECT_TRUE(QFile::exists(path)) << "in the folder of this test";
+    EXPECT_TRUE(QFile::exists(path)) << "in this test's folder";
 
     for (const QByteArray& damage :
          {QByteArray("[Settings]\nTimeout=@Size(1 2)"), QByteArray("[Settings]\nTimeout=1, 2"),
@@ -36,9 +36,9 @@ TEST(QtSettingsStore, KeepsEveryTextAndTakesNothingElseForOne) {
         EXPECT_EQ(get(), "30");
     }
 
-    ASSERT_TRUE(QFile::remove(path) && QDir().mkpath(path));  // a folder in the file's place
+    ASSERT_TRUE(QFile::remove(path) && QDir().mkpath(path));  // a folder in place of the file
     store.Put("Vantorin", "Settings", "Timeout", "20");
-    EXPECT_TRUE(QDir(path).exists()) << "it is passed over";
+    EXPECT_TRUE(QDir(path).exists()) << "it is ignored";
 }
 
 }  // namespace

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Allocations of so many bytes are refused, as by a system that has no memory left.
+/// Allocations of this many bytes or more are refused, as by a system without free memory.
 std::size_t g_refused_from = SIZE_MAX;
 
 }  // namespace
@@ -28,9 +28,9 @@ void* operator new(std::size_t size) {
     return memory;
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return std::malloc(size);  // or the sanitizer's own would meet the delete below
+    return std::malloc(size);  // the sanitizer's own version would not match the delete below
 }
-// Inlined, it would free what a call of new gave, and GCC 14 would warn of that.
+// If it were inlined, GCC 14 would warn that it frees memory of a call of new.
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
@@ -44,7 +44,7 @@ using platform::SocketFailure;
 using platform::SocketState;
 namespace native = platform::native;
 
-/// Takes a connection, whose calls wait whatever those of the socket that listens do.
+/// Accepts a connection. Its calls block even if those of the listening socket do not.
 native::Handle TakePeer(native::Handle listening) {
     const native::Handle peer = accept(listening, nullptr, nullptr);
 #ifdef _WIN32
@@ -57,7 +57,7 @@ native::Handle TakePeer(native::Handle listening) {
 /// The real socket against a peer on this machine.
 struct QtSocketBench : real::Clock {
     std::unique_ptr<platform::QtSocket> socket = std::make_unique<platform::QtSocket>();
-    QTcpServer server;  // holds the port; its peers are taken by hand
+    QTcpServer server;  // holds the port; the test itself accepts the peers
     native::Handle peer = native::kNoHandle;
 
     QtSocketBench() {
@@ -72,7 +72,7 @@ struct QtSocketBench : real::Clock {
     void NewSocket() { socket = std::make_unique<platform::QtSocket>(); }
     void Connect() {
         socket->Connect("127.0.0.1", server.serverPort());
-        EXPECT_EQ(socket->State(), SocketState::Connecting) << "never at once";
+        EXPECT_EQ(socket->State(), SocketState::Connecting) << "never immediately";
     }
     void ConnectRefused() { socket->Connect("127.0.0.1", 1); }
     bool SomeoneWaits() const {
@@ -86,7 +86,7 @@ struct QtSocketBench : real::Clock {
         if (peer != native::kNoHandle) native::CloseHandle(peer);
         peer = native::kNoHandle;
     }
-    /// Takes the newest; others may be left of connections that were given up.
+    /// Accepts the newest; others may be left from cancelled connections.
     void Accept() {
         ASSERT_TRUE(RunUntil([this] { return SomeoneWaits(); }));
         while (SomeoneWaits()) {
@@ -149,12 +149,12 @@ TEST_F(QtSocketTest, FindsItsHostByName) {
     bench_.RunUntil([&] { return names.asked.size() == 4; });
     bench_.Settle();
     EXPECT_EQ(bench_.socket->State(), SocketState::Closed);
-    EXPECT_FALSE(bench_.SomeoneWaits()) << "a look-up ends with its connection";
+    EXPECT_FALSE(bench_.SomeoneWaits()) << "closing the socket cancels the look-up";
     bench_.socket.reset();
 }
 
-#ifndef _WIN32  // There a full queue refuses at once.
-// Nobody takes the connections to the first address: one waits, and more are not answered.
+#ifndef _WIN32  // A full queue refuses at once there.
+// Nobody accepts the connections to the first address: one waits, and further ones get no answer.
 TEST_F(QtSocketTest, TriesTheNextAddressWhenOneStaysSilent) {
     const auto port = bench_.server.serverPort();
     platform::native::Address silent = *native::NumericAddress("127.0.0.2");
@@ -177,8 +177,8 @@ TEST_F(QtSocketTest, TriesTheNextAddressWhenOneStaysSilent) {
 }
 #endif
 
-// Here the sending hears of the reset, and the reading must not take what follows for a close.
-TEST_F(QtSocketTest, AResetThatSendingMeetsIsNoClose) {
+// Here sending detects the reset, and reading must not take what follows for a close.
+TEST_F(QtSocketTest, DoesNotTakeAResetDetectedBySendingForAClose) {
     ConnectAndAccept();
     in_data = [&] {
         if (states.size() > 1) return;
@@ -192,7 +192,7 @@ TEST_F(QtSocketTest, AResetThatSendingMeetsIsNoClose) {
     EXPECT_EQ(EventsInClosing(), 0);
 }
 
-TEST_F(QtSocketTest, WithoutANameServerANameIsNotUnknown) {
+TEST_F(QtSocketTest, WithoutANameServerANameDoesNotCountAsUnknown) {
     platform::HostResolver resolver("127.0.0.1:1");
     bench_.socket = std::make_unique<platform::QtSocket>(resolver);
     bench_.socket->Connect("www.site.test", 80);
@@ -200,9 +200,9 @@ TEST_F(QtSocketTest, WithoutANameServerANameIsNotUnknown) {
     EXPECT_EQ(bench_.socket->Failure(), SocketFailure::NotLookedUp);
 }
 
-TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaintAndTimersFire) {
+TEST_F(QtSocketTest, AFastPeerDelaysNeitherPaintingNorTimers) {
     struct Window : QWidget {
-        int unpainted = 0;  // pieces since the last time
+        int unpainted = 0;  // pieces since the last painting
         void paintEvent(QPaintEvent*) override { unpainted = 0; }
     } window;
     window.show();
@@ -217,7 +217,7 @@ TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaintAndTimersFire) {
     bench_.socket->on_data = [&] {
         ++pieces;
         most_unpainted = std::max(most_unpainted, ++window.unpainted);
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));  // so that more always waits
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));  // so that data keeps waiting
         bench_.socket->GetData();
         window.update();
     };
@@ -233,8 +233,8 @@ TEST_F(QtSocketTest, AFastPeerLetsTheWindowPaintAndTimersFire) {
     EXPECT_GE(ticks, 5);
 }
 
-// The second socket's handler blocks in the very iteration that the due timer waited for.
-TEST_F(QtSocketTest, EverySocketGoesBeforeATimerHoweverLongTheOthersTake) {
+// The second socket's handler blocks in the very iteration after which the due timer would fire.
+TEST_F(QtSocketTest, EverySocketComesBeforeADueTimerHoweverLongTheOthersTake) {
     QtSocketBench other;
     ConnectAndAccept();
     other.Connect();
@@ -265,7 +265,7 @@ TEST_F(QtSocketTest, EverySocketGoesBeforeATimerHoweverLongTheOthersTake) {
     EXPECT_EQ(order, " first x late timer");
 }
 
-TEST_F(QtSocketTest, WithoutMemoryForItsBytesAConnectionFails) {
+TEST_F(QtSocketTest, AConnectionFailsWithoutMemoryForItsBytes) {
     const std::string answer(20'000, 'x');
     ConnectAndAccept();
     g_refused_from = 10'000;
@@ -275,5 +275,5 @@ TEST_F(QtSocketTest, WithoutMemoryForItsBytesAConnectionFails) {
     EXPECT_TRUE(failed);
     EXPECT_EQ(bench_.socket->Failure(), SocketFailure::OutOfMemory);
     bench_.Settle();
-    EXPECT_EQ(Events(), 1) << "the connecting only";
+    EXPECT_EQ(Events(), 1) << "only the connect event";
 }

@@ -96,10 +96,10 @@ TEST_F(ReportDialogTest, ShowsEachRowAsItEnds) {
     EXPECT_EQ(Outcomes().item(5)->text(), "unanswered (1)");
 
     Report.Clear();
-    EXPECT_EQ(Addresses(), Texts{}) << "no row of the old crawl is left to be asked for";
+    EXPECT_EQ(Addresses(), Texts{}) << "no row of the old crawl is left";
 }
 
-TEST_F(ReportDialogTest, FiltersByOneClickAndAsOneTypes) {
+TEST_F(ReportDialogTest, FiltersByOneClickAndWhileTyping) {
     Saved("www.site.com/a");
     Lost("www.site.com/b", "refused");
     Saved("www.site.com/c");
@@ -118,7 +118,7 @@ TEST_F(ReportDialogTest, FiltersByOneClickAndAsOneTypes) {
     EXPECT_EQ(Rows().currentIndex().row(), 0);
 }
 
-TEST_F(ReportDialogTest, SortsByAClickAndKeepsWhatIsSelected) {
+TEST_F(ReportDialogTest, SortsByAClickAndKeepsTheSelection) {
     for (const char* name : {"b", "c", "a"})
         Saved(std::string("www.site.com/") + name);
     Open();
@@ -134,7 +134,7 @@ TEST_F(ReportDialogTest, SortsByAClickAndKeepsWhatIsSelected) {
     EXPECT_EQ(Rows().selectionModel()->selectedRows().size(), 1);
     EXPECT_EQ(Rows().currentIndex().row(), 1);
     SortBy(0);
-    EXPECT_EQ(Cell(0, 0), "www.site.com/b") << "a third click: as they ended";
+    EXPECT_EQ(Cell(0, 0), "www.site.com/b") << "the third click restores the order of ending";
 }
 
 TEST_F(ReportDialogTest, FollowsTheNewestRowUntilScrolledUp) {
@@ -188,7 +188,7 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         system.files.Have("c:");
         system.files.Have("z:\\tmp");
         system.files.disk_full = disk_full;
-        ClickOutcome(1);  // what is filtered out is saved, too
+        ClickOutcome(1);  // hidden rows are saved, too
         Click(*dialog, "SaveAs");
         auto* const chooser = dialog->findChild<QFileDialog*>();
         ASSERT_NE(chooser, nullptr);
@@ -208,7 +208,7 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
     }
 }
 
-TEST_F(ReportDialogTest, ThereIsOne) {
+TEST_F(ReportDialogTest, OpensOnlyOnce) {
     Open();
     const ui::ReportDialog* const first = dialog;
     Open();

@@ -48,7 +48,7 @@ class ReportRowsTest : public testing::Test {
     ui::ReportRows rows{report};
 };
 
-TEST_F(ReportRowsTest, ShowsWhatHasEndedInItsOrder) {
+TEST_F(ReportRowsTest, ShowsRowsInTheOrderOfEnding) {
     report.Add("www.site.com/0");
     report.Add("www.site.com/1");
     report.End(report.TakeNewest(), Outcome::NotAsked, 1);
@@ -110,9 +110,9 @@ TEST_F(ReportRowsTest, KeepsTheOldRowsUntilTheNewOnesAreFound) {
     EXPECT_EQ(Shown(), (Numbers{1, 0}));
     rows.BeginUpdate();
     rows.ContinueUpdate();
-    End("www.site.com/1", Outcome::Saved);  // in the middle
+    End("www.site.com/1", Outcome::Saved);  // in the middle of the search
     Finish();
-    EXPECT_TRUE(rows.IsStale()) << "one more has come meanwhile";
+    EXPECT_TRUE(rows.IsStale()) << "another row has ended meanwhile";
 
     rows.BeginUpdate();
     rows.ContinueUpdate();
@@ -123,7 +123,7 @@ TEST_F(ReportRowsTest, KeepsTheOldRowsUntilTheNewOnesAreFound) {
     EXPECT_EQ(rows.Count(), 0U);
 }
 
-TEST_F(ReportRowsTest, TellsHowManyRowsStay) {
+TEST_F(ReportRowsTest, CountsTheRowsThatStay) {
     for (const char* name : {"a", "b", "a", "c"})
         End(std::string("www.site.com/") + name, Outcome::Saved);
     const auto stays = [this](const ReportView& view) {
@@ -136,13 +136,13 @@ TEST_F(ReportRowsTest, TellsHowManyRowsStay) {
     };
     EXPECT_EQ(stays({.text = "/a"}), 1U);
     End("www.site.com/a", Outcome::Saved);
-    EXPECT_EQ(stays({.text = "/a"}), 2U) << "only more";
+    EXPECT_EQ(stays({.text = "/a"}), 2U) << "rows are only added";
     EXPECT_EQ(stays({.text = "/b"}), 0U);
     EXPECT_EQ(stays({}), 0U);
     EXPECT_EQ(stays({}), 5U);
 }
 
-/// Long reports are sorted in many steps, whose order has to be that of one.
+/// Long reports are sorted in many steps. The order must be that of a single sort.
 TEST_F(ReportRowsTest, SortsLongReportsAsShortOnes) {
     std::mt19937 random(1);
     for (int i = 0; i < 5000; ++i) {

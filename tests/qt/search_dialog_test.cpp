@@ -46,7 +46,7 @@ class SearchDialogTest : public FormTest {
             pages.push_back(Pages().model()->index(row, 0).data().toString().toStdString());
         return pages;
     }
-    /// Whether the search comes to this.
+    /// Waits for this result of the search.
     bool Finds(const std::string& outcome) {
         return QTest::qWaitFor([&] { return Outcome() == outcome; }, 20'000);
     }
@@ -55,7 +55,7 @@ class SearchDialogTest : public FormTest {
     QPointer<ui::SearchDialog> dialog;
 };
 
-TEST_F(SearchDialogTest, SearchesAsOneTypes) {
+TEST_F(SearchDialogTest, SearchesWhileTyping) {
     Open();
     EXPECT_EQ(QApplication::focusWidget(), &Words());
     const std::tuple<const char*, const char*, Texts> keys[] = {
@@ -77,7 +77,7 @@ TEST_F(SearchDialogTest, SearchesAsOneTypes) {
     EXPECT_TRUE(Finds("1 page, 2 matches")) << Outcome();
 }
 
-TEST_F(SearchDialogTest, TheKeyboardStaysInTheBox) {
+TEST_F(SearchDialogTest, TheFocusStaysInTheBox) {
     Open();
     QTest::keyClicks(&Words(), "need");
     QTest::keyClick(&Words(), Qt::Key_Return);
@@ -127,10 +127,10 @@ TEST_F(SearchDialogTest, SaysWhyThereIsNothingToSearch) {
     ASSERT_NE(chooser, nullptr);
     QTest::mouseClick(Find<QPushButton>(*chooser, "Command1"), Qt::LeftButton);
     EXPECT_EQ(Find<QLineEdit>(*dialog, "Folder")->text(), "c:\\copy\\");
-    EXPECT_EQ(bas_General::StoredFolder(), "c:/copy") << "the wizard's stays as it is";
+    EXPECT_EQ(bas_General::StoredFolder(), "c:/copy") << "the wizard's folder is unchanged";
 }
 
-TEST_F(SearchDialogTest, SeesWhatIsSavedMeanwhile) {
+TEST_F(SearchDialogTest, FindsPagesSavedMeanwhile) {
     Open();
     QTest::keyClicks(&Words(), "needle");
     ASSERT_TRUE(Finds("2 pages, 3 matches"));
@@ -138,7 +138,7 @@ TEST_F(SearchDialogTest, SeesWhatIsSavedMeanwhile) {
     QTest::keyClick(&Words(), Qt::Key_F5);
     EXPECT_TRUE(Finds("3 pages, 4 matches")) << Outcome();
     system.files.files.clear();
-    Pages().viewport()->grab();  // the words of each page are read when it is painted
+    Pages().viewport()->grab();  // each snippet is read when it is painted
     EXPECT_EQ(Listed().size(), 3U);
 }
 
@@ -155,7 +155,7 @@ TEST_F(SearchDialogTest, TakesALargeExtractInSlicesAndDropsASearchUnderWay) {
     EXPECT_EQ(Outcome(), "Searching... 1 page, 1 match");
     EXPECT_EQ(Listed(), Texts{"a.com/first.html"});
     QTest::keyClicks(&Words(), "ds");
-    EXPECT_EQ(Listed(), Texts{}) << "nothing of the last search is there to be opened";
+    EXPECT_EQ(Listed(), Texts{}) << "no page of the last search can be opened";
     EXPECT_TRUE(Finds("1 page, 1 match")) << Outcome();
     EXPECT_EQ(Listed(), Texts{"a.com/last.html"});
     Retype(&Words(), "xx");

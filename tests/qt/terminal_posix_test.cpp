@@ -11,10 +11,10 @@
 
 namespace {
 
-/// Standard output as the program would have it, while this lives; what it prints is read here.
+/// Redirects standard output as long as this exists, and reads what the program prints.
 class OutputTo {
   public:
-    /// Reading and writing end of a pipe or of a terminal.
+    /// The reading and the writing end of a pipe or terminal.
     explicit OutputTo(std::array<int, 2> ends) : reading_(ends[0]), before_(dup(STDOUT_FILENO)) {
         fcntl(reading_, F_SETFL, O_NONBLOCK);
         dup2(ends[1], STDOUT_FILENO);
@@ -28,7 +28,7 @@ class OutputTo {
     OutputTo(const OutputTo&) = delete;
     OutputTo& operator=(const OutputTo&) = delete;
 
-    /// What has been printed since the last time.
+    /// What was printed since the last call.
     std::string Read() const {
         std::string all;
         std::array<char, 4096> part;
@@ -54,7 +54,7 @@ std::array<int, 2> Pipe() {
 
 }  // namespace
 
-TEST(Terminal, ProgressStaysInItsLineAndLeavesNothingOfALongerOne) {
+TEST(Terminal, ProgressStaysOnItsLineAndErasesALongerOne) {
     const int reading = posix_openpt(O_RDWR | O_NOCTTY);
     ASSERT_EQ(grantpt(reading) + unlockpt(reading), 0);
     OutputTo output({reading, open(ptsname(reading), O_RDWR | O_NOCTTY)});
@@ -69,14 +69,14 @@ TEST(Terminal, ProgressStaysInItsLineAndLeavesNothingOfALongerOne) {
     EXPECT_EQ(shown("11 files"), "\r11 files");
     terminal.Print("A line to keep.\nAnother.");
     EXPECT_EQ(output.Read(), "\r\nA line to keep.\r\nAnother.\r\n");
-    EXPECT_EQ(shown("1 file"), "\r1 file") << "nothing is left in a line of its own";
+    EXPECT_EQ(shown("1 file"), "\r1 file") << "no other line is left";
 }
 
-TEST(Terminal, WaitsForNoReaderAndLosesNoLine) {
+TEST(Terminal, DoesNotWaitForReadersAndLosesNoLine) {
     OutputTo output(Pipe());
     cli::Terminal terminal;
     terminal.ShowProgress("1 file");
-    EXPECT_EQ(output.Read(), "") << "progress is for a terminal";
+    EXPECT_EQ(output.Read(), "") << "only terminals get progress";
     const std::string much(200'000, 'x');  // more than a pipe holds
     terminal.Print(much);
     terminal.Print("last");
@@ -93,11 +93,11 @@ TEST(Terminal, WaitsForNoReaderAndLosesNoLine) {
     EXPECT_TRUE(terminal.ReaderGone()) << "before anything is printed";
     terminal.Print("to nobody");
     EXPECT_TRUE(terminal.ReaderGone());
-    terminal.Finish();  // has nothing to wait for
+    terminal.Finish();  // does not wait: there is no reader
     std::signal(SIGPIPE, usual);
 }
 
-TEST(TerminalBoxes, PrintWhatTheySayAndNeverAgreeQuietlyTheFaultsAlone) {
+TEST(TerminalBoxes, AnswerNoAndPrintTheirTextButOnlyFaultsIfQuiet) {
     using platform::BoxAnswer;
     using platform::BoxStyle;
     OutputTo output(Pipe());

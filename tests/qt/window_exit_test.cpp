@@ -5,10 +5,10 @@
 
 using platform::BoxAnswer;
 
-/// The window's end, by its own commands and by others.
+/// The end of the window, by its own commands and from outside.
 using WindowExit = bench::WindowTest;
 
-TEST_F(WindowExit, SaysThatItCleansUpBeforeItDoes) {
+TEST_F(WindowExit, AnnouncesTheCleanUpBeforeItStarts) {
     pages = {{"/", "<a href='b.html'> <a href='c.html'> <a href='d.html'>"}};
     const auto open_sockets = [this] {
         int open = 0;
@@ -35,13 +35,13 @@ TEST_F(WindowExit, SaysThatItCleansUpBeforeItDoes) {
         auto* const button = Window().findChild<QPushButton*>(how);
         button != nullptr ? button->click() : Choose(how);
         EXPECT_EQ(shown, "Cleaning up...");
-        EXPECT_EQ(sockets, 1) << "the crawl holds still meanwhile";
+        EXPECT_EQ(sockets, 1) << "the crawl stands still meanwhile";
         system.files.on_sweep = nullptr;
         system.boxes.while_open = nullptr;
     }
 }
 
-TEST_F(WindowExit, EndsUnaskedWhateverIsOpen) {
+TEST_F(WindowExit, EndsWithoutAQuestionWhateverIsOpen) {
     QApplication::setQuitOnLastWindowClosed(false);
     Open();
     StartByKeys("silent.com");

@@ -7,10 +7,10 @@
 
 using platform::BoxAnswer;
 
-/// The window's exchange by a stop, and the wizard that opens by itself.
+/// The replacement of the window at a stop, and the wizard that opens by itself.
 using WindowReload = bench::WindowTest;
 
-TEST_F(WindowReload, StopMakesAFreshWindowAndThenOpensTheWizard) {
+TEST_F(WindowReload, AStopMakesANewWindowAndThenOpensTheWizard) {
     Open();
     StartByKeys("silent.com");
     Window().setGeometry(30, 40, 700, 600);
@@ -28,10 +28,10 @@ TEST_F(WindowReload, StopMakesAFreshWindowAndThenOpensTheWizard) {
     EXPECT_EQ(status_in_wizard, "Operation Cancelled.");
     EXPECT_FALSE(crawl::Stopping);
     EXPECT_EQ(Window().geometry(), place);
-    EXPECT_TRUE(crawl::List1.on_change && crawl::List2.on_change) << "the new lists are told";
+    EXPECT_TRUE(crawl::List1.on_change && crawl::List2.on_change) << "the new lists are connected";
 }
 
-TEST_F(WindowReload, OneWizardOpensAtTheStartAndForANewSite) {
+TEST_F(WindowReload, OpensOneWizardAtTheStartAndForANewSite) {
     in_wizard = [this] {
         holder.Activated();
         holder.OpenWizard();
@@ -54,7 +54,7 @@ TEST_F(WindowReload, ClosesThePauseDialogOfTheOldWindow) {
     Open();
     StartByKeys("silent.com");
     const QPointer<ui::frmMain> old(&Window());
-    // From the program's loop, in which the dialog's runs: that holds the old window.
+    // Posted to the program's loop, in which the dialog's loop runs and keeps the old window.
     QTimer::singleShot(0, [&] {
         QTimer::singleShot(0, [&] {
             holder.Reload();
@@ -69,9 +69,9 @@ TEST_F(WindowReload, ClosesThePauseDialogOfTheOldWindow) {
     EXPECT_FALSE(Window().tmrMove().Enabled());
 }
 
-/// The stop is clicked while events run in the middle of work on a page, after each of the writes
-/// that a crawl of three pages makes.
-TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
+/// Clicks the stop button while events run during the work on a page, after each write in a crawl
+/// of three pages.
+TEST_F(WindowReload, AStopDuringAnyWorkLeavesNothingOfTheOldWindowInUse) {
     pages = {{"/", "<a href=\"b.html\"> <a href=\"c.html\"> <a href=\"d.iso\">"},
              {"/b.html", "<a href=\"c.html\">"},
              {"/c.html", "c"}};
@@ -90,11 +90,11 @@ TEST_F(WindowReload, StopInTheMiddleOfAnyWorkLeavesNothingOfTheOldWindowInUse) {
             if (++writes != stop_at) return;
             QTimer::singleShot(0, [this] {
                 Click("Command2");
-                QTest::qWait(20);  // an unloaded window outlives also this
+                QTest::qWait(20);  // an unloaded window outlives even this
             });
         };
         StartByKeys("site.com");
-        // At last the crawl is complete before it can be stopped, and opens its folder.
+        // In the last round the crawl ends before it can be stopped, and opens its folder.
         ASSERT_TRUE(WaitFor([&] { return old.isNull() || !system.processes.folders.empty(); }));
         system.files.on_write = nullptr;
         if (!system.processes.folders.empty()) break;

@@ -11,13 +11,13 @@
 
 using platform::BoxAnswer;
 
-/// What the window says at its bottom of a crawl, and the report behind it.
+/// The strip at the bottom of the window, and the report that it opens.
 using WindowStrip = bench::WindowTest;
 
-TEST_F(WindowStrip, SaysAfterAStopWhatWasSaved) {
+TEST_F(WindowStrip, SaysWhatWasSavedAfterAStop) {
     pages = {{"/", "<a href=\"b.html\">b</a>"}};
     Open();
-    EXPECT_FALSE(The<QAbstractButton>("Report").isEnabled()) << "nothing to tell of yet";
+    EXPECT_FALSE(The<QAbstractButton>("Report").isEnabled()) << "there is nothing to report yet";
     StartByKeys("site.com");
     ASSERT_TRUE(WaitFor([&] { return crawl::Report.CountOf(crawl::Outcome::Saved) == 1; }));
     system.boxes.answers = {BoxAnswer::Yes};
@@ -29,7 +29,7 @@ TEST_F(WindowStrip, SaysAfterAStopWhatWasSaved) {
     EXPECT_EQ(
         QAccessible::queryAccessibleInterface(&The<QLabel>("Progress"))->text(QAccessible::Name),
         "1 saved in ~/Websites, stopped");
-    crawl::TargetFolder = "c:\\elsewhere\\";  // chosen for the next one
+    crawl::TargetFolder = "c:\\elsewhere\\";  // chosen for the next crawl
     The<QComboBox>("txtMax").lineEdit()->selectAll();
     QTest::keyClicks(The<QComboBox>("txtMax").lineEdit(), "0");
     EXPECT_EQ(The<QLabel>("Progress").text(),
@@ -53,7 +53,7 @@ TEST_F(WindowStrip, ShowsReportAndSearchDuringTheCrawl) {
     EXPECT_FALSE(Window().Command1Enabled()) << "the crawl goes on";
     holder.Reload();
     QTest::qWait(50);
-    EXPECT_EQ(report, nullptr) << "it goes with its window";
+    EXPECT_EQ(report, nullptr) << "it is destroyed with its window";
     EXPECT_EQ(search, nullptr);
 }
 
@@ -67,11 +67,12 @@ TEST_F(WindowStrip, OpensTheCopyOnceThereIsOne) {
     EXPECT_FALSE(The<QWidget>("OpenCopy").isEnabled());
     StartByKeys("site.com");
     ASSERT_TRUE(WaitFor([&] { return The<QWidget>("OpenCopy").isEnabled(); }));
-    EXPECT_FALSE(The<QWidget>("StripOpenCopy").isVisible()) << "the line tells of the crawl";
+    EXPECT_FALSE(The<QWidget>("StripOpenCopy").isVisible())
+        << "the line is about the running crawl";
     bas_Connections::SiteComplete();
     const QSize roomy = Window().size();
     Window().resize(150, 600);
-    EXPECT_FALSE(The<QWidget>("StripOpenCopy").isVisible()) << "the text has its room";
+    EXPECT_FALSE(The<QWidget>("StripOpenCopy").isVisible()) << "the text needs the room";
     EXPECT_FALSE(The<QWidget>("OpenCopy").isVisible());
     press();
     Window().resize(roomy);
@@ -90,7 +91,7 @@ TEST_F(WindowStrip, OpensTheCopyOnceThereIsOne) {
     EXPECT_EQ(system.processes.files.size(), 3U);
 }
 
-TEST_F(WindowStrip, NoCaptionStandsWithoutItsNumber) {
+TEST_F(WindowStrip, NoCaptionIsShownWithoutItsNumber) {
     Open();
     for (const int width : {900, 400, 150}) {
         Window().resize(width, 600);

@@ -35,7 +35,7 @@ class WizardTest : public FormTest {
         wizard->setModal(true);
         Show(*wizard);
     }
-    /// With a list of types on disk, so that it is not a first run; the options are open.
+    /// With a list of types on disk, so that this is not the first run, and with the options open.
     void OpenWithTypes(const std::string& file) {
         system.files.Have(kTypesFile, file);
         Open();
@@ -99,7 +99,7 @@ TEST_F(WizardTest, OptionsGrowAndShrinkAboutTheCentre) {
     }
 }
 
-TEST_F(WizardTest, AnAcceptedFolderSavesTheTypesAndCloses) {
+TEST_F(WizardTest, AValidFolderSavesTheTypesAndCloses) {
     system.files.Have("c:\\locked");
     system.files.read_only = {"c:\\locked"};
     const struct {
@@ -110,7 +110,7 @@ TEST_F(WizardTest, AnAcceptedFolderSavesTheTypesAndCloses) {
                  {"C:\\new\\.\\dir", "C:\\new\\.\\dir\\", true},
                  {"D:/sites/abc", "D:\\sites\\abc\\", false},  // no such drive here
                  {"", "\\", true},
-                 {"  ", "  \\", false},  // no folder of that name is ever made
+                 {"  ", "  \\", false},  // no folder with this name is ever created
                  {"C:\\locked", "C:\\locked\\", false}};
     for (const auto& c : cases) {
         for (const std::string button : {"Command1", "Command2"}) {
@@ -139,7 +139,7 @@ TEST_F(WizardTest, AnAcceptedFolderSavesTheTypesAndCloses) {
     }
 }
 
-TEST_F(WizardTest, EscapeAppliesTheTimeoutAlone) {
+TEST_F(WizardTest, EscapeAppliesOnlyTheTimeout) {
     const std::pair<const char*, std::int64_t> intervals[] = {
         {" 12 sec", 12'000}, {"abc", 0}, {"", 7}, {"0.0025", 2}, {"-1", 7}, {"2147484", 7}};
     for (const auto& [typed, interval] : intervals) {
@@ -177,7 +177,7 @@ TEST_F(WizardTest, DeletesTheSelectedFileType) {
                 BoxStyle::InformationYesNo, "Delete");
     EXPECT_EQ(types->count(), 3);
     QTest::keyClick(types, Qt::Key_Delete);
-    // Nothing is selected now: the next one is not deleted by a second click.
+    // Nothing is selected now, so a second click does not delete the next one.
     Click("Command4");
     ExpectAsked("You must select a list item to delete.", BoxStyle::Information, "Error");
     EXPECT_EQ(Types(), (Items{".htm", ".css"}));
@@ -195,7 +195,7 @@ TEST_F(WizardTest, SetDefaultAsksAndSavesAtOnce) {
     EXPECT_EQ(system.files.At(kTypesFile).size(), 74U);
 }
 
-TEST_F(WizardTest, TakesOverTheTypesThatAnotherCopyOfTheProgramHasStored) {
+TEST_F(WizardTest, TakesOverTheTypesThatAnotherCopyHasStored) {
     OpenWithTypes(".htm\r\n.gif\r\n");
     AddType(".css");
     system.files.Have(kTypesFile, ".gif\r\n.svg\r\n");
@@ -228,7 +228,7 @@ TEST_F(WizardTest, AsksBeforeTwoCrawlsFillOneFolder) {
     EXPECT_EQ(system.boxes.asked.size(), 2U);
 }
 
-TEST_F(WizardTest, AListOfOneObeysItsKeys) {
+TEST_F(WizardTest, KeysSelectTheOnlyItemOfAList) {
     OpenWithTypes(".htm\r\n");
     auto* types = Find<QListWidget>(*wizard, "List1");
     for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End, Qt::Key_Up, Qt::Key_Down}) {
@@ -244,7 +244,7 @@ TEST_F(WizardTest, AListOfOneObeysItsKeys) {
     EXPECT_EQ(types->count(), 0);
 }
 
-TEST_F(WizardTest, SaysWhatTheAddressWillAskFor) {
+TEST_F(WizardTest, SaysWhereTheDownloadStarts) {
     Open();
     const std::pair<const char*, const char*> hints[] = {
         {"http://", "Enter the address of a web site."},
@@ -253,12 +253,12 @@ TEST_F(WizardTest, SaysWhatTheAddressWillAskFor) {
     for (const auto& [typed, hint] : hints) {
         Retype(TxtUrl(), typed);
         EXPECT_EQ(Find<QLabel>(*wizard, "AddressHint")->text(), hint);
-        EXPECT_EQ(TxtUrl()->accessibleDescription(), hint) << "for who cannot see the line";
+        EXPECT_EQ(TxtUrl()->accessibleDescription(), hint) << "for screen readers";
         EXPECT_TRUE(AddressLink()->isHidden());
     }
 }
 
-TEST_F(WizardTest, WarnsOfAnAddressAndMendsItByMouseAndKey) {
+TEST_F(WizardTest, WarnsOfAnAddressAndCorrectsItByMouseAndKey) {
     Open();
     const std::function<void()> ways[] = {
         [&] { QTest::mouseClick(AddressLink(), Qt::LeftButton); },
@@ -288,7 +288,7 @@ TEST_F(WizardTest, WarnsOfAnAddressAndMendsItByMouseAndKey) {
     }
 }
 
-TEST_F(WizardTest, TellsOfACopyAndRemovesItsUnfinishedFiles) {
+TEST_F(WizardTest, ShowsAnExistingCopyAndRemovesItsUnfinishedFiles) {
     constexpr char kCopy[] =
         "There is a copy of second.test already (1,337 files): its files will not be fetched again";
     constexpr char kUnfinished[] =
@@ -308,7 +308,7 @@ TEST_F(WizardTest, TellsOfACopyAndRemovesItsUnfinishedFiles) {
         return QTest::qWaitFor([&] { return label->isVisible() && label->text() == text; });
     };
     Retype(TxtUrl(), "http://www.second.test/a/b");
-    system.files.claimed->insert("c:\\Websites");  // they are waited for by another download
+    system.files.claimed->insert("c:\\Websites");  // as if another download were using them
     EXPECT_TRUE(says(copy, kCopy));
     EXPECT_FALSE(unfinished->isVisible());
     system.files.claimed->clear();
@@ -380,17 +380,17 @@ TEST_F(WizardTest, OffersAddressesUsedBefore) {
     EXPECT_FALSE(TxtUrl()->hasFocus());
     QKeyEvent late(QEvent::KeyPress, Qt::Key_Z, {}, "z");
     QCoreApplication::sendEvent(offers, &late);
-    EXPECT_EQ(TxtDir()->text(), "z") << "a key on its way to the list goes where the focus is";
+    EXPECT_EQ(TxtDir()->text(), "z") << "a key meant for the list goes to the focused box";
     TxtUrl()->setFocus();
     Retype(TxtUrl(), "www.ot");
     ASSERT_TRUE(offers->isVisible());
     QTest::keyClick(offers, Qt::Key_Return);
     QCoreApplication::processEvents();
-    EXPECT_EQ(window.text1, "www.ot") << "without a choice Enter starts as ever";
+    EXPECT_EQ(window.text1, "www.ot") << "without a choice, Enter starts as usual";
     EXPECT_EQ(bas_General::RecentAddresses().front(), "www.ot");
 }
 
-TEST_F(WizardTest, TakesALinkThatIsDropped) {
+TEST_F(WizardTest, TakesADroppedLink) {
     Open();
     const QString folder = TxtDir()->text();
     EXPECT_TRUE(Drop(*TxtDir(), "", QUrl("https://www.site.com/a")));
@@ -408,7 +408,7 @@ TEST_F(WizardTest, TheFiltersCloseWithIt) {
 }
 
 #ifndef _WIN32
-TEST_F(WizardTest, SaysWhereTheHostHasTheFolder) {
+TEST_F(WizardTest, ShowsTheSystemsPathOfTheFolder) {
     qputenv("HOME", "/home/ann");
     Open();
     const std::pair<const char*, const char*> shown[] = {
