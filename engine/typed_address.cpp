@@ -85,7 +85,7 @@ AddressFault FaultOfServer(std::string_view address, const AsciiHost& ascii_host
     if (const std::size_t at = server.rfind('@'); at != server.npos)
         return offer("Logins are not supported", server.substr(at + 1));
     if (const std::size_t colon = server.find(':'); colon != server.npos) {
-        constexpr char kPort[] = "The port must be left out: it is always 80";
+        constexpr char kPort[] = "Leave out the port: it is always 80";
         const std::string port = server.substr(colon + 1);
         return port.empty() || port == "80" ? offer(kPort, server.substr(0, colon))
                                             : AddressFault{kPort, "", ""};
