@@ -72,6 +72,8 @@ TEST(FileTypes, OfAnAddressStartsAtItsLastDot) {
 
 TEST(FileTypes, AreAddedOnceAtTheEnd) {
     fakes::FakeSystem system;
+    EXPECT_TRUE(AddFileTypes({".iso"}));
+    EXPECT_EQ(ReadFileTypes().size(), DefaultFileTypes().size() + 1);
     system.files.Have(kTypesFile, ".htm\r\n .WAV \r\n");
     EXPECT_TRUE(AddFileTypes({".iso", ".wav"}));
     EXPECT_EQ(system.files.At(kTypesFile), ".htm\r\n.WAV\r\n.iso\r\n");
