@@ -116,8 +116,10 @@ TEST_F(Endings, AsksBeforeAStop) {
     EXPECT_EQ(window.reloads, 0);
 
     system.boxes.answers.push_back(BoxAnswer::Yes);
+    int reloads_at_yield = 0;
+    loop.AtYield(1, [&] { reloads_at_yield = window.reloads; });
     bas_Connections::AskStop();
-    EXPECT_EQ(window.reloads, 1);
+    EXPECT_EQ(reloads_at_yield, 1) << "events run in the new window";
     EXPECT_TRUE(crawl::Stopping);
     EXPECT_EQ(window.label6, "Operation Cancelled.");
     EXPECT_FALSE(window.pause_enabled);

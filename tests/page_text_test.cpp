@@ -186,8 +186,8 @@ TEST(InnerText, LargePagesLetEventsRun) {
 }
 
 TEST(InnerText, PlainTextFile) {
-    EXPECT_EQ(page_text::InnerTextOfPlainText("\xef\xbb\xbf<b>  &amp;\r\n\r\n\nc"),
-              "<b>  &amp;\n\n\nc");
+    EXPECT_EQ(page_text::InnerTextOfPlainText("\xef\xbb\xbf<b>  &amp;\r\n\r\n\nc\rd"),
+              "<b>  &amp;\n\n\nc\nd");
 }
 
 TEST(InnerText, DeepNesting) {
