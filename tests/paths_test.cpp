@@ -47,7 +47,7 @@ TEST(TopLevel, IsDecidedAfterTheFirstHostFolder) {
 TEST(GetTokenTest, SplitsAtTheSeparator) {
     EXPECT_EQ(GetToken(" a b*c ", 1, "*"), "a b");
     EXPECT_EQ(GetToken("a*b*", 2, "*"), "b");
-    EXPECT_EQ(GetToken("a*b*", 4, "*"), "");
+    EXPECT_EQ(GetToken("a*b", 3, "*"), "");
     EXPECT_EQ(GetToken("a*b", -1, "*"), "");
     EXPECT_EQ(GetToken(std::string(32767, '*'), 32767, "*"), "");
 }
