@@ -44,9 +44,7 @@ constexpr std::string_view kQuirksVersionsAlone[] = {
 /// `doctype` is the text after the word "doctype".
 bool IsQuirksDoctype(std::string_view doctype) {
     doctype = TrimMarkupSpace(doctype);
-    constexpr std::string_view kHtml = "html";
-    if (!StartsIgnoringCase(doctype, kHtml)) return true;
-    doctype.remove_prefix(kHtml.size());
+    if (!StartsIgnoringCase(doctype, "html")) return true;
     const std::string_view version = TakeQuoted(doctype).value_or("");
     const auto is_version = [version](std::string_view begin) {
         return StartsIgnoringCase(version, begin);

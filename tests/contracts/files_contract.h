@@ -132,7 +132,8 @@ TEST_P(FilesContract, ReadsAFolderEntryByEntry) {
     }
     EXPECT_EQ(found, expected);
     EXPECT_EQ(reader->Next(), std::nullopt);
-    for (const char* none : {"nowhere", "a\\b\\c"})
+    using std::string_literals::operator""s;
+    for (const std::string& none : {"nowhere"s, "a\\b\\c"s, "a\0b"s})
         EXPECT_EQ(files.OpenFolder(In(none)), nullptr);
 }
 
