@@ -17,7 +17,7 @@ from pathlib import Path
 from bench.watched_crawl import COMPLETE, HOST, ONE_MB, SITE, WatchedCrawl
 from harness import private_network
 from harness.program import copy_program, environment, tree
-from harness.web import ScriptedServer, page, silent, site_of
+from harness.web import ScriptedServer, links_to, page, silent, site_of
 
 
 @contextlib.contextmanager
