@@ -148,6 +148,7 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
     EXPECT_TRUE(The<QWidget>("List2").isHidden());
     EXPECT_TRUE(WaitFor(
         [&] { return The<QAbstractButton>("OtherLinks").text() == "Show Other Links (1)"; }));
+    EXPECT_NE(The<QAbstractButton>("OtherLinks").toolTip(), "");
     Click("OtherLinks");
     EXPECT_TRUE(The<QWidget>("List2").isVisible());
 

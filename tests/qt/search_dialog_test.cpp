@@ -75,6 +75,8 @@ TEST_F(SearchDialogTest, SearchesWhileTyping) {
     }
     Retype(&Words(), "TWO \"a needle\"");
     EXPECT_TRUE(Finds("1 page, 2 matches")) << Outcome();
+    const QListView& list = *dialog->findChild<QListView*>();
+    EXPECT_GT(list.sizeHintForRow(0), 2 * list.fontMetrics().height()) << "a path and an excerpt";
 }
 
 TEST_F(SearchDialogTest, TheFocusStaysInTheBox) {

@@ -317,6 +317,7 @@ TEST_F(WizardTest, ShowsAnExistingCopyAndRemovesItsUnfinishedFiles) {
     EXPECT_TRUE(says(copy, kCopy) && says(unfinished, kUnfinished));
     EXPECT_TRUE(
         wizard->rect().contains(remove->geometry().translated(remove->parentWidget()->pos())));
+    EXPECT_GT(remove->x(), unfinished->geometry().right());
 
     system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
     QTest::mouseClick(remove, Qt::LeftButton);
