@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 
 #include "engine/endings.h"
+#include "setup/keyword_filters.h"
 #include "setup/recent_addresses.h"
 #include "setup/settings.h"
 #include "tests/fakes/temp_folder.h"
@@ -29,7 +30,9 @@ using MainWindow = bench::WindowTest;
 
 TEST_F(MainWindow, HasItsControlsAsDesigned) {
     crawl::List1.AddItem("left over");
+    system.files.Have("c:\\program\\filters.txt", "ads\r\n");
     Open();
+    EXPECT_EQ(bas_General::KeywordFilters[1], "ads");
     EXPECT_EQ(Window().windowTitle(), "Vantorin Website Downloader 1.9");
     const std::pair<const char*, const char*> captions[] = {
         {"Label3", "0 Files"}, {"Label4", "0 Bytes"}, {"l24", "Not Connected."}};

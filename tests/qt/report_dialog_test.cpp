@@ -123,6 +123,9 @@ TEST_F(ReportDialogTest, SortsByAClickAndKeepsTheSelection) {
         Saved(std::string("www.site.com/") + name);
     Open();
     QTest::keyClick(&Rows(), Qt::Key_Home);
+    QTest::keyClick(&Rows(), Qt::Key_End);
+    EXPECT_EQ(Rows().currentIndex().row(), 2);
+    QTest::keyClick(&Rows(), Qt::Key_Home);
     EXPECT_EQ(Rows().currentIndex().row(), 0);
     SortBy(0);
     EXPECT_EQ(Addresses(), (Texts{"www.site.com/a", "www.site.com/b", "www.site.com/c"}));
