@@ -104,6 +104,7 @@ def take_all(desktop, running, websites, pictures):
     press(*["shift+Tab"] * 5, "space")
     take("Stop Download", "stop")
     press("alt+n")
+    desktop.await_window("Done.", 180)  # the longest page takes most of a minute
     take("Done.", "done")
     press("alt+n")
     desktop.await_window(MAIN)
