@@ -37,12 +37,14 @@ TEST_F(CopySurveyTest, KnowsTheFolderOfAHost) {
         std::optional<std::string> folder;
     } cases[] = {{"c:\\mirror\\", "site.com", "c:\\mirror\\site.com"},
                  {"c:\\www.mirror\\", "si?te.com", "c:\\mirror\\si_te.com"},
+#ifndef _WIN32  // which has a current drive, and more drives than these two
                  {"\\", "site.com", "z:\\site.com"},
+                 {"q:\\mirror\\", "site.com", std::nullopt},
+#endif
                  {"c:\\mirror\\", "", std::nullopt},
                  {"c:\\mirror\\", ".", std::nullopt},
                  {"c:\\mirror\\", "..", std::nullopt},
-                 {"c:\\mirror\\", "a\\b", std::nullopt},
-                 {"q:\\mirror\\", "site.com", std::nullopt}};
+                 {"c:\\mirror\\", "a\\b", std::nullopt}};
     for (const auto& c : cases)
         EXPECT_EQ(bas_Output::HostFolder(c.target, c.host), c.folder) << c.target << c.host;
 }

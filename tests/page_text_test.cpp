@@ -172,10 +172,10 @@ TEST(InnerText, Encodings) {
 
 TEST(InnerText, FindsADeclarationOnlyNearTheStartOfThePage) {
     constexpr std::size_t kReach = 4096;
-    const std::string meta = "<meta charset=windows-1251>";
+    const std::string meta = "<meta charset=iso-8859-15>";
     for (const bool reached : {true, false}) {
         const std::string before = Repeat(" ", kReach - meta.size() + (reached ? 0 : 1));
-        EXPECT_EQ(TextOf(before + meta + "\xcf"), reached ? "П" : "Ï");
+        EXPECT_EQ(TextOf(before + meta + "\xa4"), TextOf(reached ? "&euro;" : "&curren;"));
     }
 }
 

@@ -34,7 +34,7 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     operator delete(memory);
 }
 

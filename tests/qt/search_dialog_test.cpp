@@ -1,6 +1,7 @@
 #include "forms/search_dialog.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -43,7 +44,9 @@ class SearchDialogTest : public FormTest {
     Texts Listed() {
         Texts pages;
         for (int row = 0; row < Pages().model()->rowCount(); ++row)
-            pages.push_back(Pages().model()->index(row, 0).data().toString().toStdString());
+            pages.push_back(
+                QDir::fromNativeSeparators(Pages().model()->index(row, 0).data().toString())
+                    .toStdString());
         return pages;
     }
     /// Waits for this result of the search.
@@ -183,9 +186,10 @@ TEST_F(SearchDialogTest, ShowsWhateverAnExtractHolds) {
 }
 
 TEST_F(SearchDialogTest, MarksTheMatches) {
-    Record("a.com", "! p\r\n\xC3\xA9t\xC3\xA9 Needle, \xF0\x9F\x98\x80 needles\r\n");
+    const auto local = [](const char* text) { return platform::ToBytes(QString::fromUtf8(text)); };
+    Record("a.com", local("! p\r\n\xC3\xA9t\xC3\xA9 Needle, \xF0\x9F\x98\x80 needles\r\n"));
     ui::SearchModel model(nullptr);
-    model.Begin("needle \xC3\x89T\xC3\x89", "c:\\copy");
+    model.Begin(local("needle \xC3\x89T\xC3\x89"), "c:\\copy");
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.IsSearching(); }));
     const QString snippet = model.SnippetAt(0);
     QStringList marked;

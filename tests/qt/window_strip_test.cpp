@@ -14,6 +14,12 @@ using platform::BoxAnswer;
 /// The strip at the bottom of the window, and the report that it opens.
 using WindowStrip = bench::WindowTest;
 
+#ifdef _WIN32
+#define WEBSITES "c:\\Websites"
+#else
+#define WEBSITES "~/Websites"
+#endif
+
 TEST_F(WindowStrip, SaysWhatWasSavedAfterAStop) {
     pages = {{"/", "<a href=\"b.html\">b</a>"}};
     Open();
@@ -23,19 +29,19 @@ TEST_F(WindowStrip, SaysWhatWasSavedAfterAStop) {
     system.boxes.answers = {BoxAnswer::Yes};
     Click("Command2");
     EXPECT_EQ(The<QLabel>("Label6").text(), "Operation Cancelled.");
-    EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in ~/Websites, stopped");
+    EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in " WEBSITES ", stopped");
     EXPECT_LT(The<QProgressBar>("ProgressBar").value(), 1000);
     EXPECT_EQ(The<QProgressBar>("ProgressBar").accessibleDescription(), "Not all files were saved");
     EXPECT_EQ(
         QAccessible::queryAccessibleInterface(&The<QLabel>("Progress"))->text(QAccessible::Name),
-        "1 saved in ~/Websites, stopped");
+        "1 saved in " WEBSITES ", stopped");
     crawl::TargetFolder = "c:\\elsewhere\\";  // chosen for the next crawl
     The<QComboBox>("txtMax").lineEdit()->selectAll();
     QTest::keyClicks(The<QComboBox>("txtMax").lineEdit(), "0");
     EXPECT_EQ(The<QLabel>("Progress").text(),
-              "0 connections: nothing is fetched. 1 saved in ~/Websites, stopped");
+              "0 connections: nothing is fetched. 1 saved in " WEBSITES ", stopped");
     Window().ChooseConnections(4);
-    EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in ~/Websites, stopped");
+    EXPECT_EQ(The<QLabel>("Progress").text(), "1 saved in " WEBSITES ", stopped");
 }
 
 TEST_F(WindowStrip, ShowsReportAndSearchDuringTheCrawl) {

@@ -386,8 +386,8 @@ TEST_F(WizardTest, OffersAddressesUsedBefore) {
     Retype(TxtUrl(), "www.ot");
     ASSERT_TRUE(offers->isVisible());
     QTest::keyClick(offers, Qt::Key_Return);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(window.text1, "www.ot") << "without a choice, Enter starts as usual";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.text1 == "www.ot"; }))
+        << "without a choice, Enter starts as usual";
     EXPECT_EQ(bas_General::RecentAddresses().front(), "www.ot");
 }
 
