@@ -22,7 +22,8 @@ std::size_t g_refused_from = SIZE_MAX;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Were these inlined, GCC 14 would warn that memory of one kind is freed as that of another.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     void* const memory = size < g_refused_from ? std::malloc(size) : nullptr;
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
@@ -30,7 +31,6 @@ void* operator new(std::size_t size) {
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return std::malloc(size);  // the sanitizer's own version would not match the delete below
 }
-// If it were inlined, GCC 14 would warn that it frees memory of a call of new.
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
