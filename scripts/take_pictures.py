@@ -17,9 +17,10 @@ from harness.program import copy_program, wait_until
 SITE = "www.example.test"
 ROOT = "/usr/share/doc/python-flask-doc/html"
 UNKNOWN = "www.exmple.org"
-# Its one page has so many links that it takes a moment to delete their placeholders.
+# It has so many pages that it takes a moment to delete their placeholders.
 ENDLESS = "www.second.test"
-LINKS = web.links_to(*(b"%d/%d.html" % (i // 100, i) for i in range(4000)))
+PAGES = [f"{i // 100}/{i}.html" for i in range(4000)]
+LONG_PAGE = b"word " * 100_000
 PLACEHOLDER = "This file is queued to be downloaded, or did not download correctly."
 
 
@@ -48,7 +49,11 @@ class Photographer:
 def serve(limits=""):
     """Serves the sites in the pictures, with a name server that knows no other."""
     endless = private_network.scratch("endless")
-    (endless / "index.html").write_bytes(LINKS)
+    (endless / "index.html").write_bytes(web.links_to(*(name.encode() for name in PAGES)))
+    (endless / "long.html").write_bytes(LONG_PAGE)  # what is queued stays so while this is under way
+    for name in PAGES:
+        (endless / name).parent.mkdir(exist_ok=True)
+        (endless / name).symlink_to(endless / "long.html")
     with (web.nginx(private_network.scratch("nginx"), {SITE: ROOT, ENDLESS: endless}, limits),
           private_network.name_server_without_names()):
         yield
@@ -139,11 +144,11 @@ def take_all(desktop, running, websites, pictures):
     desktop.type(ENDLESS)
     press("Return")
     desktop.await_window(MAIN)
-    late = websites / "second.test/30/3000.html.tmp"  # the program takes the last address first
-    wait_until(late.exists, 300, "most placeholders")
+    last = websites / f"second.test/{PAGES[-100]}.tmp"
+    wait_until(last.exists, 300, "most placeholders")
     press("alt+f", "e")
     take("Exit Vantorin", "exit")
-    take_clean_up(picture, running, late.parent.parent)
+    take_clean_up(picture, running, last.parent.parent)
     running.wait(60)
 
 
@@ -154,7 +159,7 @@ def take_clean_up(picture, running, folder):
 
     desktop = picture.desktop
     window = desktop.run("xdotool", "search", "--name", f"^{MAIN}$").split()[-1]
-    few = placeholders() - 1000  # more than the crawl itself takes away meanwhile
+    few = placeholders() - 1000
     desktop.press("alt+y")
     while placeholders() > few and running.poll() is None:
         pass
