@@ -10,6 +10,7 @@
 #include "forms/search_dialog.h"
 #include "forms/z_dir.h"
 #include "forms/z_filter.h"
+#include "tests/qt/form_portrait.h"
 #include "tests/qt/window_bench.h"
 #include "ui/frm_pause.h"
 #include "widgets/elided_label.h"
@@ -99,15 +100,16 @@ class EveryForm : public bench::WindowTest {
     const QFont usual_ = QApplication::font();
 };
 
+using Make = std::function<QDialog*(QWidget*)>;
+const Make kDialogs[] = {
+    [](QWidget* parent) { return new ui::frmNew(parent); },
+    [](QWidget* parent) { return new ui::zDir(parent, [](const std::string&) {}); },
+    [](QWidget* parent) { return ui::zFilter::ShowOver(parent); },
+    [](QWidget* parent) { return ui::ReportDialog::ShowOver(parent); },
+    [](QWidget* parent) { return ui::SearchDialog::ShowOver(parent); },
+    [](QWidget* parent) { return new ui::frmPause(parent); }};
+
 TEST_F(EveryForm, FitsAndWorksByKeyboardAtTwoFontSizes) {
-    using Make = std::function<QDialog*(QWidget*)>;
-    const Make dialogs[] = {
-        [](QWidget* parent) { return new ui::frmNew(parent); },
-        [](QWidget* parent) { return new ui::zDir(parent, [](const std::string&) {}); },
-        [](QWidget* parent) { return ui::zFilter::ShowOver(parent); },
-        [](QWidget* parent) { return ui::ReportDialog::ShowOver(parent); },
-        [](QWidget* parent) { return ui::SearchDialog::ShowOver(parent); },
-        [](QWidget* parent) { return new ui::frmPause(parent); }};
     std::vector<double> widths;
     for (const int size : {1, 2}) {
         QFont font = usual_;
@@ -122,7 +124,7 @@ TEST_F(EveryForm, FitsAndWorksByKeyboardAtTwoFontSizes) {
             widths.push_back(form.width());
         };
         look(Window());
-        for (const Make& make : dialogs) {
+        for (const Make& make : kDialogs) {
             const QPointer<QDialog> dialog = make(&Window());
             dialog->show();
             look(*dialog);
@@ -140,5 +142,23 @@ TEST_F(EveryForm, FitsAndWorksByKeyboardAtTwoFontSizes) {
     for (std::size_t i = 1, forms = widths.size() / 2; i < forms; ++i)
         EXPECT_NEAR(widths[forms + i] / widths[i], 2, 0.2) << i;
 }
+
+#ifndef _WIN32  // whose style arranges some controls otherwise
+
+/// Compares the forms with the portraits that were approved. After an intended change, copy the
+/// file that the failure names over the approved one, and read the difference.
+TEST_F(EveryForm, LooksAsApproved) {
+    Open();
+    std::vector<portrait::Line> lines = portrait::Of(Window());
+    for (const Make& make : kDialogs) {
+        const std::unique_ptr<QDialog> dialog(make(&Window()));
+        dialog->show();
+        if (auto* options = dialog->findChild<QPushButton*>("Command6")) options->click();
+        std::ranges::move(portrait::Of(*dialog), std::back_inserter(lines));
+    }
+    portrait::ExpectApproved(lines, VANTORIN_PORTRAITS);
+}
+
+#endif
 
 }  // namespace
