@@ -94,7 +94,7 @@ int RunWindow(const std::string& address, int argc, char** argv) {
     const QApplication application = platform::MakeApplication(argc, argv);
     qInstallMessageHandler(nullptr);
 #ifdef Q_OS_WIN
-    // On Windows, menus and boxes use fonts other than that of the forms.
+    // On Windows, menus and boxes would otherwise use other fonts than the forms.
     QApplication::setFont(ui::LabelFont());
 #else
     QApplication::setStyle(new ui::ProgramStyle);

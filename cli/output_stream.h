@@ -21,7 +21,7 @@ class OutputStream {
 
     bool IsTerminal() const;
 
-    /// Whether the stream accepts text within that time, as far as the system can tell. A negative
+    /// Whether the stream accepts text within this time, as far as the system can tell. A negative
     /// time waits for ever.
     bool Ready(int milliseconds = 0) const;
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kForEver = -1;
 
-/// Waits for the reader; false when that one has gone.
+/// Writes all of `text`, waiting for the reader. Returns false if the reader has gone.
 bool Print(std::string_view text, OutputStream& stream) {
     while (!text.empty() && stream.Ready(kForEver)) {
         text.remove_prefix(stream.Write(text));

@@ -27,7 +27,8 @@ class Terminal {
     /// Writes pending lines as far as the output accepts them.
     void Flush();
 
-    /// The same, but waits up to half a second for a slow reader. What is not read by then is lost.
+    /// Like `Flush`, but waits up to half a second for a slow reader. What is not read by then is
+    /// lost.
     void Finish();
 
     /// Whether the reader of the output has closed the pipe.

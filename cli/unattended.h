@@ -7,7 +7,7 @@
 namespace cli {
 
 /// Exit codes of an unattended run. If a signal ends it, the code is 128 plus the signal's number,
-/// as usual. If the reader of its output goes away, the code is the same with SIGPIPE's number.
+/// as usual. If the reader of its output goes away, the code is 128 plus the number of SIGPIPE.
 inline constexpr int kExitComplete = 0;
 inline constexpr int kExitUnusable = 1;
 inline constexpr int kExitIncomplete = 3;  ///< some addresses were not answered or not written

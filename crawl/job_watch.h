@@ -4,10 +4,9 @@
 
 namespace crawl {
 
-/// Tells whether a slot still has the same job, for code that works on it across a place where
-/// events run. A stop ends the job, and a crawl started right afterwards may reuse the slot while
-/// handlers of the old job are still running. They must not touch the new job's response and
-/// connection.
+/// Tells whether a slot still has the same job, for code that works on the slot while events run. A
+/// stop ends the job, and a crawl started right afterwards may reuse the slot while handlers of the
+/// old job are still running. Such a handler must not touch the new job's response and connection.
 class JobWatch {
   public:
     /// An invalid slot number is allowed; its job never ends.

@@ -53,7 +53,7 @@ struct ReportRow {
     Milliseconds started{0};                 ///< since the crawl's start
     Milliseconds took{0};                    ///< from the first try to the end
     std::uint16_t status = 0;                ///< the HTTP status; 0 for none
-    std::uint16_t attempts = 0;              ///< the number of tries until it ended
+    std::uint16_t attempts = 0;              ///< the number of tries so far
     Outcome outcome = Outcome::Queued;
     bool settled = false;  ///< the row will not change again
 };
@@ -61,7 +61,7 @@ struct ReportRow {
 /// No row. All functions that take a row number ignore an invalid one.
 inline constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
-/// Is notified after each change of the report. It must not change the report.
+/// Is notified of each change of the report. It must not change the report itself.
 class ReportObserver {
   public:
     virtual ~ReportObserver() = default;
@@ -111,7 +111,8 @@ class AddressReport {
     /// A complete answer has arrived. `NoteWrite` must follow before events run, while the answer's
     /// detail is valid.
     void NoteAnswer(std::size_t row, int attempts, const Answer& answer);
-    /// The answer just noted was written, or why it was not. Ignored if there is none.
+    /// The answer just noted was written, or was not for the reason `why_not`. Ignored if no answer
+    /// was noted.
     void NoteWrite(std::size_t row, std::string_view why_not = {});
     /// The crawl has ended: everything queued or under way is unfinished, and all rows are settled.
     void Stop();

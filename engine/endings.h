@@ -36,7 +36,7 @@ void Resume();
 /// must stay. Otherwise the crawl has been stopped and cleaned up.
 bool Form_Unload();
 
-/// The same without asking.
+/// Stops a running crawl and cleans up, without asking.
 void CleanUpForExit();
 
 /// A count as shown by the counters, with "," between groups of three digits.

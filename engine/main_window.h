@@ -47,7 +47,7 @@ class MainWindow {
     virtual void ShowList1() = 0;
 
     /// Shows that placeholders are being deleted, which may take a while. Waits until this is
-    /// visible and the box that was answered is gone. Runs no events of the crawl.
+    /// painted and the box just answered is gone. Runs no events of the crawl.
     virtual void ShowCleaningUp() = 0;
 
     /// Shows the pause dialog and waits until it is closed.

@@ -2,17 +2,17 @@
 
 #include <cstddef>
 
-/// The crawl engine. This file: limiting the memory of the responses. Servers send what they like,
-/// and one endless response must not cost the others theirs.
+/// The crawl engine. This file: limiting the memory of the responses. A server may send any amount,
+/// and one endless response must not cost the other connections theirs.
 namespace bas_Connections {
 
-/// The most bytes that all responses together may take: 2 GiB less one. A variable, so that tests
-/// can use small responses.
+/// The most bytes that all responses together may take: 2 GiB less one byte. It is a variable, so
+/// that tests can use small responses.
 extern std::size_t MostResponseBytes;
 
 /// Makes room for `size` more bytes in the response of slot `index`. First drops what idle slots
-/// keep, then gives up the largest response that is still being received. False if that is this
-/// slot's own.
+/// keep, then gives up the largest responses that are still being received. Returns false if that
+/// includes this slot's own.
 bool MakeRoom(std::size_t size, int index);
 
 /// Ends the job of slot `index` because its response is too large to keep. Nothing of it is saved.

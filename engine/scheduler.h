@@ -13,8 +13,7 @@ void tmrMove_Timer();
 /// nothing if no crawl runs or no connection is free.
 void ConnectNext(std::string address);
 
-/// The local path of the file that a crawl into `folder`, which ends in "\", saves a queued address
-/// as.
+/// The local path under which a crawl into `folder` saves a queued address. `folder` ends in "\".
 std::string SavedFileOf(const std::string& folder, std::string address);
 
 /// Connects the socket of slot `index` to its job's host, always on port 80, and shows that in its
@@ -27,7 +26,7 @@ int FindFreeSlot();
 /// Closes all 24 sockets, whatever their state.
 void CloseAllSockets();
 
-/// N, the number of connections, read from the box; 0 if the text is not a number.
+/// N, the number of connections, read from the box; 0 if the text does not start with a number.
 std::int32_t ConnectionsCount();
 
 /// The number of connections was typed. Refuses a text that is not a number, and a number above 23.

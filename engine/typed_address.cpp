@@ -36,7 +36,7 @@ struct Scheme {
     std::string_view rest;
 };
 
-/// The scheme of `address`; nothing if it starts with its server, as in "site.com:8080".
+/// The scheme of `address`; nothing if it starts with the server's name, as in "site.com:8080".
 std::optional<Scheme> SchemeOf(std::string_view address) {
     const auto word_end = std::ranges::find_if_not(address, IsLetterOrDigit);
     Scheme scheme{text::LowerCase({address.begin(), word_end}), false, {}, {}};
@@ -118,7 +118,7 @@ AddressFault FaultOfServer(std::string_view address, const AsciiHost& ascii_host
 
 AddressFault FaultOfTypedAddress(const std::string& typed, const AsciiHost& ascii_host) {
     std::string_view address = text::Trim(typed);
-    // The box shows this after a crawl started with another kind of scheme.
+    // After a crawl started with another scheme, the box shows "www." in front of it.
     if (address.starts_with("www.") && SchemeOf(address.substr(4))) address.remove_prefix(4);
 
     std::string_view http;

@@ -37,11 +37,12 @@ std::string CutLinkAtDelimiter(const std::string& s);
 /// The part of `s` before the first # ' > } ? / \ or blank.
 std::string CutHostAtDelimiter(const std::string& s);
 
-/// Removes the first "../" after a slash. Returns the result and stores it in `s`.
+/// Replaces "\" by "/", then removes the first "../" after a slash. Returns the result and stores
+/// it in `s`.
 std::string CutDotDotOnce(std::string& s);
 
-/// Resolves every "/../" by removing the segment before it, also wherever else its text occurs in
-/// the address. Returns the result and stores it in `s`.
+/// Replaces "\" by "/", then resolves every "/../" by removing the segment before it, wherever in
+/// the address that segment occurs. Returns the result and stores it in `s`.
 std::string ResolveDotDot(std::string& s);
 
 /// A count with "," between groups of three digits. Stores the lower-cased, trimmed text in `s`.

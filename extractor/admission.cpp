@@ -21,14 +21,14 @@ namespace {
 /// This limit ends crawls of pages that link deeper and deeper into themselves.
 constexpr std::size_t kLongestLink = 4096;
 
-/// After one of these, a ".." would climb out of the site.
+/// A ".." right after the host climbs out of the site.
 constexpr std::string_view kClimbsAboveHost[] = {
     ".info/..", ".tk/..",  ".uk/..",  ".au/..",  ".mil/..",
     ".gov/..",  ".edu/..", ".org/..", ".net/..", ".com/..",
 };
 
-/// Looks for the scheme after leading blanks, but cuts its length from the very start. This is
-/// intended.
+/// Looks for the scheme after leading blanks, but cuts as many characters off the very start. This
+/// is intended.
 void CutScheme(std::string& link) {
     if (text::HasHttp(text::Trim(link))) link.erase(0, text::kHttp.size());
 }
@@ -37,7 +37,7 @@ void TrimIn(std::string& s) {
     s = std::string(text::Trim(s));
 }
 
-/// Makes "site.com/dir/page.html" of any spelling of slashes and scheme.
+/// Turns "\" into "/", and appends "index.html" to a folder.
 void Normalize(std::string& link) {
     text::ReplaceAllIn(link, "http:\\", "http://");
     TrimIn(link);
@@ -143,8 +143,9 @@ bool IsListedFileType(const std::string& link) {
 }
 
 bool FileExists(const std::string& path) {
-    // Check both forms. Otherwise a name in which "www." appears only after cleaning, and every
-    // name below a target folder that contains it, would never be found and be queued for ever.
+    // Check both forms. Otherwise a name in which "www." appears only after cleaning would never be
+    // found, and its link would be queued for ever. The same goes for every name below a target
+    // folder that contains "www.".
     const std::string written = WrittenForm(path);
     return bas_Output::HasMirrorFile(path) ||
            (written != path && bas_Output::HasMirrorFile(written));

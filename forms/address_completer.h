@@ -8,8 +8,8 @@ class QLineEdit;
 
 namespace ui {
 
-/// Offers addresses used before while the user types into a box. Enter takes the selected offer; if
-/// none is selected, it works as without offers.
+/// Offers addresses used before while the user types into a box. Enter takes the selected offer. If
+/// none is selected, Enter does what it does without offers.
 class AddressCompleter : public QCompleter {
     Q_OBJECT
 

@@ -57,7 +57,7 @@ class CopyNotes : public QObject {
     std::string host_;    ///< the site's host
     std::string folder_;  ///< the host's folder; "" if there cannot be one
     std::string target_folder_;
-    std::unique_ptr<platform::FolderClaim> claim_;  ///< keeps crawls from starting during a removal
+    std::unique_ptr<platform::FolderClaim> claim_;  ///< marks the folder as in use
     bool removing_ = false;
     std::unique_ptr<bas_Output::CopySurvey> survey_;
 };

@@ -17,8 +17,8 @@ class PageOpener : public QObject {
   public:
     explicit PageOpener(QObject* parent);
 
-    /// Drops the page that it was about to open. `folder` and `recorded`, a path relative to it,
-    /// are path text. The browser scrolls to `words`.
+    /// Opens a page, and drops an earlier one that is not open yet. `folder` and `recorded`, a path
+    /// relative to it, are path text. The browser scrolls to `words`.
     void Open(const std::string& folder, const std::string& recorded, const std::string& words);
 
   signals:

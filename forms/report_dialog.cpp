@@ -42,7 +42,7 @@ constexpr Outcome kOutcomes[] = {Outcome::Saved,    Outcome::Moved,      Outcome
                                  Outcome::Short,    Outcome::Unanswered, Outcome::NotWritten,
                                  Outcome::TooLarge, Outcome::NotAsked,   Outcome::Unfinished};
 
-/// A clipboard is no place for more rows than this.
+/// The most rows that may be copied to the clipboard.
 constexpr int kMostCopied = 50'000;
 
 QString Count(std::size_t count) {

@@ -32,11 +32,12 @@ class Confines {
     /// followed.
     bool Contains(const std::string& file);
 
-    /// Whether `file` lies inside the folder called `host`, which holds the pages of that host.
+    /// Whether `file` lies inside the folder called `host`, which holds the pages of that host. A
+    /// host called "_SearchData" has none, because that folder belongs to the search extract.
     bool MayWritePage(const std::string& file, std::string_view host);
 
     /// Whether a crawl may create `folder`: the target folder, one of its parents, or a folder
-    /// inside it that does not have a record file's name.
+    /// inside it that does not take a record file's place.
     bool MayCreateFolder(const std::string& folder);
 
   private:

@@ -41,7 +41,7 @@ Result Remembered(Result result, std::string_view path) {
     return result;
 }
 
-/// Called for every link; in most crawls no write ever fails.
+/// Called for every link, so this makes no key while no write has failed.
 bool WriteFailedBefore(std::string_view path) {
     return !g_unwritten.empty() && g_unwritten.contains(KeyOf(path));
 }

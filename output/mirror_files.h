@@ -18,11 +18,10 @@ inline constexpr std::string_view kPlaceholderText =
 /// The end of a placeholder's name.
 inline constexpr std::string_view kPlaceholderEnd = ".tmp";
 
-/// Whether the file at `path`, whose name has that end, contains a placeholder's text. Does not
-/// read large files.
+/// Whether the ".tmp" file at `path` contains a placeholder's text. Does not read large files.
 bool IsPlaceholder(const std::string& path);
 
-/// Call this at the start of a crawl: it forgets the failed writes and the folders made.
+/// Forgets the failed writes and the folders made. Call this at the start of a crawl.
 void BeginMirror();
 
 /// Whether a crawl may create this folder.
@@ -45,8 +44,8 @@ std::string FileKey(std::string_view path);
 platform::FileResult WriteMirrorPage(std::string_view path, std::string_view host,
                                      std::initializer_list<std::string_view> parts);
 
-/// Appends to a file inside the target folder. A file whose name ends with ".tmp" but that is not a
-/// placeholder belongs to the user and is a fault. A path that cannot be written is remembered.
+/// Appends to a file inside the target folder. A ".tmp" file that is not a placeholder belongs to
+/// the user, and appending to it is a fault. A path that cannot be written is remembered.
 bool AppendMirrorFile(std::string_view path, std::initializer_list<std::string_view> parts);
 
 /// Reads a file inside the target folder; nothing on a fault or for a path elsewhere.
@@ -56,7 +55,7 @@ std::optional<std::string> ReadMirrorFile(std::string_view path);
 void DeletePlaceholder(std::string_view path);
 
 /// Deletes "*.tmp" in the folders that this crawl has made and whose paths are `lowered_folder` in
-/// lower case. Folders that differ from those in case are left alone.
+/// lower case. Folders of the same name in other case are left alone.
 void SweepMadeFolder(std::string_view lowered_folder);
 
 }  // namespace bas_Output

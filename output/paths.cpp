@@ -20,7 +20,7 @@ namespace {
 
 std::string g_why_no_folder;
 
-/// Creates one folder and notes it. It is a fault if it exists already.
+/// Creates one folder and notes it. An existing folder is a fault.
 platform::FileResult CreateAndNote(const std::string& folder) {
     platform::FileResult result = platform::System().files.CreateFolder(folder);
     if (!result) return result;
@@ -29,9 +29,10 @@ platform::FileResult CreateAndNote(const std::string& folder) {
     return result;
 }
 
-/// Creates the missing ones of the folders that end in `way` at `ends`, root first, each inside the
-/// one before. Usually all exist, or all but the last. Otherwise this checks as few as possible,
-/// because a site may link deeper and deeper below a folder that cannot be created.
+/// Creates those of several folders that are missing. Each lies inside the one before, and `ends`
+/// are the positions in `way` where their paths end, root first. Usually all exist, or all but the
+/// last. Otherwise this checks as few as possible, because a site may link deeper and deeper below
+/// a folder that cannot be created.
 void MakeMissingFolders(const std::string& way, std::vector<std::size_t>& ends) {
     const auto folder = [&way](std::size_t end) { return way.substr(0, end); };
     const auto may_make = [&folder](std::size_t end) { return MayMakeFolder(folder(end)); };

@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <string>
 
-/// The local mirror. This file: making local paths of addresses, and their folders.
+/// The local mirror. This file: turning addresses into local paths, and creating their folders.
 namespace bas_Output {
 
 /// The local path for folder + address text.
 std::string LocalPathOf(const std::string& path);
 
-/// Makes a local file path of folder + address text, creates its folders and stores the path in
+/// Turns folder + address text into a local path, creates its folders and stores the path in
 /// `SavePath` and `path`. A folder that cannot be created is skipped. Returns "".
 std::string MakeLocalPath(std::string& path);
 
@@ -19,11 +19,12 @@ const std::string& WhyNoFolder();
 /// Creates one folder and notes it in `MadeFolders` if it is new. Ignores faults.
 void MakeFolder(const std::string& folder);
 
-/// Removes what a file name cannot contain, and appends ".html" to a text without any ".".
+/// Removes or replaces the characters that are unsafe in file names, and appends ".html" to a text
+/// without any ".".
 std::string CleanFileName(const std::string& name);
 
-/// The same without adding ".html". The saver and the link scanner both use it, so that saved names
-/// and links agree.
+/// The same without adding ".html". Saving and admission both use it, so that a link is recognized
+/// by the name of its saved file.
 std::string CleanLinkName(const std::string& name);
 
 /// Whether the file lies directly in the site's host folder.

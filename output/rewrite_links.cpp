@@ -69,7 +69,7 @@ Rules MakeRules(const RewritingOf& file) {
 
 const text::Replacements& RewritingRules(const RewritingOf& file) {
     // Nearly all files of a crawl come from one host, and making the rules takes longer than
-    // applying them to a picture. So the last ones of each kind are kept.
+    // applying them to a picture. So the last rules for each kind of file are kept.
     struct Kept {
         std::string from_host;
         std::optional<text::Replacements> rules;

@@ -34,7 +34,7 @@ std::string PathBelow(const std::string& folder, const std::string& address) {
     return std::string(folder).append(text::Trim(address));
 }
 
-/// Turns a folder's path into that of its page, with the name that links to it use.
+/// Turns a folder's path into that of its page, under the name that links use.
 void AddDefaultName(std::string& path) {
     if (path.ends_with('\\')) path += "index.html";
     text::ReplaceAllIn(path, "\\.html", "\\index.html");

@@ -23,8 +23,8 @@ struct Label {
     std::string_view meaning;
 };
 
-// Labels that systems do not know, or whose pages are really written in a superset used by Windows.
-// Browsers map them the same way.
+// Labels that some systems do not know, or whose pages are really written in a superset. Browsers
+// map them the same way.
 constexpr Label kLabels[] = {
     {"ascii", kWestern},
     {"big5", "big5-hkscs"},

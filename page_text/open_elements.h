@@ -23,7 +23,7 @@ struct OpenElement {
     Display display = Display::kInline;
     TextState content;
     bool has_part = false;           ///< Whether a table has a row, or a row has a cell.
-    std::uint32_t next_outward = 0;  ///< The index of the next outer one of its name; 0 for none.
+    std::uint32_t next_outward = 0;  ///< The index of the next outer one of this name; 0 for none.
 };
 
 /// The open elements that affect the text at the current position, outermost first. The bottom

@@ -81,7 +81,7 @@ bool PageStructure::EndsParagraph(ElementId id) const {
     return EdgeLines(ElementOf(id).display).value_or(0) > 0 && !Has(id, kInParagraph);
 }
 
-/// Closes everything in the innermost table down to where `part` belongs. Opens a row for a cell if
+/// Closes the elements of the innermost table that cannot contain `part`. Opens a row for a cell if
 /// there is none.
 void PageStructure::MakePlaceFor(ElementId part) {
     std::size_t place = open_.Innermost(Id("table"));

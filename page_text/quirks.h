@@ -4,8 +4,8 @@
 
 namespace page_text {
 
-/// Whether a browser renders `page` in quirks mode, that is, like the browsers of the oldest pages.
-/// Its doctype decides; a page without one is in quirks mode.
+/// Whether a browser renders `page` in quirks mode, that is, like a browser of the 1990s. The
+/// doctype decides; a page without one is in quirks mode.
 bool IsInQuirksMode(std::string_view page);
 
 }  // namespace page_text

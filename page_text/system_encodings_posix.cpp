@@ -25,9 +25,9 @@ class Converter {
 
     bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
-    /// Converts as much of `bytes` as it can, removes it from them and appends the result to
-    /// `utf8`. With empty `bytes`, appends a letter that was held back in case an accent follows.
-    /// Returns false if it stopped at bytes that are not a character.
+    /// Converts as much of `bytes` as it can, removes that part and appends the result to `utf8`.
+    /// With empty `bytes`, appends a letter that was held back in case an accent follows. Returns
+    /// false if it stopped at bytes that are not a character.
     bool Step(std::string_view& bytes, std::string& utf8) {
         std::array<char, 4096> buffer;
         char* in = const_cast<char*>(bytes.data());  // iconv does not write to it.

@@ -20,7 +20,8 @@ std::string RepairedUtf8(std::string_view bytes);
 
 std::string FromUtf16(std::string_view bytes, bool big_endian);
 
-/// The character for `byte` in Windows-1252, the encoding assumed for pages that declare none.
+/// The character for `byte` in Windows-1252, the encoding assumed for a page that declares none and
+/// is not valid UTF-8.
 char32_t Windows1252(unsigned char byte);
 std::string FromWindows1252(std::string_view bytes);
 

@@ -21,7 +21,7 @@ struct FileResult {
 /// The reason given for a path that is refused without asking the system.
 inline constexpr char kNoName[] = "not a name that this system allows";
 
-/// Reads the entries of a folder one by one, so that a large folder holds up nobody.
+/// Reads the entries of a folder one by one, so that a large folder does not delay other events.
 class FolderReader {
   public:
     enum class Kind { File, Folder, Link };  ///< a symbolic link is a Link, whatever it leads to
@@ -46,7 +46,7 @@ class FileReader {
     virtual std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t most) = 0;
 };
 
-/// While this object exists, this process is the one that fills the folder.
+/// A claim to a folder, which lasts as long as this object.
 class FolderClaim {
   public:
     virtual ~FolderClaim() = default;
@@ -65,7 +65,7 @@ class Files {
     /// The folder that holds the program's own lists, without a final "\".
     virtual std::string ProgramFolder() const = 0;
 
-    /// Creates this folder, but not its parents. It is a fault if it exists already.
+    /// Creates this folder, but not its parents. An existing folder is a fault.
     virtual FileResult CreateFolder(std::string_view path) = 0;
 
     /// The length of a file in bytes; 0 for a folder; nothing if neither exists.

@@ -10,9 +10,8 @@ namespace platform {
 
 namespace {
 
-/// Whether resolving would change nothing. This is true of most paths, because whoever checks a
-/// path resolves it, and whoever opens it resolves it again. Names that start with a dot count as
-/// unresolved.
+/// Whether resolving would change nothing. This is true of most paths, because a path is resolved
+/// when it is checked and again when it is opened. Names that start with a dot count as unresolved.
 bool IsResolved(std::string_view path) {
     if (!HasDrive(path) || path[0] < 'a' || path.find('/') != path.npos || !IsOnDrive(path))
         return false;

@@ -4,8 +4,7 @@
 
 namespace platform {
 
-/// Starts the system's own programs. Each gets its argument as a single argument, never through a
-/// shell.
+/// Starts the system's own programs. Each gets a single argument, never through a shell.
 class ProcessStarter {
   public:
     virtual ~ProcessStarter() = default;
@@ -19,8 +18,8 @@ class ProcessStarter {
     /// started.
     virtual bool OpenFile(const std::string& file) = 0;
 
-    /// Does the same for a page. The browser scrolls to the first occurrence of `words` if the
-    /// desktop and the browser support that. "" opens the page at its beginning.
+    /// Opens a page as `OpenFile` does. The browser scrolls to the first occurrence of `words` if
+    /// the desktop and the browser support that. "" opens the page at its beginning.
     virtual bool OpenPage(const std::string& file, const std::string& words) = 0;
 
     /// Opens an "http://" address in the system's browser. False if it is not one or if nothing

@@ -56,15 +56,16 @@ std::FILE* OpenToAppend(const Path& path) {
     return file != nullptr ? file : native::Open(path, "ab");
 }
 
-/// The name of the file that is written first and renamed to `path` when complete. If the program
-/// is killed in between, the sweep of the placeholders removes it.
+/// The name of the file that is written first and renamed to `path` when complete. It ends in
+/// ".tmp", so the sweep at the crawl's end removes one that could not be deleted.
 Path TemporaryBeside(const Path& path, int number) {
     const std::string name = "~vantorin" + std::to_string(number) + ".tmp";
     return path.substr(0, path.rfind(kSeparator) + 1).append(name.begin(), name.end());
 }
 
 /// The path with every link followed; what does not exist yet is taken as written. Nothing if the
-/// target is unknown, as with a dangling link, which leads wherever a write through it would go.
+/// target is unknown, as with a dangling link: a write through that would create a file somewhere
+/// else.
 std::optional<Path> FollowLinks(std::string_view path_text) {
     std::optional<Path> path = native::PathOf(path_text);
     Path missing;

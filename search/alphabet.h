@@ -30,7 +30,7 @@ class Alphabet {
         return WideCharacterAt(text, at);
     }
 
-    /// The start of the character that ends before `at`, which must be above 0.
+    /// The start of the character before `at`, which must be above 0.
     std::size_t Before(std::string_view text, std::size_t at) const;
 
     /// The last position at or before `at` where a character starts.

@@ -79,7 +79,7 @@ bool RecordReader::ReadText(std::vector<RecordedPage>& pages) {
     const std::size_t end = Held().find('\n');
     const bool is_whole = end != kNone;
     const std::string_view text = is_whole ? WithoutReturn(Held().substr(0, end)) : Held();
-    // A match that starts later may be incomplete.
+    // A match that starts at `limit` or later may be incomplete.
     std::size_t limit = text.size();
     if (!is_whole) {
         limit = alphabet_.BeginOf(text, limit > reach_ ? limit - reach_ : 0);

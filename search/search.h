@@ -23,7 +23,8 @@ struct Hit {
     std::uint64_t first_match;  ///< the offset of its first match there
 };
 
-/// The most pages that a search keeps. If it finds more, those with the most matches stay.
+/// A search keeps at least this many of the pages that it finds, those with the most matches, and
+/// at most twice as many.
 inline constexpr std::size_t kMostHits = 10'000;
 
 /// A search of a copy's extracts, in steps between other events. If a page was recorded more than

@@ -84,8 +84,8 @@ std::optional<Span> Term::MatchAround(std::string_view text, std::size_t anchor,
         return MatchCharacters(text, anchor, from);
     }
     const std::size_t begin = anchor - anchor_;
-    // Forwards and then backwards from the anchor: beyond a wide character, places in the text no
-    // longer correspond to places in the term.
+    // Compares from the anchor forwards and then backwards, because beyond a wide character, places
+    // in the text no longer correspond to places in the term.
     const std::size_t after = ascii_.size() - anchor_;
     for (std::size_t step = 0; step < ascii_.size(); ++step) {
         const std::size_t i = step < after ? anchor_ + step : ascii_.size() - 1 - step;

@@ -26,8 +26,8 @@ class Term {
     /// rarest character.
     const std::string& AnchorBytes() const { return anchor_bytes_; }
 
-    /// Finds the pairs of bytes at whose first a match may be found; nothing if the term has no two
-    /// neighbouring characters that are always spelled in ASCII.
+    /// The scan for the pair of bytes around which a match may be found; nothing if the term has no
+    /// two neighbouring characters that are always spelled in ASCII.
     const std::optional<PairScan>& Pairs() const { return pairs_; }
 
     /// The match whose anchor is the byte at `anchor`, if it starts at or after `from`.

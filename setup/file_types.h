@@ -15,8 +15,8 @@ void WriteFileTypes(const std::vector<std::string>& types);
 /// The non-blank lines of the file, unchanged; none if it cannot be read.
 std::vector<std::string> ReadFileTypes();
 
-/// Creates the list's file with the default types if there is none, and returns whether it did.
-/// Ignores faults.
+/// Creates the list's file with the default types and returns true if there is none. Ignores
+/// faults.
 bool MakeFirstFileTypesFile();
 
 /// The path text of the list's file.

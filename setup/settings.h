@@ -25,7 +25,7 @@ std::string NormalizeFolder(const std::string& typed);
 bool PrepareTargetFolder(const std::string& folder);
 
 /// Whether a probe file can be written to the folder and deleted. Replaces "/" in `path` by "\" and
-/// adds a final "\".
+/// appends a missing final "\".
 bool TestFolderWritable(std::string& path);
 
 }  // namespace bas_General

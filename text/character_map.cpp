@@ -117,7 +117,7 @@ std::string CharacterMap::AppliedTo(std::string_view subject, std::size_t spare)
     return result;
 }
 
-/// By how much the text can grow. Characters that become shorter are not subtracted.
+/// The most by which the text can grow. Characters that become shorter are not subtracted.
 std::size_t CharacterMap::Growth(std::string_view subject) const {
     std::size_t growth = 0;
     for (const char character : changed_) {
@@ -152,7 +152,7 @@ char* CharacterMap::Write(std::string_view subject, char* out) const {
     return out;
 }
 
-/// The same, one character at a time. No branch depends on the characters.
+/// Does what `Write` does, one character at a time. No branch depends on the characters.
 char* CharacterMap::WriteEach(std::string_view subject, char* out) const {
     if (!grows_) {
         for (const char character : subject) {

@@ -16,8 +16,8 @@ class CharacterMap {
     /// Replaces nothing.
     CharacterMap();
 
-    /// Adds a replacement that applies to the result of those added before. If a character would
-    /// become too long a text, returns false and adds nothing.
+    /// Adds a replacement that applies to the result of those added before. Returns false and adds
+    /// nothing if the text of a character would become too long.
     bool Add(char character, std::string_view replacement);
 
     /// What `character` becomes.

@@ -10,16 +10,16 @@ namespace text {
 
 /// A text that grows at its end and is consumed from its front.
 ///
-/// The link scanner drops what it has seen of a page while data may be appended to the same text,
-/// or the text be emptied, whenever events run. An offset makes each step free. It is kept here
-/// beside the bytes, so that assigning a new text leaves no stale position behind in someone's
-/// loop.
+/// The link scanner consumes a page while events run that may append to the same text or empty it.
+/// Consuming moves an offset, so each step is free. The offset is kept here beside the bytes, so
+/// that a new text leaves no stale position behind in a caller's loop.
 class ConsumableText {
   public:
     ConsumableText() = default;
     explicit ConsumableText(std::string bytes) : bytes_(std::move(bytes)) {}
 
-    /// What is left. Valid until the text changes, so never across a place where events run.
+    /// What is left. The view is valid until the text changes, so it must not be kept while events
+    /// run.
     std::string_view View() const { return std::string_view(bytes_).substr(eaten_); }
     std::size_t Size() const { return bytes_.size() - eaten_; }
     bool Empty() const { return Size() == 0; }
@@ -32,8 +32,8 @@ class ConsumableText {
         ++generation_;
     }
 
-    /// Changes when the text is replaced, but not when it is appended to or consumed. Code that
-    /// lets events run in the middle compares it before and after.
+    /// A number that changes when the text is replaced, but not when the text grows or is consumed.
+    /// Code that lets events run compares the number before and after.
     unsigned Generation() const { return generation_; }
 
     /// Empties the text and frees its memory.

@@ -27,8 +27,8 @@ std::size_t IndexOf(char character) {
     return static_cast<unsigned char>(character);
 }
 
-/// Notes that `pattern` has `neighbour` on one side of its anchor. If it is empty, the pattern ends
-/// there and any neighbour fits.
+/// Notes that `pattern` has `neighbour` on one side of its anchor. If `neighbour` is empty, the
+/// pattern begins or ends there and any neighbour fits.
 void AddNeighbour(std::string_view neighbour, std::size_t pattern,
                   std::array<PatternScan::Patterns, 256>& by_neighbour) {
     if (!neighbour.empty()) {

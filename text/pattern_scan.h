@@ -13,7 +13,7 @@ namespace text {
 ///
 /// Each pattern is found by its anchor, a character of it that is rare in pages. Many patterns
 /// share an anchor, so the text is searched for only a few characters and compared in full only
-/// where the neighbours fit, too.
+/// where the neighbours fit as well.
 class PatternScan {
   public:
     static constexpr std::size_t kShortest = 5;
@@ -34,8 +34,8 @@ class PatternScan {
     struct Anchor {
         char character;
         Patterns patterns;
-        /// For each neighbour on this side, the patterns that it fits. Any neighbour fits a pattern
-        /// that ends here.
+        /// For each byte beside the anchor, the patterns that it fits. Any byte fits a pattern that
+        /// begins or ends at the anchor.
         std::array<Patterns, 256> by_previous, by_next;
     };
 

@@ -10,7 +10,7 @@ namespace text {
 namespace {
 
 /// Whether an occurrence of `pattern` can overlap `made`, a replacement that was just inserted. If
-/// `made` is empty, the text on both sides has met, and any pattern may have formed.
+/// `made` is empty, the texts on its two sides now touch, and any pattern may have formed.
 bool CanTouch(std::string_view pattern, std::string_view made) {
     if (made.empty()) return true;
     for (std::size_t skip = 0; skip < made.size(); ++skip) {
@@ -86,7 +86,7 @@ std::vector<std::string> Replacements::PatternsOf(const Steps& steps) {
     return patterns;
 }
 
-/// The later steps for whose patterns this step can create occurrences.
+/// The later steps whose patterns this step can create.
 Replacements::Indices Replacements::MadeBy(std::size_t step) const {
     Indices made;
     for (std::size_t later = step + 1; later < steps_.size(); ++later) {

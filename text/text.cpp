@@ -15,8 +15,8 @@ constexpr std::size_t kNone = std::string_view::npos;
 /// How many adjacent places are compared at once.
 constexpr std::size_t kBlock = 64;
 
-/// The places among `kBlock` adjacent ones that have `head`, and `tail` at `distance` after it.
-/// Compilers turn the plain loop of fixed length into vector instructions.
+/// Those of `kBlock` adjacent places that hold `head` and, `distance` further on, `tail`. Compilers
+/// turn the plain loop of fixed length into vector instructions.
 class Candidates {
   public:
     Candidates(const char* place, char head, std::size_t distance, char tail) {
@@ -54,7 +54,7 @@ inline bool IsAt(const char* place, std::string_view pattern) {
 /// Responses of any size and content go through dozens of passes while the window waits, so no
 /// input may make this slow. The standard library searches for the first character alone, which is
 /// a hundred times slower on a run of blanks than on ordinary text. Searching for the first and the
-/// last together costs about the same on everything.
+/// last together costs about the same on any input.
 std::size_t Find(std::string_view subject, std::string_view pattern, std::size_t from) {
     if (pattern.size() == 1) return subject.find(pattern[0], from);
     if (subject.size() < pattern.size()) return kNone;
@@ -115,9 +115,9 @@ char* WriteReplaced(std::string_view subject, std::string_view pattern,
     return out;
 }
 
-/// For a replacement longer than the pattern. Allocates at most one other copy of the text, of
-/// exactly the size needed, and none if the buffer has room: the text then first moves to the
-/// buffer's end, so that writing stays behind reading.
+/// For a replacement longer than the pattern. Allocates one copy of exactly the size needed, or
+/// none if the buffer has room. In that case the text first moves to the buffer's end, so that
+/// writing stays behind reading.
 void ReplaceGrowing(std::string& subject, std::string_view pattern, std::string_view replacement,
                     std::size_t first) {
     const std::size_t old_size = subject.size();

@@ -43,8 +43,8 @@ void frmMain::ShowProgress() {
     OfferCopy();
 }
 
-/// The user, too, may make and delete files, so this is asked again whenever the window is looked
-/// at.
+/// The user may create and delete files, too, so this is checked again whenever the window becomes
+/// active.
 void frmMain::OfferCopy() {
     const bool is_there = !bas_Connections::StartPage().empty();
     open_copy_->setEnabled(is_there);

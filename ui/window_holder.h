@@ -44,7 +44,7 @@ class WindowHolder : public QObject {
     /// Replaces the window by a new one in the same place.
     void Reload();
 
-    /// The window has become active. If this opens the wizard, it waits until no handler is
+    /// The window has become active. If this opens the wizard, the wizard waits until no handler is
     /// running.
     void Activated();
 

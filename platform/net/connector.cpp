@@ -80,7 +80,7 @@ void Connector::Decided() {
     connected(handle);
 }
 
-/// Of several failures, one with an answer from somebody tells more than "unreachable".
+/// Of several failures, the first that says more than "unreachable" is kept.
 void Connector::NoteFailure(SocketFailure why) {
     if (tried_ == SocketFailure::Unreachable) tried_ = why;
 }

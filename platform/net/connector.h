@@ -25,8 +25,8 @@ class Connector : public QObject {
               Connected connected);
     ~Connector() override;
 
-    /// Why the attempt has failed; None while an address is left to try. After a failure nobody is
-    /// called.
+    /// Why the attempt has failed; None while it may still succeed. After a failure, `connected` is
+    /// never called.
     SocketFailure Failure() const { return failure_; }
 
   private:
@@ -43,7 +43,7 @@ class Connector : public QObject {
     std::unique_ptr<SocketWatch> decided_;
     QTimer look_for_failure_;
     QTimer patience_;
-    SocketFailure tried_ = SocketFailure::Unreachable;  // the most telling failure
+    SocketFailure tried_ = SocketFailure::Unreachable;  // the final one, unless connected
     SocketFailure failure_ = SocketFailure::None;
 };
 

@@ -27,8 +27,8 @@ std::vector<native::Address> AddressesIn(const ares_addrinfo* found) {
     return addresses;
 }
 
-/// If a server says that the name does not exist or has no address, it is unknown. Any other error
-/// leaves that open.
+/// If a server says that the name does not exist or has no address, the name is unknown. Any other
+/// error leaves that open.
 SocketFailure FailureOf(int status) {
     switch (status) {
         case ARES_SUCCESS:

@@ -63,7 +63,8 @@ inline Handle OpenStream(const Address& address) {
 }
 
 /// Starts connecting. Returns false if that fails at once. Otherwise the socket becomes writable
-/// when the outcome is known, and `PendingError` tells it.
+/// when it is connected and, unless `kFailureIsSilent`, when the attempt has failed. `PendingError`
+/// then tells the outcome.
 inline bool StartConnect(Handle handle, const Address& address) {
     return connect(handle, address.Get(), static_cast<socklen_t>(address.size)) == 0 ||
            IsPending(LastError());

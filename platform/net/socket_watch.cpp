@@ -52,7 +52,7 @@ SocketWatch::Moment SocketWatch::Now() {
 }
 
 bool SocketWatch::AnyWaitsSince(Moment moment) {
-    static std::vector<native::PollEntry> entries;  // static, because every tick comes here
+    static std::vector<native::PollEntry> entries;  // static, to save an allocation at every tick
     entries.clear();
     for (const SocketWatch* watch : g_watches) {
         if (!watch->isEnabled() || watch->called_ > moment) continue;

@@ -96,7 +96,7 @@ bool QtProcessStarter::OpenPage(const std::string& file, const std::string&) {
 
 bool QtProcessStarter::OpenPage(const std::string& file, const std::string& words) {
     const auto path = SystemPathOf(file);
-    // Only a browser takes the address of a file with more behind it.
+    // Only a browser accepts a file's address with a fragment.
     if (!path || words.empty() || path->find("htm", path->find_last_of("./")) == path->npos) {
         return OpenFile(file);
     }
