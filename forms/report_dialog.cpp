@@ -16,9 +16,11 @@
 #include "engine/endings.h"
 #include "engine/http_exchange.h"
 #include "engine/scheduler.h"
+#include "forms/counts.h"
 #include "forms/report_model.h"
 #include "forms/report_saver.h"
 #include "forms/report_table.h"
+#include "forms/show_over.h"
 #include "platform/path_text.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
@@ -28,7 +30,6 @@
 #include "widgets/controls.h"
 #include "widgets/elided_label.h"
 #include "widgets/label_font.h"
-#include "widgets/readable.h"
 #include "widgets/twips.h"
 
 namespace ui {
@@ -45,12 +46,8 @@ constexpr Outcome kOutcomes[] = {Outcome::Saved,    Outcome::Moved,      Outcome
 /// The most rows that may be copied to the clipboard.
 constexpr int kMostCopied = 50'000;
 
-QString Count(std::size_t count) {
-    return QString::fromStdString(bas_Connections::FormatCount(static_cast<std::int64_t>(count)));
-}
-
 QString Addresses(std::size_t count) {
-    return Count(count) + (count == 1 ? " address" : " addresses");
+    return CountText(count, "address", "addresses");
 }
 
 std::size_t CountThatEnded() {
@@ -72,22 +69,13 @@ ReportDialog::ReportDialog(QWidget* parent) : QDialog(parent) {
 }
 
 ReportDialog* ReportDialog::ShowOver(QWidget* parent) {
-    auto* dialog = parent->findChild<ReportDialog*>(QString(), Qt::FindDirectChildrenOnly);
-    if (dialog == nullptr) dialog = new ReportDialog(parent);
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
-    return dialog;
+    return ShowOnlyOneOver<ReportDialog>(parent);
 }
 
 void ReportDialog::MakeControls() {
     model_ = new ReportModel(crawl::Report, this);
-    filter_ = new QLineEdit(this);
-    filter_->setObjectName("Filter");
+    filter_ = MakeSearchBox("Filter", "Part of an address or a detail", this);
     filter_->setAccessibleName("Filter");
-    filter_->setPlaceholderText("Part of an address or a detail");
-    filter_->setClearButtonEnabled(true);
-    KeepReadable(filter_, QPalette::Base);
     outcomes_ = new QListWidget(this);
     outcomes_->setObjectName("Outcomes");
     outcomes_->setAccessibleName("Outcomes");
@@ -184,15 +172,15 @@ void ReportDialog::ConnectHandlers() {
 }
 
 void ReportDialog::ShowCounts() {
-    outcomes_->item(0)->setText("All (" + Count(CountThatEnded()) + ")");
+    outcomes_->item(0)->setText("All (" + CountText(CountThatEnded()) + ")");
     const QColor text = palette().color(QPalette::Text);
     const QColor quiet = QuietText(text, {palette().color(QPalette::Base)});
     for (int i = 0; i < static_cast<int>(std::size(kOutcomes)); ++i) {
         const bool any = crawl::Report.CountOf(kOutcomes[i]) > 0;
         outcomes_->item(i + 1)->setForeground(any ? text : quiet);
         const QString name = QString::fromStdString(std::string(crawl::NameOf(kOutcomes[i])));
-        outcomes_->item(i + 1)->setText(name + " (" + Count(crawl::Report.CountOf(kOutcomes[i])) +
-                                        ")");
+        outcomes_->item(i + 1)->setText(name + " (" +
+                                        CountText(crawl::Report.CountOf(kOutcomes[i])) + ")");
     }
     ShowSummary();
     EnableActions();
@@ -201,13 +189,14 @@ void ReportDialog::ShowCounts() {
 void ReportDialog::ShowSummary() {
     const std::size_t ended = CountThatEnded();
     const auto shown = static_cast<std::size_t>(model_->rowCount());
-    QString words = shown == ended ? Addresses(ended) : Count(shown) + " of " + Addresses(ended);
+    QString words =
+        shown == ended ? Addresses(ended) : CountText(shown) + " of " + Addresses(ended);
     if (model_->IsSearching()) words = "Searching...";
     if (const std::size_t rest = crawl::Report.Count() - ended; rest > 0) {
-        words += ", " + Count(rest) + " not fetched yet";
+        words += ", " + CountText(rest) + " not fetched yet";
     }
     if (const std::size_t there = crawl::Report.AlreadyThere(); there > 0) {
-        words += ", " + Count(there) + " already there";
+        words += ", " + CountText(there) + " already there";
     }
     Say(words);
 }

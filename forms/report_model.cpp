@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "crawl/report_text.h"
-#include "engine/endings.h"
+#include "forms/counts.h"
 #include "platform/qt/local_text.h"
 #include "widgets/contrast.h"
 #include "widgets/elided_text.h"
@@ -32,10 +32,6 @@ bool IsNumber(ReportColumn column) {
     return column >= ReportColumn::Status && column <= ReportColumn::Seconds;
 }
 
-QString Count(std::uint64_t count) {
-    return QString::fromStdString(bas_Connections::FormatCount(static_cast<std::int64_t>(count)));
-}
-
 QString CellText(const crawl::ReportRow& row, ReportColumn column) {
     const bool was_tried = row.attempts > 0;
     switch (column) {
@@ -46,9 +42,9 @@ QString CellText(const crawl::ReportRow& row, ReportColumn column) {
         case ReportColumn::Status:
             return row.status == 0 ? QString() : QString::number(row.status);
         case ReportColumn::Bytes:
-            return row.status == 0 && row.bytes == 0 ? QString() : Count(row.bytes);
+            return row.status == 0 && row.bytes == 0 ? QString() : CountText(row.bytes);
         case ReportColumn::Announced:
-            return row.announced ? Count(*row.announced) : QString();
+            return row.announced ? CountText(*row.announced) : QString();
         case ReportColumn::Tries:
             return was_tried ? QString::number(row.attempts) : QString();
         case ReportColumn::Seconds:

@@ -8,10 +8,11 @@
 #include <QPushButton>
 #include <QShortcut>
 
-#include "engine/endings.h"
+#include "forms/counts.h"
 #include "forms/page_opener.h"
 #include "forms/search_list.h"
 #include "forms/search_model.h"
+#include "forms/show_over.h"
 #include "forms/system_folder.h"
 #include "forms/z_dir.h"
 #include "platform/path_text.h"
@@ -21,17 +22,11 @@
 #include "widgets/controls.h"
 #include "widgets/elided_label.h"
 #include "widgets/label_font.h"
-#include "widgets/readable.h"
 #include "widgets/twips.h"
 
 namespace ui {
 
 namespace {
-
-QString Counted(std::uint64_t count, const QString& one, const QString& more) {
-    return QString::fromStdString(bas_Connections::FormatCount(static_cast<std::int64_t>(count))) +
-           (count == 1 ? one : more);
-}
 
 /// Whether a key moves through the list even while the box has the focus.
 bool MovesInList(int key) {
@@ -54,11 +49,7 @@ SearchDialog::SearchDialog(QWidget* parent) : QDialog(parent) {
 }
 
 SearchDialog* SearchDialog::ShowOver(QWidget* parent) {
-    auto* dialog = parent->findChild<SearchDialog*>(QString(), Qt::FindDirectChildrenOnly);
-    if (dialog == nullptr) dialog = new SearchDialog(parent);
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
+    SearchDialog* const dialog = ShowOnlyOneOver<SearchDialog>(parent);
     dialog->GoToWords();
     return dialog;
 }
@@ -66,12 +57,8 @@ SearchDialog* SearchDialog::ShowOver(QWidget* parent) {
 void SearchDialog::MakeControls() {
     model_ = new SearchModel(this);
     opener_ = new PageOpener(this);
-    words_ = new QLineEdit(this);
-    words_->setObjectName("Words");
-    words_->setPlaceholderText("Words, or \"an exact phrase\"");
-    words_->setClearButtonEnabled(true);
+    words_ = MakeSearchBox("Words", "Words, or \"an exact phrase\"", this);
     words_->installEventFilter(this);
-    KeepReadable(words_, QPalette::Base);
     folder_ = new AddressBox("Folder", this);
     choose_ = MakeIconButton("Choose", Picture::Explore, "Browse for the folder", this);
     choose_->setAutoDefault(false);
@@ -188,11 +175,11 @@ QString SearchDialog::Outcome() const {
     const std::uint64_t pages = model_->PageCount();
     QString words = model_->IsSearching() ? "Searching... " : "";
     if (pages == 0 && !model_->IsSearching()) return "No page contains these words";
-    words +=
-        Counted(pages, " page, ", " pages, ") + Counted(model_->MatchCount(), " match", " matches");
+    words += CountText(pages, "page", "pages") + ", " +
+             CountText(model_->MatchCount(), "match", "matches");
     const auto listed = static_cast<std::uint64_t>(model_->rowCount());
     if (listed < pages && !model_->IsSearching()) {
-        words += "; the " + Counted(listed, "", "") + " with the most matches are listed";
+        words += "; the " + CountText(listed) + " with the most matches are listed";
     }
     return words;
 }

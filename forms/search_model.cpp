@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/endings.h"
+#include "forms/counts.h"
 #include "platform/qt/local_text.h"
 #include "platform/services.h"
 #include "search/query.h"
@@ -101,8 +101,7 @@ QString SearchModel::PathText(const search::Hit& hit) {
 }
 
 QString SearchModel::MatchesText(const search::Hit& hit) {
-    return QString::fromStdString(bas_Connections::FormatCount(hit.matches)) +
-           (hit.matches == 1 ? " match" : " matches");
+    return CountText(hit.matches, "match", "matches");
 }
 
 int SearchModel::rowCount(const QModelIndex& parent) const {

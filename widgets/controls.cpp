@@ -1,8 +1,10 @@
 #include "widgets/controls.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
+#include "widgets/readable.h"
 #include "widgets/twips.h"
 
 namespace ui {
@@ -22,6 +24,15 @@ QLabel* MakeParagraph(const char* name, const QString& text, QWidget* parent) {
     QLabel* label = MakeLabel(name, text, parent);
     label->setWordWrap(true);
     return label;
+}
+
+QLineEdit* MakeSearchBox(const char* name, const QString& hint, QWidget* parent) {
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(QLatin1String(name));
+    box->setPlaceholderText(hint);
+    box->setClearButtonEnabled(true);
+    KeepReadable(box, QPalette::Base);
+    return box;
 }
 
 QPushButton* MakeFormButton(const char* name, const QString& caption, QWidget* parent) {

@@ -7,6 +7,7 @@
 #include "widgets/icons.h"
 
 class QLabel;
+class QLineEdit;
 class QPushButton;
 
 namespace ui {
@@ -19,6 +20,9 @@ QLabel* MakeLabel(const char* name, const QString& caption, QWidget* parent);
 
 /// The same for a text that wraps at the label's width.
 QLabel* MakeParagraph(const char* name, const QString& text, QWidget* parent);
+
+/// A box for what is looked for, with `hint` while it is empty and a button that clears it.
+QLineEdit* MakeSearchBox(const char* name, const QString& hint, QWidget* parent);
 
 /// A button that Enter presses only while it has the focus.
 QPushButton* MakeFormButton(const char* name, const QString& caption, QWidget* parent);
