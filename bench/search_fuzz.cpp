@@ -68,7 +68,7 @@ std::vector<search::RecordedPage> PlainPages(std::string_view extract,
         std::string_view line = extract.substr(begin, end - begin);
         if (line.ends_with('\r')) line.remove_suffix(1);
         if (in_record) {
-            pages.push_back(PlainPage(path, line, begin, terms, alphabet));
+            if (!line.empty()) pages.push_back(PlainPage(path, line, begin, terms, alphabet));
             in_record = false;
         } else if (extract.substr(begin).starts_with("! ")) {
             path = line.substr(2);
