@@ -11,7 +11,7 @@
 /// Shared by the *_fuzz programs.
 namespace fuzz {
 
-/// Makes a text of the fuzzer's bytes. A byte below 128 stands for itself, and so does any byte
+/// Turns the fuzzer's bytes into a text. A byte below 128 stands for itself, and so does any byte
 /// after a 255. The others stand for words, so that interesting text turns up by chance.
 inline std::string TextOf(std::span<const std::uint8_t> bytes,
                           std::span<const std::string_view> words) {

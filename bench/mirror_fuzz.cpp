@@ -114,7 +114,7 @@ void Say(const std::string& line) {
     crawl::ConnectionSlot& slot = crawl::Slots[1];
     slot.Host = address.substr(0, address.find('/'));
     slot.Path = address.substr(slot.Host.size());
-    // A host with that name would own the folder.
+    // A host of such a name would own the user's folder.
     std::string folder = Without(slot.Host, "www.");
     std::erase_if(folder, [](char c) { return std::string_view("*{}|").find(c) < 4; });
     folder = Without(folder, "www.");

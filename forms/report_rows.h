@@ -49,7 +49,7 @@ class ReportRows {
     /// Starts a new search. Drops an unfinished one.
     void BeginUpdate();
     bool IsUpdating() const { return updating_; }
-    /// Processes some hundred rows. Returns true when the rows have been found; `TakeOver` then
+    /// Processes a few hundred rows. Returns true when the rows have been found; `TakeOver` then
     /// shows them.
     bool ContinueUpdate();
     /// The number of rows at the start that stay the same.

@@ -15,7 +15,7 @@ class SlicedSort {
     SlicedSort(std::vector<Item> items, Less less)
         : items_(std::move(items)), sorted_(items_.size()), less_(std::move(less)) {}
 
-    /// Processes some hundred items. Returns false if everything was sorted already.
+    /// Processes a few hundred items. Returns false if everything was sorted already.
     bool Step() {
         if (run_begin_ < items_.size()) {
             SortNextRun();

@@ -5,7 +5,8 @@
 
 namespace ui {
 
-/// A hint with the system's path of a typed or chosen folder; "" if that is the same text.
+/// A hint with the system's path of a typed or chosen folder, or that there is no such drive; "" if
+/// the path is the same text.
 QString SystemFolderHint(const std::string& folder);
 
 }  // namespace ui

@@ -116,8 +116,8 @@ void zDir::Form_Load() {
 }
 
 void zDir::Drive1_Change() {
-    // If the drive is not ready, the folder list stays where it was, and the box goes back to that
-    // drive.
+    // If the drive is not ready, the folder list stays where it was, and the box goes back to the
+    // drive of the list.
     if (!dir1_->SetPath(platform::ToBytes(drive1_->currentData().toString()) + "\\")) Dir1_Change();
 }
 

@@ -20,7 +20,7 @@ printf '%s\\n' "$#" "$@" >> "$HOME/opened"
 
 
 class Desktop:
-    """Is not visible, and records what it is asked to open."""
+    """An invisible desktop that records what it is asked to open."""
 
     def __init__(self, home, screen=(1280, 1024)):
         (home / "bin").mkdir(parents=True)
@@ -28,8 +28,8 @@ class Desktop:
         opener.write_text(OPENER)
         opener.chmod(0o755)
         self.home = home
-        # A random number, because servers with the same number share keyboard files. No lock and no socket, which would
-        # be placed beside those of the machine, whose processes look dead from here.
+        # The number is random, because servers with the same number share keyboard files. There is no lock and no
+        # socket: they would be placed beside the machine's own, whose processes look dead from inside the namespace.
         display = f":{random.randrange(100, 50000)}"
         self.server = subprocess.Popen(["Xvfb", display, "-displayfd", "1", "-nolock", "-noreset",
                                         "-nolisten", "unix", "-nolisten", "tcp", "-screen", "0",

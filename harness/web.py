@@ -79,17 +79,17 @@ def site_of(answers):
 
 
 def silent(_, ending):
-    """An answer that never comes."""
+    """Never answers."""
     ending.wait()
 
 
 def closes(connection, _):
-    """The end of a connection without an answer."""
+    """Closes the connection without an answer."""
     connection.close()
 
 
 def resets(connection, ending):
-    """The end of a connection by a reset, once what was sent before has arrived."""
+    """Resets the connection once what was sent before has arrived."""
     ending.wait(0.2)
     connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
     connection.close()

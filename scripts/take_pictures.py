@@ -50,7 +50,7 @@ def serve(limits=""):
     """Serves the sites in the pictures, with a name server that knows no other."""
     endless = private_network.scratch("endless")
     (endless / "index.html").write_bytes(web.links_to(*(name.encode() for name in PAGES)))
-    (endless / "long.html").write_bytes(LONG_PAGE)  # what is queued stays so while this is under way
+    (endless / "long.html").write_bytes(LONG_PAGE)  # the queue stays long while this is fetched
     for name in PAGES:
         (endless / name).parent.mkdir(exist_ok=True)
         (endless / name).symlink_to(endless / "long.html")
@@ -60,8 +60,8 @@ def serve(limits=""):
 
 
 def take_all(desktop, running, websites, pictures):
-    """Takes every window of the program, which has just been started for the first time, and ends it. Saves
-    the site in the folder `websites`.
+    """Takes a picture of every window of the program, which has just been started for the first time, and
+    ends the program. Saves the site in the folder `websites`.
     """
     picture = Photographer(desktop, pictures)
     press, take = desktop.press, picture.take

@@ -1,4 +1,4 @@
-"""Commands typed into a console: exit statuses, report, quiet run and search are those of Linux."""
+"""Commands typed into a console give the exit statuses, report, quiet output and search results of Linux."""
 
 import csv
 import re
@@ -11,7 +11,7 @@ from harness.web import ScriptedServer, links_to, page
 from tests.e2e import report_test
 from wine import DRIVE_C, Wine
 
-# Names that Windows has, and answers that Wine does not change.
+# Names that Windows allows, and answers that Wine does not change.
 NAMES = [b"whole.html", report_test.ODD, b"missing.html", b"broken.html", b"moved.html", b"short.html", b"silent.html"]
 SITE = {b"/" + name: report_test.SITE[name][0] for name in NAMES} | {
     b"/": page(links_to(*NAMES, b"word.html", b"con.html")),
@@ -29,7 +29,7 @@ class ConsoleCheck(unittest.TestCase):
         self.wine = self.enterContext(Wine(self.folder / "home"))
 
     def typed(self, *lines):
-        """What cmd prints of each line, and the status that it then has."""
+        """What cmd prints for each line, and the exit status after it."""
         batch = "@echo off\r\n" + "".join(f"{line}\r\necho [status %errorlevel%]\r\n" for line in lines)
         (DRIVE_C / "typed.bat").write_bytes(batch.encode("cp437"))  # as cmd reads it
         cmd = self.wine.start("cmd", "/c", "C:\\typed.bat", cwd=DRIVE_C / "Vantorin", stdin=subprocess.DEVNULL,

@@ -32,7 +32,7 @@ class HostileCheck(unittest.TestCase):
         with ScriptedServer(answers) as server:
             arguments = crawl_arguments("www.example.test", "C:\\Mirror", "--connections", "24", "--timeout", "1")
             output, status = wine.run(COMMAND, *arguments, seconds=300)
-            self.assertEqual(status, 3, output)  # most names are none there
+            self.assertEqual(status, 3, output)  # most names are invalid on Windows
         self.assertEqual(outside(), before)
         late = {b"/" + link for link in faults_test.ESCAPES[len(faults_test.CLIMBS):]}
         self.assertEqual(late - set(server.paths()), set(), "each was tried")

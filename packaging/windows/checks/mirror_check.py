@@ -62,15 +62,15 @@ class MirrorCheck(unittest.TestCase):
         linux, windows = linux.decode(), windows.decode("cp1252", "replace")
         self.assertEqual(len(linux), len(windows))
         other = {a for a, b in zip(linux, windows) if a != b}
-        print(f"the search extract differs in letters that the code page does not have: {sorted(other)}", flush=True)
+        print(f"the search extract differs in letters that the code page lacks: {sorted(other)}", flush=True)
         self.assertEqual([a for a in other if a.encode("cp1252", "ignore")], [])
 
-    def test_odd_names_differ_only_as_windows_has_them_not(self):
+    def test_odd_names_differ_only_where_windows_does_not_allow_them(self):
         pages = {b"/" + name: page(links_to(b"/index.html") + b"This is " + name) for name in ODD_NAMES}
         pages[b"/"] = page(links_to(*ODD_NAMES))
         with ScriptedServer(pages) as server:
             linux, windows = self.both("www.example.test", "--connections", "1", "--timeout", "2",
-                                       windows_status=3)  # some names are none there
+                                       windows_status=3)  # some names are invalid on Windows
             asked = server.paths()
         self.assertLess(len(asked), 6 * len(pages), "what cannot be saved is not asked for again and again")
         site = b"example.test/"

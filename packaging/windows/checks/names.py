@@ -7,7 +7,7 @@ NO_NAME = re.compile(rb'[\x00-\x1f<>:"|?*]|[. ]$')
 
 
 def is_refused(path):
-    """Whether Windows takes a part of this path for anything but a file's name."""
+    """Whether Windows does not take every part of this path as a file's name."""
     return any(NO_NAME.search(name) or DEVICE.fullmatch(name) for name in path.split(b"/"))
 
 

@@ -34,7 +34,7 @@ class UnattendedCheck(unittest.TestCase):
         self.folder = private_network.scratch("unattended")
         self.wine = self.enterContext(Wine(self.folder))
 
-    def test_it_says_how_it_went_and_ends_with_a_status(self):
+    def test_prints_the_outcome_and_exits_with_a_status(self):
         for program in (PROGRAM, COMMAND):
             for arguments, status, said in (
                     (["--version"], 0, MAIN + "\r\n"),
@@ -49,7 +49,7 @@ class UnattendedCheck(unittest.TestCase):
                     self.assertIn(said, output)
                     self.assertEqual(ended, status)
 
-    def test_its_file_holds_what_the_system_shows_of_it(self):
+    def test_contains_the_properties_and_icon_that_the_system_shows(self):
         data = (DRIVE_C / "Vantorin/vantorin.exe").read_bytes()
         icon = (ROOT / "packaging/windows/vantorin.ico").read_bytes()
         manifest = (ROOT / "build/windows/cli/vantorin.manifest").read_bytes()
@@ -73,7 +73,7 @@ class UnattendedCheck(unittest.TestCase):
             self.assertIn("Done. The website has been downloaded.", (DRIVE_C / "output.txt").read_text())
         self.assertEqual(self.wine.registry("HKCU\\Software\\Vantorin"), "", "the stored settings are left alone")
 
-    def test_a_reader_that_pauses_or_goes(self):
+    def test_survives_a_reader_that_pauses_or_goes_away(self):
         with ScriptedServer(LARGE) as server:
             crawl = self.wine.start(COMMAND, *HERE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
             wait_until(lambda: len(server.requests) > 300, 120, "the whole crawl though nobody reads")
@@ -86,7 +86,7 @@ class UnattendedCheck(unittest.TestCase):
             crawl.stdout.close()
             self.assertEqual(crawl.wait(60), 0, "it has nothing to say before the end")
 
-    def test_in_a_console_it_prints_there_and_hears_ctrl_c(self):
+    def test_prints_to_a_console_and_stops_at_ctrl_c(self):
         version = int(re.search(r"wine-(\d+)", self.wine.run("--version")[0])[1])
         for program in (PROGRAM, COMMAND):
             with self.subTest(program=program):
@@ -122,7 +122,7 @@ class UnattendedCheck(unittest.TestCase):
         _, status = os.waitpid(process, 0)
         return os.waitstatus_to_exitcode(status), shown
 
-    def test_its_lists_lie_beside_it_or_with_the_user(self):
+    def test_keeps_its_lists_beside_it_or_in_the_users_data_folder(self):
         with ScriptedServer(SITE):
             self.assertEqual(self.wine.run(COMMAND, *HERE)[1], 0)
             lists = DRIVE_C / "Vantorin/temp/filetypes.txt"

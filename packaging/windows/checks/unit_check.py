@@ -17,7 +17,7 @@ SKIPPED = {
     "WizardTest.GrowsWithTheFontOfTheDesktop": NO_FONT,
     "ElidedText.KeepsBothEndsOfAnAddress": NO_FONT,
     "EveryForm.FitsAndWorksByKeyboardAtTwoFontSizes": NO_FONT,
-    "ReportDialogTest.SavesTheWholeReport": "its file has a path of Linux",
+    "ReportDialogTest.SavesTheWholeReport": "its file has a Linux path",
     "WizardTest.OffersAddressesUsedBefore": "the offscreen platform there keeps Enter; it works in a window",
 }  # fmt: skip
 
@@ -39,7 +39,7 @@ class UnitCheck(unittest.TestCase):
         for test, why in SKIPPED.items():
             print(f"skipped: {test}: {why}", flush=True)
         self.assertEqual(status, 0, f"build/windows/{name}.txt says more")
-        self.assertIn("[  PASSED  ]", output, "Wine's exit status does not tell of a crash")
+        self.assertIn("[  PASSED  ]", output, "Wine's exit status does not show a crash")
 
     def test_core(self):
         self.run_all("core_tests")

@@ -69,7 +69,7 @@ class WindowCheck(unittest.TestCase):
     def test_a_console_does_not_wait_for_the_window(self):
         desktop = self.desktop
         for line in ("vantorin", f"vantorin {take_pictures.SITE}"):
-            # With a pipe here, what waits would be the reader of the window's output.
+            # With a pipe here, the test itself would wait until the window closes its output.
             _, status = self.wine.run("cmd", "/c", line, cwd=DRIVE_C / "Vantorin", stdout=subprocess.DEVNULL)
             self.assertEqual(status, 0)
             desktop.await_window(WIZARD, 120)
