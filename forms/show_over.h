@@ -4,7 +4,7 @@
 
 namespace ui {
 
-/// Shows the parent's only dialog of this kind in front, and makes it if there is none.
+/// Brings the parent's dialog of this kind to the front. Creates it if there is none.
 template <typename Dialog>
 Dialog* ShowOnlyOneOver(QWidget* parent) {
     auto* dialog = parent->findChild<Dialog*>(QString(), Qt::FindDirectChildrenOnly);

@@ -59,7 +59,7 @@ TEST(TextTest, ReplaceEqualsAPlainLoopOnRandomText) {
             expected.replace(at, pattern.size(), replacement);
             at += replacement.size();
         }
-        // Growing works differently if the buffer has room and if it has not.
+        // Growing works differently with and without room in the buffer.
         if (round % 3 == 0) subject.reserve(2000);
         text::ReplaceAllIn(subject, pattern, replacement);
         ASSERT_EQ(subject, expected) << "round " << round;

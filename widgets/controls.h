@@ -21,7 +21,7 @@ QLabel* MakeLabel(const char* name, const QString& caption, QWidget* parent);
 /// The same for a text that wraps at the label's width.
 QLabel* MakeParagraph(const char* name, const QString& text, QWidget* parent);
 
-/// A box for what is looked for, with `hint` while it is empty and a button that clears it.
+/// A search box that shows `hint` while it is empty and has a button that clears it.
 QLineEdit* MakeSearchBox(const char* name, const QString& hint, QWidget* parent);
 
 /// A button that Enter presses only while it has the focus.

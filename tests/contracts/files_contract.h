@@ -73,7 +73,7 @@ TEST_P(FilesContract, DoesNotTreatFoldersAsFiles) {
         EXPECT_FALSE(files.WriteFile(In(path), {"x"})) << path;
         EXPECT_FALSE(files.AppendFile(In(path), {"x"})) << path;
     }
-#ifdef _WIN32  // which has words of its own
+#ifdef _WIN32  // which says it in other words
     EXPECT_FALSE(files.WriteFile(In("nowhere\\f"), {"x"}).why_not.empty());
 #else
     EXPECT_EQ(files.WriteFile(In("nowhere\\f"), {"x"}).why_not,

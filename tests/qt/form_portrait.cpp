@@ -57,7 +57,7 @@ QString TextOf(const QVariant& value) {
     return value.toString().replace(QDir::homePath(), "~").replace("\n", "\\n");
 }
 
-/// Lengths in pixels depend on the desktop, and the others follow from what else is told.
+/// Lengths in pixels depend on the desktop, and the others follow from other properties.
 bool IsLeftOut(const QByteArray& property) {
     static const std::set<QByteArray> others = {"objectName",
                                                 "x",
@@ -120,7 +120,7 @@ Line LineFrom(const QByteArray& text) {
 }
 
 bool AreAlike(const QRect& a, const QRect& b) {
-    // Other versions of the toolkit and of fonts move the edges a little.
+    // Edges move a little with the version of the toolkit and of the fonts.
     constexpr int kPercent = 2;
     const QMargins more(kPercent, kPercent, kPercent, kPercent);
     return a.isNull() == b.isNull() &&

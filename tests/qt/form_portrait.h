@@ -14,7 +14,7 @@ struct Line {
 /// All controls, actions and shortcuts of a form, without the parts that the toolkit adds.
 std::vector<Line> Of(const QWidget& form);
 
-/// Expects what a file has. If it differs, writes `found` to a temporary file that the failure
+/// Expects the lines of `file`. If they differ, writes `found` to a temporary file that the failure
 /// names.
 void ExpectApproved(const std::vector<Line>& found, const char* file);
 
