@@ -1,4 +1,4 @@
-// Measures how long the window stands still while the report's table has a million rows.
+// Measures the pauses of the window while the report's table has a million rows.
 //
 //     cmake --build --preset release --target report_table
 //     QT_QPA_PLATFORM=offscreen build/release/bench/report_table [ROWS]

@@ -47,7 +47,7 @@ void ShowWizard(QWidget& window) {
     wizard.exec();
 }
 
-/// Whether this system can show windows. On systems other than Unix it always can.
+/// Whether this system can show windows. Windows and macOS always can.
 bool HasDisplay() {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||

@@ -12,8 +12,8 @@ inline constexpr char kLineEnd[] = "\r\n";
 inline constexpr char kLineEnd[] = "\n";
 #endif
 
-/// One of the program's standard streams. Writing never waits for the reader: a pipe that nobody
-/// empties must not hold up a crawl.
+/// One of the program's standard streams. Writing never waits for the reader, because a full pipe
+/// must not hold up a crawl.
 class OutputStream {
   public:
     enum class Which { Output = 1, Error = 2 };

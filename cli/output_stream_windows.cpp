@@ -60,7 +60,7 @@ bool OutputStream::IsTerminal() const {
 }
 
 bool OutputStream::Ready(int milliseconds) const {
-    // A pipe cannot tell whether it has room; a write returns how much it has accepted.
+    // A pipe cannot be asked for its room. A write returns how much the pipe has accepted.
     constexpr int kBetweenWrites = 10;
     if (milliseconds != 0) Sleep(kBetweenWrites);
     return true;

@@ -11,7 +11,8 @@ namespace cli {
 
 namespace {
 
-/// Whether a file can be created in the folder. On Windows the folder's attributes do not tell.
+/// Whether a file can be created in the folder. On Windows the folder's attributes do not show
+/// this.
 bool IsWritable(const QDir& folder) {
     return QTemporaryFile(folder.filePath("vantorin")).open();
 }

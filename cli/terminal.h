@@ -14,8 +14,8 @@ class Terminal {
     /// A quiet terminal prints only what is essential.
     explicit Terminal(bool quiet = false);
 
-    /// Shows the progress on a terminal. Does nothing if the line has not changed or the output
-    /// accepts no more.
+    /// Shows the progress on a terminal. Does nothing if the line has not changed or the output is
+    /// not ready.
     void ShowProgress(const std::string& line);
 
     /// Prints lines that a quiet terminal omits.

@@ -37,7 +37,7 @@ std::string Progress() {
 }
 
 /// The folder as it appears in every path below it; nothing if the rules for names would change it.
-/// In the wizard the user sees such a change; here the files would go where nobody looks.
+/// In the wizard the user sees such a change; here the files would go to an unexpected place.
 std::optional<std::string> FolderThatStays(const std::string& typed) {
     const std::string folder = platform::ResolvePathText(typed).value_or(typed) + "\\";
     const bool stays = bas_General::NormalizeFolder(folder) == folder &&

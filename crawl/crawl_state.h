@@ -20,7 +20,7 @@ struct ConnectionSlot {
     std::string Url;   ///< host and path without scheme; not empty while the slot holds a job
     std::string Host;  ///< the part of Url before the first "/"
     std::string Path;  ///< the rest, starting with "/"
-    text::ConsumableText Response;   ///< header and body as received; "CANCEL" for a refused path
+    text::ConsumableText Response;   ///< header and body as received; "CANCEL" if given up
     std::int32_t ContentLength = 0;  ///< the last "Content-Length:" seen, in bytes
     std::int32_t BytesReceived = 0;
     std::int16_t Attempts = 0;    ///< connection attempts for this job, from 1

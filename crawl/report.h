@@ -58,7 +58,7 @@ struct ReportRow {
     bool settled = false;  ///< the row will not change again
 };
 
-/// No row. All functions that take a row number ignore an invalid one.
+/// No row. The functions that record something ignore an invalid row number.
 inline constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
 /// Is notified of each change of the report. It must not change the report itself.

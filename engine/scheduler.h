@@ -23,7 +23,7 @@ void OpenConnection(int index);
 /// The first of the slots 1 to N whose socket is closed; 0 if there is none.
 int FindFreeSlot();
 
-/// Closes all 24 sockets, whatever their state.
+/// Closes all 24 sockets, in any state.
 void CloseAllSockets();
 
 /// N, the number of connections, read from the box; 0 if the text does not start with a number.

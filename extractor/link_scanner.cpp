@@ -104,8 +104,8 @@ void ExtractLinks(text::ConsumableText& page, crawl::ListItems& queue_list, std:
     if (!base_url.ends_with('/')) base_url += '/';
     PageRules().ApplyTo(page.Edit());
     // Events run at several points, also in admission. They may append to the page, and a nested
-    // scan may consume it, so each step searches whatever is left for its first link. A text that
-    // was replaced belongs to another download, which is still receiving it.
+    // scan may consume it, so each step searches whatever is left for its first link. A replaced
+    // text belongs to another download, which is still receiving.
     const unsigned generation = page.Generation();
     while (page.Generation() == generation && text::Contains(page.View(), kLink)) {
         Yield(3);

@@ -27,7 +27,7 @@ class FolderList : public QTreeWidget {
     void PathChanged();
 
   protected:
-    /// Everything shown is open, so there are no signs for opening and closing.
+    /// Folders cannot be expanded or collapsed, so no expanders are drawn.
     void drawBranches(QPainter*, const QRect&, const QModelIndex&) const override {}
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -16,7 +16,7 @@ char Lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Whether `text` contains `sought`, which is lower-cased, in any case.
+/// Whether `text` contains `sought` in any case. `sought` is lower-cased.
 bool ContainsInAnyCase(std::string_view text, std::string_view sought) {
     return std::ranges::search(text, sought, {}, Lowered).begin() != text.end() || sought.empty();
 }

@@ -55,7 +55,8 @@ std::optional<std::string> ReadMirrorFile(std::string_view path);
 void DeletePlaceholder(std::string_view path);
 
 /// Deletes "*.tmp" in the folders that this crawl has made and whose paths are `lowered_folder` in
-/// lower case. Folders of the same name in other case are left alone.
+/// lower case. A folder that this crawl has not made is left alone, even if its path differs only
+/// in case.
 void SweepMadeFolder(std::string_view lowered_folder);
 
 }  // namespace bas_Output

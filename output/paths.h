@@ -13,7 +13,7 @@ std::string LocalPathOf(const std::string& path);
 /// `SavePath` and `path`. A folder that cannot be created is skipped. Returns "".
 std::string MakeLocalPath(std::string& path);
 
-/// The system's message if the last `MakeLocalPath` could not create a folder; "" if all exist.
+/// The system's message if it did not let the last `MakeLocalPath` create a folder; "" otherwise.
 const std::string& WhyNoFolder();
 
 /// Creates one folder and notes it in `MadeFolders` if it is new. Ignores faults.

@@ -125,7 +125,7 @@ class Files {
     virtual bool IsLink(std::string_view path) const = 0;
 
     /// Claims a folder until the claim is deleted or the process ends. Null while another claim to
-    /// the same folder exists, in any process and by whatever path. Nothing of this shows in the
+    /// the same folder exists, in any process and by any path. A claim leaves no trace in the
     /// folder. If the system cannot keep the claim, as on some network drives, every claim
     /// succeeds.
     virtual std::unique_ptr<FolderClaim> ClaimFolder(std::string_view folder) = 0;

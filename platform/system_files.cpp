@@ -28,8 +28,8 @@ FileResult Fault() {
 /// Writes one part after the other, because a copy of all of them might not fit into memory. Closes
 /// the file, because some systems report a full disk only then.
 FileResult WriteAndClose(std::FILE* file, std::initializer_list<std::string_view> parts) {
-    // This buffer passes a page to the system in one piece. For a buffer of its own, the library
-    // would first ask the system for the best size.
+    // This buffer passes a page to the system in one piece. Otherwise the library would first ask
+    // the system for the best buffer size.
     std::array<char, 64 * 1024> buffer;
     std::setvbuf(file, buffer.data(), _IOFBF, buffer.size());
     const bool written = std::all_of(parts.begin(), parts.end(), [file](std::string_view part) {

@@ -60,7 +60,7 @@ is_installed() {
 }
 
 # install_missing PACKAGE...: installs the missing ones. Asks for root rights only if one is missing. Without dpkg,
-# prints what is needed; whatever lacks something reports it later.
+# prints what is needed; a step that lacks a package reports that later.
 install_missing() {
     local package missing=() as_root=()
     if ! command -v dpkg-query >/dev/null; then

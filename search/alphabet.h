@@ -20,7 +20,7 @@ class Alphabet {
   public:
     /// UTF-8.
     Alphabet();
-    /// A single-byte code page. `folded` maps each byte to the one that stands for all its cases.
+    /// A single-byte code page. `folded` maps each byte to the common form of all its cases.
     explicit Alphabet(const std::array<unsigned char, 256>& folded);
 
     /// The character that starts at `at`, which must be inside the text.

@@ -21,8 +21,8 @@ class AddressModel : public QAbstractListModel {
     /// Stops observing the items, so that another model can.
     void Detach();
 
-    /// Notifies the views of the changes since the last call. A row whose item was removed goes,
-    /// even if another item has taken its place.
+    /// Notifies the views of the changes since the last call. A row whose item was removed
+    /// disappears, even if another item has taken its place.
     void Update();
 
     /// The whole address of a row; "" if the item was removed since the last `Update`.

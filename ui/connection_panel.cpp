@@ -45,7 +45,7 @@ class RowsWidget : public QWidget {
     }
 };
 
-/// Whether a row with this status has nothing to tell.
+/// Whether a row with this status belongs to an idle connection.
 bool IsIdle(const std::string& status) {
     return status == bas_Connections::kNotConnected;
 }

@@ -7,7 +7,7 @@
 
 namespace ui {
 
-/// What the report itself does not tell about a crawl.
+/// What a summary depends on besides the report.
 struct CrawlCircumstances {
     bool running = false;
     bool paused = false;

@@ -46,7 +46,7 @@ class frmMain : public QMainWindow, public engine::MainWindow {
     /// Sets the size of a window that has not been shown yet, as far as the screen has room.
     void PlaceOnScreen();
 
-    /// Unloads the window: none of its events reaches the crawl any more.
+    /// Unloads the window: its events no longer reach the crawl.
     void Retire();
     bool IsRetired() const { return retired_; }
 

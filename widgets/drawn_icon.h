@@ -10,7 +10,7 @@ namespace ui {
 /// The side of the square in which all icons are drawn.
 inline constexpr double kIconSide = 16;
 
-/// An icon that `draw` draws anew for every size, so that it is always sharp.
+/// An icon that `draw` draws separately for every size, so that it is always sharp.
 QIcon DrawnIcon(std::function<void(QPainter& painter, QIcon::Mode mode)> draw);
 
 }  // namespace ui

@@ -1,6 +1,6 @@
 // "vantorin.com", which a console runs as the command "vantorin".
 //
-// A console does not wait for a program with windows, nor for its exit status. It waits for this
+// A console waits neither for a program with windows nor for its exit status. It waits for this
 // one, which starts "vantorin.exe" beside it with the same arguments and streams, and returns its
 // exit status.
 

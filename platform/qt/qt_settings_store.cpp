@@ -10,8 +10,8 @@ namespace platform {
 
 namespace {
 
-/// Opened anew for each use, so that it sees what another instance has stored and writes to the
-/// disk at once.
+/// Opened for each use, so that it sees what another instance has stored and writes to the disk at
+/// once.
 QSettings Open(const std::string& application) {
 #ifdef Q_OS_WIN
     // The organization has the program's name; once is enough in the registry.
