@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemModelTester>
 #include <QCoreApplication>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +31,10 @@ class FormTest : public testing::Test {
         form.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     }
+    /// Waits long enough for a busy machine.
+    static bool WaitFor(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, 20'000);
+    }
     static void Click(QWidget& form, const char* name) {
         QTest::mouseClick(Find<QPushButton>(form, name), Qt::LeftButton);
     }
@@ -44,6 +50,11 @@ class FormTest : public testing::Test {
         for (int i = 0; i < list->count(); ++i)
             items.push_back(platform::ToBytes(list->item(i)->text()));
         return items;
+    }
+    /// Ends the tests if the model announces its changes wrongly, which can crash a view.
+    static void CheckModel(QAbstractItemModel& model) {
+        constexpr auto kFatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
+        new QAbstractItemModelTester(&model, kFatal, &model);
     }
     /// Expects this to be the last message box.
     void ExpectAsked(const char* message, platform::BoxStyle style, const char* title) {

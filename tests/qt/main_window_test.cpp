@@ -394,8 +394,8 @@ TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
     Click("Command4");
     EXPECT_EQ(system.processes.folders, (Texts{"C:\\Websites\\", "c:\\mine\\"}));
 
-    const auto shows = [](const ui::AddressList& list, int rows) {
-        return QTest::qWaitFor([&] { return list.model()->rowCount() == rows; });
+    const auto shows = [this](const ui::AddressList& list, int rows) {
+        return WaitFor([&] { return list.model()->rowCount() == rows; });
     };
     auto& queue = The<ui::AddressList>("List1");
     emit queue.Activated();

@@ -35,6 +35,7 @@ class ReportDialogTest : public FormTest {
     void Open() {
         dialog = ui::ReportDialog::ShowOver(&parent);
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+        CheckModel(*Rows().model());
     }
     static void Saved(const std::string& address, std::uint64_t bytes = 5) {
         Report.Add(address);
@@ -57,7 +58,7 @@ class ReportDialogTest : public FormTest {
         return addresses;
     }
     bool Shows(const Texts& addresses) {
-        return QTest::qWaitFor([&] { return Addresses() == addresses; });
+        return WaitFor([&] { return Addresses() == addresses; });
     }
     std::string Summary() { return Find<QLabel>(*dialog, "Summary")->text().toStdString(); }
     QListWidget& Outcomes() { return *Find<QListWidget>(*dialog, "Outcomes"); }
@@ -91,6 +92,10 @@ TEST_F(ReportDialogTest, ShowsEachRowAsItEnds) {
     EXPECT_EQ(Cell(1, 1), "unanswered");
     EXPECT_EQ(Cell(1, 2), "");
     EXPECT_EQ(Cell(1, 7), "silent");
+    for (const bool lost : {false, true}) {
+        const QModelIndex outcome = Rows().model()->index(lost ? 1 : 0, 1);
+        EXPECT_EQ(outcome.data(Qt::ForegroundRole).isValid(), lost) << "only losses are coloured";
+    }
     EXPECT_EQ(Summary(), "2 addresses, 1 not fetched yet");
     EXPECT_EQ(Outcomes().item(0)->text(), "All (2)");
     EXPECT_EQ(Outcomes().item(5)->text(), "unanswered (1)");
@@ -147,11 +152,11 @@ TEST_F(ReportDialogTest, FollowsTheNewestRowUntilScrolledUp) {
     const QScrollBar& bar = *Rows().verticalScrollBar();
     EXPECT_EQ(bar.value(), bar.maximum());
     Saved("www.site.com/500");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Rows().model()->rowCount() == 501; }));
+    ASSERT_TRUE(WaitFor([&] { return Rows().model()->rowCount() == 501; }));
     EXPECT_EQ(bar.value(), bar.maximum());
     Rows().verticalScrollBar()->setValue(7);
     Saved("www.site.com/501");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Rows().model()->rowCount() == 502; }));
+    ASSERT_TRUE(WaitFor([&] { return Rows().model()->rowCount() == 502; }));
     EXPECT_EQ(bar.value(), 7);
 }
 
@@ -196,8 +201,8 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         auto* const chooser = dialog->findChild<QFileDialog*>();
         ASSERT_NE(chooser, nullptr);
         emit chooser->fileSelected("/tmp/report.csv");
-        ASSERT_TRUE(QTest::qWaitFor(
-            [this] { return Summary().find("/tmp/report.csv") != Summary().npos; }));
+        ASSERT_TRUE(
+            WaitFor([this] { return Summary().find("/tmp/report.csv") != Summary().npos; }));
         if (disk_full) {
             EXPECT_TRUE(Summary().starts_with("/tmp/report.csv was not saved: ")) << Summary();
         } else {

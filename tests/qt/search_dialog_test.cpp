@@ -37,6 +37,7 @@ class SearchDialogTest : public FormTest {
     void Open() {
         dialog = ui::SearchDialog::ShowOver(&parent);
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+        CheckModel(*Pages().model());
     }
     QLineEdit& Words() { return *Find<QLineEdit>(*dialog, "Words"); }
     QListView& Pages() { return *Find<QListView>(*dialog, "Pages"); }
@@ -51,7 +52,7 @@ class SearchDialogTest : public FormTest {
     }
     /// Waits for this result of the search.
     bool Finds(const std::string& outcome) {
-        return QTest::qWaitFor([&] { return Outcome() == outcome; }, 20'000);
+        return WaitFor([&] { return Outcome() == outcome; });
     }
 
     QWidget parent;
@@ -190,7 +191,7 @@ TEST_F(SearchDialogTest, MarksTheMatches) {
     Record("a.com", local("! p\r\n\xC3\xA9t\xC3\xA9 Needle, \xF0\x9F\x98\x80 needles\r\n"));
     ui::SearchModel model(nullptr);
     model.Begin(local("needle \xC3\x89T\xC3\x89"), "c:\\copy");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !model.IsSearching(); }));
+    ASSERT_TRUE(WaitFor([&] { return !model.IsSearching(); }));
     const QString snippet = model.SnippetAt(0);
     QStringList marked;
     for (const auto& [begin, length] : model.MatchesAt(0))

@@ -24,8 +24,10 @@ TEST_F(WindowStrip, SaysWhatWasSavedAfterAStop) {
     pages = {{"/", "<a href=\"b.html\">b</a>"}};
     Open();
     EXPECT_FALSE(The<QAbstractButton>("Report").isEnabled()) << "there is nothing to report yet";
+    const int top = The<QLabel>("Progress").y();
     StartByKeys("site.com");
     ASSERT_TRUE(WaitFor([&] { return crawl::Report.CountOf(crawl::Outcome::Saved) == 1; }));
+    EXPECT_EQ(The<QLabel>("Progress").y(), top) << "the bar has always had its room";
     system.boxes.answers = {BoxAnswer::Yes};
     Click("Command2");
     EXPECT_EQ(The<QLabel>("Label6").text(), "Operation Cancelled.");

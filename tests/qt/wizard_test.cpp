@@ -265,7 +265,7 @@ TEST_F(WizardTest, WarnsOfAnAddressAndCorrectsItByMouseAndKey) {
         [&] {
             const QString before = TxtUrl()->text();
             QTest::keyClick(TxtUrl(), Qt::Key_U, Qt::AltModifier);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return TxtUrl()->text() != before; }));
+            EXPECT_TRUE(WaitFor([&] { return TxtUrl()->text() != before; }));
         },
         [&] {
             QTest::keyClick(TxtUrl(), Qt::Key_Tab);
@@ -305,7 +305,7 @@ TEST_F(WizardTest, ShowsAnExistingCopyAndRemovesItsUnfinishedFiles) {
     const auto* unfinished = Find<QLabel>(*wizard, "UnfinishedNote");
     auto* remove = Find<ui::LinkButton>(*wizard, "UnfinishedNoteLink");
     const auto says = [](const QLabel* label, const char* text) {
-        return QTest::qWaitFor([&] { return label->isVisible() && label->text() == text; });
+        return WaitFor([&] { return label->isVisible() && label->text() == text; });
     };
     Retype(TxtUrl(), "http://www.second.test/a/b");
     system.files.claimed->insert("c:\\Websites");  // as if another download were using them
@@ -324,7 +324,7 @@ TEST_F(WizardTest, ShowsAnExistingCopyAndRemovesItsUnfinishedFiles) {
     EXPECT_EQ(system.boxes.asked.back().title, "Unfinished Files");
     EXPECT_EQ(unfinished->text(), kUnfinished);
     QTest::keyClick(TxtDir(), Qt::Key_R, Qt::AltModifier);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !unfinished->isVisible(); }));
+    EXPECT_TRUE(WaitFor([&] { return !unfinished->isVisible(); }));
     EXPECT_TRUE(says(copy, kCopy));
     EXPECT_EQ(system.files.At("c:\\Websites\\other.test\\x.tmp"), placeholder);
 
@@ -332,7 +332,7 @@ TEST_F(WizardTest, ShowsAnExistingCopyAndRemovesItsUnfinishedFiles) {
     EXPECT_TRUE(says(unfinished, "1 unfinished file of an interrupted download would be left out"));
     EXPECT_EQ(copy->text(), "");
     Retype(TxtDir(), "C:\\elsewhere");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !unfinished->isVisible(); }));
+    EXPECT_TRUE(WaitFor([&] { return !unfinished->isVisible(); }));
 }
 
 TEST_F(WizardTest, NoDownloadStartsWhileUnfinishedFilesAreRemoved) {
@@ -342,7 +342,7 @@ TEST_F(WizardTest, NoDownloadStartsWhileUnfinishedFilesAreRemoved) {
     Open();
     Retype(TxtUrl(), "second.test");
     auto* remove = Find<ui::LinkButton>(*wizard, "UnfinishedNoteLink");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return remove->isVisible(); }));
+    ASSERT_TRUE(WaitFor([&] { return remove->isVisible(); }));
     system.boxes.answers = {BoxAnswer::Yes};
     QTest::mouseClick(remove, Qt::LeftButton);
     EXPECT_EQ(system.files.claimed->size(), 1U) << "nor in another copy of the program";
@@ -350,7 +350,7 @@ TEST_F(WizardTest, NoDownloadStartsWhileUnfinishedFilesAreRemoved) {
     QTest::keyClick(TxtUrl(), Qt::Key_Return);
     EXPECT_EQ(window.text1, "");
     auto* start = Find<QPushButton>(*wizard, "Command1");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return start->isEnabled(); }));
+    ASSERT_TRUE(WaitFor([&] { return start->isEnabled(); }));
     EXPECT_EQ(system.files.files.count("c:\\Websites\\second.test\\1999.tmp"), 0U);
     Click("Command1");
     EXPECT_EQ(window.text1, "www.second.test");
@@ -386,7 +386,7 @@ TEST_F(WizardTest, OffersAddressesUsedBefore) {
     Retype(TxtUrl(), "www.ot");
     ASSERT_TRUE(offers->isVisible());
     QTest::keyClick(offers, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.text1 == "www.ot"; }))
+    EXPECT_TRUE(WaitFor([&] { return window.text1 == "www.ot"; }))
         << "without a choice, Enter starts as usual";
     EXPECT_EQ(bas_General::RecentAddresses().front(), "www.ot");
 }
