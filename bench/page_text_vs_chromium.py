@@ -73,6 +73,69 @@ class Tool:
         return self.process.stdout.read(length + 1)[:-1].decode("utf-8")
 
 
+class Comparison:
+    """Sums up how much of the pages' texts is equal."""
+
+    def __init__(self):
+        self.pages = self.equal = self.words = self.same_words = 0
+        self.differing = []  # (words off, page, expected, got)
+
+    def add(self, page, expected, got):
+        words, got_words = expected.split(), got.split()
+        matcher = difflib.SequenceMatcher(None, words, got_words, autojunk=False)
+        matched = len(words) if words == got_words else sum(
+            block.size for block in matcher.get_matching_blocks())
+        most_words = max(len(words), len(got_words))
+        self.pages += 1
+        self.equal += expected == got
+        self.same_words += matched
+        self.words += most_words
+        if expected != got:
+            self.differing.append((most_words - matched, page, expected, got))
+
+    def show(self, count):
+        """Prints the sums and the `count` pages that differ most."""
+        print(f"{self.pages} pages, {self.equal} equal ({100 * self.equal / max(self.pages, 1):.2f}%), "
+              f"{100 * self.same_words / max(self.words, 1):.4f}% of {self.words} words")
+        for words_off, page, expected, got in sorted(self.differing, reverse=True)[:count]:
+            at = next((i for i, (a, b) in enumerate(zip(expected, got)) if a != b),
+                      min(len(expected), len(got)))
+            print(f"{page}: {words_off} words off, first at {at}\n"
+                  f"  browser: {expected[max(0, at - 30):at + 50]!r}\n"
+                  f"  tool:    {got[max(0, at - 30):at + 50]!r}")
+
+
+def copy_page(page, folder, arguments):
+    """Copies a page in the form to be compared, and returns the copy's path."""
+    with open(page, "rb") as file:
+        content = file.read()
+    if arguments.static:
+        content = without_style(content)
+    copy = os.path.join(folder, "page" + os.path.splitext(page)[1])
+    with open(copy, "wb") as file:
+        file.write(as_saved(content) if arguments.saved else content)
+    return copy
+
+
+def compare(pages, arguments):
+    tool = Tool(arguments.tool)
+    browser = start_browser()
+    comparison = Comparison()
+    with tempfile.TemporaryDirectory() as folder:
+        for page in pages:
+            copy = copy_page(page, folder, arguments)
+            try:
+                browser.get("file://" + copy)
+                expected = browser.execute_script(
+                    "return document.body ? document.body.innerText : ''")
+            except Exception as fault:  # pylint: disable=broad-except
+                print(f"{page}: the browser failed: {fault}", file=sys.stderr)
+                continue
+            comparison.add(page, fold(expected), fold(tool.text_of(copy)))
+    browser.quit()
+    return comparison
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--saved", action="store_true")
@@ -86,47 +149,7 @@ def main():
     pages = sorted(set(find_pages(arguments.places)))
     if arguments.sample and arguments.sample < len(pages):
         pages = random.Random(1).sample(pages, arguments.sample)
-    tool = Tool(arguments.tool)
-    browser = start_browser()
-    equal = compared = same_words = all_words = 0
-    differing = []
-    with tempfile.TemporaryDirectory() as folder:
-        for page in pages:
-            with open(page, "rb") as file:
-                content = file.read()
-            if arguments.static:
-                content = without_style(content)
-            copy = os.path.join(folder, "page" + os.path.splitext(page)[1])
-            with open(copy, "wb") as file:
-                file.write(as_saved(content) if arguments.saved else content)
-            try:
-                browser.get("file://" + copy)
-                expected = browser.execute_script(
-                    "return document.body ? document.body.innerText : ''")
-            except Exception as fault:  # pylint: disable=broad-except
-                print(f"{page}: the browser failed: {fault}", file=sys.stderr)
-                continue
-            expected, got = fold(expected), fold(tool.text_of(copy))
-            words, got_words = expected.split(), got.split()
-            matcher = difflib.SequenceMatcher(None, words, got_words, autojunk=False)
-            matched = len(words) if words == got_words else sum(
-                block.size for block in matcher.get_matching_blocks())
-            compared += 1
-            equal += expected == got
-            same_words += matched
-            all_words += max(len(words), len(got_words))
-            if expected != got:
-                differing.append((max(len(words), len(got_words)) - matched, page, expected, got))
-    browser.quit()
-
-    print(f"{compared} pages, {equal} equal ({100 * equal / max(compared, 1):.2f}%), "
-          f"{100 * same_words / max(all_words, 1):.4f}% of {all_words} words")
-    for words_off, page, expected, got in sorted(differing, reverse=True)[:arguments.show]:
-        at = next((i for i, (a, b) in enumerate(zip(expected, got)) if a != b),
-                  min(len(expected), len(got)))
-        print(f"{page}: {words_off} words off, first at {at}\n"
-              f"  browser: {expected[max(0, at - 30):at + 50]!r}\n"
-              f"  tool:    {got[max(0, at - 30):at + 50]!r}")
+    compare(pages, arguments).show(arguments.show)
 
 
 if __name__ == "__main__":

@@ -64,8 +64,18 @@ def take_all(desktop, running, websites, pictures):
     ends the program. Saves the site in the folder `websites`.
     """
     picture = Photographer(desktop, pictures)
-    press, take = desktop.press, picture.take
+    copy = websites / "example.test"
+    take_wizard(picture)
+    take_crawl(picture, copy)
+    take_finished_crawl(picture)
+    take_unfinished_copy(picture, copy)
+    take_exit(picture, running, websites / "second.test")
+    running.wait(60)
 
+
+def take_wizard(picture):
+    """Takes the wizard and the dialogs that it opens, and starts the crawl."""
+    desktop, press, take = picture.desktop, picture.desktop.press, picture.take
     desktop.await_window(WIZARD)
     desktop.type(f"https://{SITE}")
     take(WIZARD, "hint")
@@ -93,8 +103,11 @@ def take_all(desktop, running, websites, pictures):
     desktop.await_window(WIZARD)
     press("Tab", "Tab", "Return")
 
+
+def take_crawl(picture, copy):
+    """Takes the main window while it saves a site in the folder `copy`, and asks to stop it."""
+    desktop, press, take = picture.desktop, picture.desktop.press, picture.take
     desktop.await_window(MAIN)
-    copy = websites / "example.test"
     wait_until(lambda: len(list(copy.glob("**/*.html"))) > 5, what="the first files")
     press("Home", "Menu")
     picture.take_with_menu("menu")
@@ -109,6 +122,11 @@ def take_all(desktop, running, websites, pictures):
     press(*["shift+Tab"] * 5, "space")
     take("Stop Download", "stop")
     press("alt+n")
+
+
+def take_finished_crawl(picture):
+    """Takes what the program says at the end of the crawl, and the dialogs about its result."""
+    desktop, press, take = picture.desktop, picture.desktop.press, picture.take
     desktop.await_window("Done.", 180)  # the longest page takes most of a minute
     take("Done.", "done")
     press("alt+n")
@@ -128,6 +146,10 @@ def take_all(desktop, running, websites, pictures):
     press("Return")
     desktop.await_window(MAIN)
 
+
+def take_unfinished_copy(picture, copy):
+    """Takes the wizard over a copy with a placeholder, and the end of a crawl whose server is unknown."""
+    desktop, press, take = picture.desktop, picture.desktop.press, picture.take
     (copy / "late.html.tmp").write_text(PLACEHOLDER)
     press("ctrl+n")
     take(WIZARD, "copy")
@@ -138,18 +160,20 @@ def take_all(desktop, running, websites, pictures):
     press("alt+n")
     take(MAIN, "lost")
 
+
+def take_exit(picture, running, copy):
+    """Takes the end of the program during a crawl that has saved many placeholders in the folder `copy`."""
+    desktop, press = picture.desktop, picture.desktop.press
     press("ctrl+n")
     desktop.await_window(WIZARD)
     press("ctrl+a")
     desktop.type(ENDLESS)
     press("Return")
     desktop.await_window(MAIN)
-    last = websites / f"second.test/{PAGES[-100]}.tmp"
-    wait_until(last.exists, 300, "most placeholders")
+    wait_until((copy / f"{PAGES[-100]}.tmp").exists, 300, "most placeholders")
     press("alt+f", "e")
-    take("Exit Vantorin", "exit")
-    take_clean_up(picture, running, last.parent.parent)
-    running.wait(60)
+    picture.take("Exit Vantorin", "exit")
+    take_clean_up(picture, running, copy)
 
 
 def take_clean_up(picture, running, folder):
