@@ -10,6 +10,7 @@
 #include <QTableView>
 
 #include "crawl/crawl_state.h"
+#include "platform/path_text.h"
 #include "tests/qt/form_test.h"
 #include "widgets/elided_label.h"
 
@@ -190,6 +191,8 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
     Saved("www.site.com/a,b");
     Lost("www.site.com/c", "silent");
     Report.Add("www.site.com/queued");
+    const std::string path_text = "z:\\tmp\\report.csv";
+    const std::string path = platform::SystemPathOf(path_text).value();
     for (const bool disk_full : {false, true}) {
         SCOPED_TRACE(disk_full);
         Open();
@@ -200,14 +203,13 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         Click(*dialog, "SaveAs");
         auto* const chooser = dialog->findChild<QFileDialog*>();
         ASSERT_NE(chooser, nullptr);
-        emit chooser->fileSelected("/tmp/report.csv");
-        ASSERT_TRUE(
-            WaitFor([this] { return Summary().find("/tmp/report.csv") != Summary().npos; }));
+        emit chooser->fileSelected(platform::FromBytes(path));
+        ASSERT_TRUE(WaitFor([&] { return Summary().find(path) != Summary().npos; }));
         if (disk_full) {
-            EXPECT_TRUE(Summary().starts_with("/tmp/report.csv was not saved: ")) << Summary();
+            EXPECT_TRUE(Summary().starts_with(path + " was not saved: ")) << Summary();
         } else {
-            EXPECT_EQ(Summary(), "Saved as /tmp/report.csv");
-            EXPECT_EQ(system.files.At("z:\\tmp\\report.csv"),
+            EXPECT_EQ(Summary(), "Saved as " + path);
+            EXPECT_EQ(system.files.At(path_text),
                       "address,outcome,status,bytes,announced,tries,seconds,detail\r\n"
                       "\"www.site.com/a,b\",saved,200,5,5,1,0.000,\r\n"
                       "www.site.com/c,unanswered,,,,3,0.000,silent\r\n");
