@@ -57,7 +57,7 @@ std::FILE* OpenToAppend(const Path& path) {
 }
 
 /// The name of the file that is written first and renamed to `path` when complete. It ends in
-/// ".tmp", so the sweep at the crawl's end removes one that could not be deleted.
+/// ".tmp", so a sweep of the folder also removes one that could not be deleted.
 Path TemporaryBeside(const Path& path, int number) {
     const std::string name = "~vantorin" + std::to_string(number) + ".tmp";
     return path.substr(0, path.rfind(kSeparator) + 1).append(name.begin(), name.end());
