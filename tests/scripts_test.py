@@ -34,6 +34,11 @@ class ScriptsTest(unittest.TestCase):
         (first / "CMakeLists.txt").write_text(PROJECT)
         self.call("configure release", first)
         (first / "build/release/filters.txt").write_text("kept")
+        with (first / "build/release/CMakeCache.txt").open("a") as cache:
+            cache.write("OF_A_DEVELOPER:STRING=set\n")
+        self.call("configure release", first)
+        settings = (first / "build/release/CMakeCache.txt").read_text()
+        self.assertIn("OF_A_DEVELOPER:STRING=set", settings, "a build folder in its place keeps its settings")
         shutil.copytree(first, copy)
         self.call("configure release", copy)
         first.rename(moved)
@@ -41,15 +46,6 @@ class ScriptsTest(unittest.TestCase):
         for checkout in (copy, moved):
             self.assertEqual((checkout / "build/release/made_of").read_text(), str(checkout))
             self.assertEqual((checkout / "build/release/filters.txt").read_text(), "kept")
-
-    def test_a_build_folder_in_its_place_keeps_its_settings(self):
-        shutil.copy(ROOT / "CMakePresets.json", self.folder)
-        (self.folder / "CMakeLists.txt").write_text(PROJECT)
-        self.call("configure release", self.folder)
-        with (self.folder / "build/release/CMakeCache.txt").open("a") as cache:
-            cache.write("OF_A_DEVELOPER:STRING=set\n")
-        self.call("configure release", self.folder)
-        self.assertIn("OF_A_DEVELOPER:STRING=set", (self.folder / "build/release/CMakeCache.txt").read_text())
 
     def test_without_dpkg_it_lists_the_needed_packages(self):
         said = self.call("install_missing cmake ninja-build", self.folder, env={"PATH": str(self.folder)})

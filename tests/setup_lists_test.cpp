@@ -93,9 +93,11 @@ TEST(FileTypes, AListIsCreatedIfMissingAndMayHoldNoValidType) {
     fakes::FakeSystem system;
     EXPECT_TRUE(MakeFirstFileTypesFile());
     EXPECT_TRUE(AnyFileTypeKnown());
-    const std::pair<const char*, bool> cases[] = {{"", false},
+    const std::pair<std::string, bool> cases[] = {{"", false},
                                                   {" \r\n.\r\nhtml\r\n", false},
                                                   {".tar.gz\n.a\1\n.\xE4", false},
+                                                  {std::string(1000, '\0'), false},
+                                                  {std::string(1'000'000, 'x'), false},
                                                   {"x\r\n .C++ ", true},
                                                   {".c\r\n", true}};
     for (const auto& [bytes, known] : cases) {

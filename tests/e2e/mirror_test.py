@@ -28,30 +28,30 @@ CRAWLS = [("one", "www.example.test", 1), ("many", "www.example.test", 24),
 RECORDS = {b"log.txt", b"transdd.txt"}
 
 
+class Mirror:
+    """What a crawl left, and the model of its site. `all` has those of all crawls."""
+
+    all = []
+
+    def __init__(self, name, site, connections, model):
+        folder = private_network.scratch(name)
+        self.name, self.site, self.model, self.target = name, site, model, folder / "mirror"
+        self.target.mkdir()
+        started = time.monotonic()
+        crawl = Crawl(copy_program(folder / "program"), site, self.target, "--connections", connections)
+        self.status, self.output = crawl.wait(), crawl.output()
+        self.tree, self.home = tree(self.target), tree(folder / "home")
+        self.beside = set(os.listdir(folder))
+        print(f"{site} with {connections} connections: {len(self.tree)} files in "
+              f"{time.monotonic() - started:.1f} s", flush=True)
+
+
 def setUpModule():
     server = web.nginx(private_network.scratch("nginx"), SITES)
     server.__enter__()
     unittest.addModuleCleanup(server.__exit__, None, None, None)
-    Mirrors.models = {site: SiteModel(site.encode(), web.receive) for site in SITES}
-    for name, site, connections in CRAWLS:
-        folder = private_network.scratch(name)
-        target = folder / "mirror"
-        target.mkdir()
-        started = time.monotonic()
-        crawl = Crawl(copy_program(folder / "program"), site, target, "--connections", connections)
-        Mirrors.exits[name] = crawl.wait(), crawl.output()
-        Mirrors.trees[name] = tree(target)
-        Mirrors.folders[name] = str(target)
-        Mirrors.beside[name] = set(os.listdir(folder))
-        Mirrors.homes[name] = tree(folder / "home")
-        print(f"{site} with {connections} connections: {len(Mirrors.trees[name])} files in "
-              f"{time.monotonic() - started:.1f} s", flush=True)
-
-
-class Mirrors:
-    """The results of the crawls."""
-
-    models, exits, trees, folders, beside, homes = {}, {}, {}, {}, {}, {}
+    models = {site: SiteModel(site.encode(), web.receive) for site in SITES}
+    Mirror.all = [Mirror(*crawl, models[crawl[1]]) for crawl in CRAWLS]
 
 
 def lines(data):
@@ -88,59 +88,49 @@ def plain_search(words, files):
 
 
 class MirrorTest(unittest.TestCase):
-    def each_crawl(self):
-        for name, site, _ in CRAWLS:
-            yield Mirrors.models[site], Mirrors.trees[name], name
-
-    def test_every_crawl_succeeds(self):
-        for _, _, name in self.each_crawl():
-            status, output = Mirrors.exits[name]
-            self.assertEqual(status, 0, output)
-            self.assertIn("The website has been downloaded.", output)
+    def test_every_crawl_succeeds_and_writes_nothing_outside_the_mirror(self):
+        for mirror in Mirror.all:
+            self.assertEqual(mirror.status, 0, mirror.output)
+            self.assertIn("The website has been downloaded.", mirror.output)
+            self.assertEqual(mirror.beside, {"mirror", "program", "home"})
+            self.assertEqual(mirror.home, {})
 
     def test_every_wanted_file_is_there_and_nothing_else(self):
-        for model, files, name in self.each_crawl():
-            self.assertGreater(len(model.files), 80)
-            self.assertEqual(sorted(site_files(files)), sorted(model.files), name)
-
-    def test_every_file_has_the_bytes_of_the_model(self):
-        for model, files, name in self.each_crawl():
-            wrong = [path for path, data in model.files.items() if files.get(path) != data]
-            self.assertEqual(wrong, [], name)
+        for mirror in Mirror.all:
+            files = site_files(mirror.tree)
+            self.assertGreater(len(mirror.model.files), 80)
+            self.assertEqual(sorted(files), sorted(mirror.model.files), mirror.name)
+            wrong = [path for path, data in mirror.model.files.items() if files[path] != data]
+            self.assertEqual(wrong, [], f"{mirror.name}: other bytes than those of the model")
 
     def test_each_queued_address_is_logged_once(self):
-        for model, files, _ in self.each_crawl():
-            self.assertEqual(sorted(lines(files[b"log.txt"])),
-                             sorted(address.decode("latin-1") for address in model.queued))
+        for mirror in Mirror.all:
+            self.assertEqual(sorted(lines(mirror.tree[b"log.txt"])),
+                             sorted(address.decode("latin-1") for address in mirror.model.queued))
 
     def test_one_connection_takes_the_newest_address_first(self):
-        model, files = Mirrors.models["www.example.test"], Mirrors.trees["one"]
+        model, files = Mirror.all[0].model, Mirror.all[0].tree
         self.assertEqual(files[b"log.txt"], b"".join(address + b"\r\n" for address in model.queued))
         self.assertTrue(model.resolved)
         self.assertEqual(files[b"transdd.txt"], b"".join(found + b"\r\n" + resolved + b"\r\n\r\n"
                                                          for found, resolved in model.resolved))
 
     def test_the_search_extract_has_the_text_of_each_page(self):
-        for model, files, name in self.each_crawl():
-            host = dict((crawl, site) for crawl, site, _ in CRAWLS)[name].replace("www.", "")
-            records = lines(files[f"_SearchData/{host}.txt".encode()])
-            pages = [path.decode().lower() for path in model.files
+        for mirror in Mirror.all:
+            records = lines(mirror.tree[f"_SearchData/{mirror.site.replace('www.', '')}.txt".encode()])
+            pages = [path.decode().lower() for path in mirror.model.files
                      if b".htm" in path.lower() or b".tx" in path.lower()]
             # A page has several records if several addresses led to it.
-            self.assertEqual(set(records[0::2]), {"! " + page.replace("/", "\\") for page in pages}, name)
+            self.assertEqual(set(records[0::2]), {"! " + page.replace("/", "\\") for page in pages}, mirror.name)
             empty = [page for page, text in zip(records[0::2], records[1::2]) if not text.strip()]
             self.assertEqual(empty, [])
 
     def test_a_search_finds_the_same_as_regular_expressions(self):
         for words in ("a", "Xapian", "the index", '"the database" is', '"=" \\.', "é", "nowhere-at-all"):
-            for _, files, name in self.each_crawl():
-                with self.subTest(name=name, words=words):
-                    self.assertEqual(search(words, Mirrors.folders[name]), plain_search(words, files))
+            for mirror in Mirror.all:
+                with self.subTest(name=mirror.name, words=words):
+                    self.assertEqual(search(words, mirror.target), plain_search(words, mirror.tree))
 
-    def test_nothing_is_written_outside_the_mirror(self):
-        for _, _, name in self.each_crawl():
-            self.assertEqual(Mirrors.beside[name], {"mirror", "program", "home"})
-            self.assertEqual(Mirrors.homes[name], {})
 
 class OfflineTest(unittest.TestCase):
     """Opens every page of the mirrors in a browser."""
@@ -148,13 +138,12 @@ class OfflineTest(unittest.TestCase):
     def test_links_lead_to_saved_files_and_no_request_leaves_the_disk(self):
         found = Counter()
         with Browser(private_network.scratch("browser")) as browser:
-            for name, site, _ in CRAWLS[1:]:
-                model = Mirrors.models[site]
-                mirror = Mirrors.folders[name]
+            for mirror in Mirror.all[1:]:
+                model = mirror.model
                 pages = [path for path in sorted(model.files) if is_page(path, model.original[path])]
                 self.assertGreater(len(pages), 70)
                 for path in pages:
-                    self.check_page(browser, mirror, path, model, found)
+                    self.check_page(browser, str(mirror.target), path, model, found)
             elsewhere = {url for url in browser.requested if not url.startswith(("file:", "data:", "about:"))}
         self.assertEqual(elsewhere, set())
         self.assertGreater(found["leads to a saved file"], 15_000)

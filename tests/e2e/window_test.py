@@ -2,6 +2,7 @@
 
 import shutil
 import signal
+import time
 import unittest
 
 from harness import private_network
@@ -30,13 +31,16 @@ class EndedFromOutside(unittest.TestCase):
 
     def start_a_crawl(self):
         running = self.start()
-        self.desktop.type("www.example.test")
-        self.desktop.press("Tab")
-        self.desktop.type(str(self.mirror))
+        self.fill_in_the_wizard()
         self.desktop.press("Return")
         self.desktop.await_window(MAIN)
         wait_until(lambda: len(self.placeholders()) == len(LINKS), what="the queue")
         return running
+
+    def fill_in_the_wizard(self):
+        self.desktop.type("www.example.test")
+        self.desktop.press("Tab")
+        self.desktop.type(str(self.mirror))
 
     def placeholders(self):
         return [path for path in tree(self.mirror) if path.endswith(b".tmp")]
@@ -65,6 +69,26 @@ class EndedFromOutside(unittest.TestCase):
         self.desktop.server.kill()
         self.assertEqual(running.wait(30), 1)
         self.assertEqual(self.placeholders(), [])
+
+    def test_the_wizard_removes_what_a_killed_program_left(self):
+        running = self.start_a_crawl()
+        running.kill()
+        running.wait()
+        self.assertEqual(len(self.placeholders()), len(LINKS))
+        self.start()
+        self.fill_in_the_wizard()
+        self.desktop.press("Tab")  # While there is nothing to press, the folder's box would take the letter.
+
+        def removed():
+            """The wizard searches after a pause in typing, and then shows the link that Alt+R presses."""
+            self.desktop.press("alt+r")
+            time.sleep(1)
+            if self.desktop.run("xdotool", "getwindowfocus", "getwindowname") == "Unfinished Files":
+                self.desktop.press("alt+y")
+            return not self.placeholders()
+
+        wait_until(removed, what="the removal of the unfinished files")
+        self.assertIn(b"example.test/index.html", tree(self.mirror))
 
 
 if __name__ == "__main__":

@@ -133,48 +133,6 @@ class WizardTest(unittest.TestCase):
             desktop.press("alt+n")
             desktop.await_window(MAIN)
 
-    def test_removes_the_placeholders_of_a_killed_download(self):
-        def crawl():
-            running = self.start()
-            self.desktop.type(SITE)
-            self.desktop.press("Tab")
-            self.desktop.type(str(self.mirror))
-            return running
-
-        running = crawl()
-        self.desktop.press("Return")
-        self.await_first_file()
-        running.kill()
-        running.wait()
-        outside = self.folder / "outside/theirs.html.tmp"
-        outside.parent.mkdir()
-        for path in self.mirror.rglob("*.html.tmp"):
-            if path.stat().st_size == 0:  # killed before the text was written, so it counts as the user's file
-                path.unlink()
-        left = list(self.mirror.rglob("*.html.tmp"))
-        self.assertTrue(left)
-        shutil.copy(left[0], outside)
-        (self.mirror / "example.test/link").symlink_to(outside.parent)
-
-        running = crawl()
-        self.desktop.press("Tab")  # While there is nothing to press, the folder's box would take the letter.
-
-        def removed():
-            """The wizard searches after a pause in typing, and then shows the link that Alt+R presses."""
-            self.desktop.press("alt+r")
-            time.sleep(1)
-            if self.desktop.run("xdotool", "getwindowfocus", "getwindowname") == "Unfinished Files":
-                self.desktop.press("alt+y")
-            return not any(path.exists() for path in left)
-
-        wait_until(removed, what="the removal of the unfinished files")
-        self.desktop.await_window(WIZARD)
-        self.assertTrue(outside.exists())
-        time.sleep(1)
-        self.desktop.press("shift+Tab", "Return")
-        self.desktop.await_window("Done.")
-        self.assertEqual(self.saved(), WANTED - {"sound.ogg"} | {"ads/banner.html"})
-
     def has_keyboard_when_asked(self, window):
         return self.desktop.run("xdotool", "windowactivate", window, "sleep", "0.5", "getwindowfocus") == window
 
