@@ -9,7 +9,6 @@
 #include "output/mirror_files.h"
 #include "output/save_file.h"
 #include "setup/keyword_filters.h"
-#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 
 namespace {
@@ -32,14 +31,13 @@ class AdmissionTest : public testing::Test {
         crawl::FileTypeSet = ":.html::.gif::.jpg:";
         crawl::List1.Clear();
         crawl::List2.Clear();
-        system_.files = {};
-        system_.files.Have(folder);
+        system.files = {};
+        system.files.Have(folder);
         bas_Output::BeginMirror();
     }
     void Admit(const std::string& link) { AdmitLink("http://" + link, crawl::List1); }
 
-    fakes::FakeLoop loop_;
-    fakes::FakeSystem system_{loop_};
+    fakes::FakeSystem system;
 };
 
 TEST_F(AdmissionTest, QueuesListsOrDrops) {
@@ -59,10 +57,10 @@ TEST_F(AdmissionTest, QueuesListsOrDrops) {
         Admit(c.link);  // a queued link is known from then on; a listed one is listed again
         EXPECT_EQ(fakes::Items(crawl::List1), c.queued.empty() ? Addresses{} : Addresses{c.queued});
         EXPECT_EQ(fakes::Items(crawl::List2), Addresses(c.listed.empty() ? 0 : 2, c.listed));
-        EXPECT_EQ(system_.files.files.empty(), c.queued.empty());
+        EXPECT_EQ(system.files.files.empty(), c.queued.empty());
         if (!c.queued.empty()) {
-            EXPECT_EQ(system_.files.At("C:\\Mirror\\" + c.placeholder + ".tmp"), kPlaceholder);
-            EXPECT_EQ(system_.files.At("C:\\Mirror\\log.txt"), c.queued + "\r\n");
+            EXPECT_EQ(system.files.At("C:\\Mirror\\" + c.placeholder + ".tmp"), kPlaceholder);
+            EXPECT_EQ(system.files.At("C:\\Mirror\\log.txt"), c.queued + "\r\n");
         }
     }
 }
@@ -83,7 +81,7 @@ TEST_F(AdmissionTest, FiltersMatchAnywhereInAnyCaseAndAfterResolving) {
         Admit(link);
     }
     EXPECT_EQ(fakes::Items(crawl::List1), (Addresses{"site.com/ad.gif", "site.com/c.gif"}));
-    EXPECT_EQ(system_.files.At("C:\\Mirror\\transdd.txt"),
+    EXPECT_EQ(system.files.At("C:\\Mirror\\transdd.txt"),
               "site.com/LoADs/a/../b.gif\r\nsite.com/LoADs/b.gif\r\n\r\n"
               "site.com/ads/../c.gif\r\nsite.com/c.gif\r\n\r\n");
 }
@@ -91,17 +89,17 @@ TEST_F(AdmissionTest, FiltersMatchAnywhereInAnyCaseAndAfterResolving) {
 TEST_F(AdmissionTest, QueuesThenWritesPlaceholderAndLogThenYieldsOnce) {
     std::string steps;
     crawl::List1.on_change = [&] { steps += crawl::List1.Item(0) + "\n"; };
-    system_.files.on_write = [&](const std::string& path) { steps += path + "\n"; };
-    loop_.AtYield(1, [&] { steps += "yield"; });
+    system.files.on_write = [&](const std::string& path) { steps += path + "\n"; };
+    system.loop.AtYield(1, [&] { steps += "yield"; });
     Admit("site.com/x.html");
     EXPECT_EQ(steps,
               "site.com/x.html\nc:\\Mirror\\site.com\\x.html.tmp\nc:\\Mirror\\log.txt\nyield");
-    EXPECT_EQ(loop_.Yields(), 1);
+    EXPECT_EQ(system.loop.Yields(), 1);
 }
 
 TEST_F(AdmissionTest, AnyOfThreeFilesMakesALinkKnown) {
     for (const char* file : {"1.bmp.html", "2.bmp", "3.bmp.tmp"}) {
-        system_.files.Have(std::string("c:\\Mirror\\site.com\\") + file, "");
+        system.files.Have(std::string("c:\\Mirror\\site.com\\") + file, "");
         Admit("www.site.com/" + std::string(file, 5));
     }
     EXPECT_TRUE(crawl::List2.Empty()) << "a link that is not known would be listed";
@@ -109,9 +107,9 @@ TEST_F(AdmissionTest, AnyOfThreeFilesMakesALinkKnown) {
 
 TEST_F(AdmissionTest, LooksAtNothingOutsideTheFolder) {
     for (const char* name : {"there", "late"}) {
-        system_.files.Have(std::string("c:\\outside\\") + name + ".html", "");
+        system.files.Have(std::string("c:\\outside\\") + name + ".html", "");
     }
-    system_.files.on_look = [](const std::string& path) {
+    system.files.on_look = [](const std::string& path) {
         EXPECT_TRUE(path == "c:" || path.starts_with("c:\\Mirror")) << path;
     };
     const Addresses links = {"site.com/a/../../../outside/there.html",
@@ -125,7 +123,7 @@ TEST_F(AdmissionTest, LooksAtNothingOutsideTheFolder) {
 }
 
 TEST_F(AdmissionTest, AFolderDoesNotMakeALinkKnown) {
-    system_.files.Have("C:\\Mirror\\site.com\\x.html\\");
+    system.files.Have("C:\\Mirror\\site.com\\x.html\\");
     Admit("site.com/x.html");
     Admit("site.com/x.html");
     EXPECT_EQ(crawl::List1.Count(), 1u);
@@ -141,7 +139,7 @@ TEST_F(AdmissionTest, LinksThatGrowForEverEndAndCostNoMoreEach) {
          {std::string(20, 'd') + "/", std::string(290, 'd') + "/", "d/.*/e/"s, "d/..e/"s}) {
         BeginCrawl("C:\\Mirror\\");
         int looks = 0;
-        system_.files.on_look = [&looks](const std::string&) { ++looks; };
+        system.files.on_look = [&looks](const std::string&) { ++looks; };
         std::string base = "site.com/";
         for (std::size_t queued = 0; queued == crawl::List1.Count() && base.size() < 5000;
              ++queued, base += name) {
@@ -163,7 +161,7 @@ TEST_F(AdmissionTest, QueuesALinkOnceEvenIfItsFileHasAnotherName) {
         Admit(link);
     }
     EXPECT_EQ(fakes::Items(crawl::List1), (Addresses{"site.com/a.html", "site.com/w{ww.x.html"}));
-    EXPECT_EQ(system_.files.At("C:\\mirror\\site.com\\x.html.tmp"), kPlaceholder);
+    EXPECT_EQ(system.files.At("C:\\mirror\\site.com\\x.html.tmp"), kPlaceholder);
 }
 
 }  // namespace

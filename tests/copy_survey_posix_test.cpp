@@ -6,7 +6,6 @@
 #include "output/copy_survey.h"
 #include "output/mirror_files.h"
 #include "tests/fakes/disk_system.h"
-#include "tests/fakes/fake_loop.h"
 
 namespace {
 

@@ -6,7 +6,6 @@
 #include <tuple>
 
 #include "output/mirror_files.h"
-#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 
 using bas_Output::CopySurvey;

@@ -24,8 +24,7 @@ class HttpExchange : public CrawlTest {
     /// Starts a job on slot 1, which connects and sends its request.
     void Request(const std::string& address) {
         bas_Connections::ConnectNext(address);
-        window.Sock(1).PeerAccepts();
-        loop.RunUntilIdle();
+        Accept(1);
     }
     void Receive(int slot, const std::string& bytes) {
         window.Sock(slot).PeerSends(bytes);
@@ -113,8 +112,7 @@ TEST_F(HttpExchange, DataWithoutAJobClosesTheConnection) {
 
     bas_Connections::ConnectNext("a.com/y.html");
     crawl::Slots[1].Url.clear();
-    window.Sock(1).PeerAccepts();
-    loop.RunUntilIdle();
+    Accept(1);
     EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
     EXPECT_EQ(window.rows[1].status, "Not Connected.");
 }
@@ -183,9 +181,8 @@ class ResponseMemory : public HttpExchange {
     void Receiving(std::size_t first, std::size_t second) {
         for (const int slot : {1, 2}) {
             bas_Connections::ConnectNext("www.site.com/" + std::to_string(slot) + ".gif");
-            window.Sock(slot).PeerAccepts();
+            Accept(slot);
         }
-        loop.RunUntilIdle();
         Receive(1, kHeader + std::string(first - kHeader.size(), '1'));
         Receive(2, kHeader + std::string(second - kHeader.size(), '2'));
     }

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "crawl/crawl_state.h"
-#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 #include "text/text.h"
 
@@ -27,8 +26,7 @@ struct Crawl {
         crawl::FileTypeSet = ":.html::.gif:";
         system.files.Have("C:\\Mirror\\");
     }
-    fakes::FakeLoop loop;
-    fakes::FakeSystem system{loop};
+    fakes::FakeSystem system;
 };
 
 void Scan(ConsumableText& page, std::string base = "http://site.com/dir/") {
@@ -75,7 +73,7 @@ TEST(LinkScannerTest, ConsumesThePageAndYieldsFiveTimesPerLinkAndOncePerQueuedOn
     ExtractLinks(page, crawl::List1, base);
     EXPECT_EQ(base, "http://site.com/dir/");
     EXPECT_EQ(page.View(), "ml'>A</a> rest") << "it continues ten characters after the link";
-    EXPECT_EQ(crawl.loop.Yields(), 11);
+    EXPECT_EQ(crawl.system.loop.Yields(), 11);
 }
 
 TEST(LinkScannerTest, RewritesAttributesInAFixedOrder) {
@@ -84,7 +82,7 @@ TEST(LinkScannerTest, RewritesAttributesInAFixedOrder) {
         "href = 1 HREF = 2 hRef= 3 HrEf=4\t<a\r\n Src=5 src = 6 SRC=7> BackGround =8 \"hr\nef=9 "
         "0; url=a 0;\rURL=b 0; Url=c");
     std::string rewritten;
-    crawl.loop.AtYield(1, [&] { rewritten = page.View(); });
+    crawl.system.loop.AtYield(1, [&] { rewritten = page.View(); });
     Scan(page);
     EXPECT_EQ(rewritten,
               "href= 1 href=2 href= 3 HrEf=4\t<a Src=5href= 6href=7> href=8 'href=9 "
@@ -109,9 +107,9 @@ TEST(LinkScannerTest, AppendsAndOtherScansAtAYieldDoNoHarm) {
         const auto& c = cases[nth % std::ssize(cases)];
         Crawl crawl;
         ConsumableText page("<a href='one.html'>1</a> <a href='#top'>t</a> <a href='two.html'>2");
-        crawl.loop.AtYield(1 + nth % kYields, [&] { c.interfere(page); });
+        crawl.system.loop.AtYield(1 + nth % kYields, [&] { c.interfere(page); });
         Scan(page);
-        EXPECT_GE(crawl.loop.Yields(), kYields);
+        EXPECT_GE(crawl.system.loop.Yields(), kYields);
         Addresses queued = fakes::Items(crawl::List1);
         EXPECT_EQ(std::erase(queued, c.also_queued), c.also_queued.empty() ? 0u : 1u);
         EXPECT_EQ(queued, (Addresses{"site.com/dir/one.html", "site.com/dir/two.html"}));
@@ -124,7 +122,7 @@ TEST(LinkScannerTest, LeavesAReplacementTextAlone) {
     for (int nth = 1; nth <= 6; ++nth) {
         Crawl crawl;
         ConsumableText page("<a href='one.html'>");
-        crawl.loop.AtYield(nth, [&] { page.Assign(another); });
+        crawl.system.loop.AtYield(nth, [&] { page.Assign(another); });
         Scan(page);
         EXPECT_EQ(page.View(), another);
         EXPECT_EQ(crawl::List1.Count(), nth < 4 ? 0U : 1U)

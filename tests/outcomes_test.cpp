@@ -20,14 +20,6 @@ class Outcomes : public CrawlTest {
     /// Starts a crawl of one file.
     void SetUp() override { Start("www.site.com/a.html"); }
 
-    /// The server of slot 1 sends these bytes and closes.
-    void Answer(const std::string& bytes) {
-        window.Sock(1).PeerAccepts();
-        loop.RunUntilIdle();
-        window.Sock(1).PeerSends(bytes);
-        window.Sock(1).PeerCloses();
-        loop.RunUntilIdle();
-    }
     /// Lets all three tries of slot 1 time out. Calls `peer` at the start of each.
     template <typename Peer>
     void FailThreeTimes(Peer peer) {
@@ -72,12 +64,19 @@ TEST_F(Outcomes, OfAnswers) {
         {"HTTP/1.0 many\r\n\r\nx", "saved", 0, 1, {}},
         {"\r\n\r\nHTTP/1.0 404 Not Found\r\n\r\n", "saved", 0, 26, {}},
         {"no header\n\nat all", "saved", 0, 17, {}},
+        {"HTTP/1.0 200 OK\r\nContent-Length: 3\r\n\r\ntext", "saved", 200, 4, 3},
+        {"HTTP/1.0 299 Last\r\n\r\n", "saved", 299, 0, {}},
+        {"HTTP/1.0 300 First\r\n\r\n", "moved", 300, 0, {}},
+        {"HTTP/1.0 399 Last\r\n\r\n", "moved", 399, 0, {}},
+        {"HTTP/1.0 400 First\r\n\r\n", "error: First", 400, 0, {}},
+        {"HTTP/1.0 599 Last\r\n\r\n", "error: Last", 599, 0, {}},
+        {"HTTP/1.0 600 More\r\n\r\n", "saved: More", 600, 0, {}},
         {" Cancel ", "not written: the answer is the word \"cancel\"", 0, 8, {}}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.answer);
         Start("www.site.com/a.html");
         loop.Advance(1500);
-        Answer(c.answer);
+        Answer(1, c.answer);
         ASSERT_EQ(crawl::Report.Count(), 1U);
         const crawl::ReportRow& row = crawl::Report.Row(0);
         EXPECT_EQ(row.address, "www.site.com/a.html");
@@ -92,21 +91,17 @@ TEST_F(Outcomes, OfAnswers) {
 }
 
 TEST_F(Outcomes, OfNoAnswer) {
-    const auto accept = [this] {
-        window.Sock(1).PeerAccepts();
-        loop.RunUntilIdle();
-    };
     const auto fail = [this](SocketFailure why) {
         return [this, why] { window.Sock(1).ConnectionFails(why); };
     };
     const std::pair<std::function<void()>, std::string> cases[] = {
         {[] {}, "unanswered: silent"},
-        {accept, "unanswered: silent"},
-        {[&] { accept(), window.Sock(1).PeerSends("HTTP/1.0"); },
+        {[&] { Accept(1); }, "unanswered: silent"},
+        {[&] { Accept(1), window.Sock(1).PeerSends("HTTP/1.0"); },
          "unanswered: silent after 8 bytes"},
-        {[&] { accept(), window.Sock(1).PeerCloses(); }, "unanswered: closed without an answer"},
-        {[&] { accept(), window.Sock(1).PeerResets(); }, "unanswered: reset"},
-        {[&] { accept(), window.Sock(1).PeerSends("HTT"), window.Sock(1).PeerResets(); },
+        {[&] { Accept(1), window.Sock(1).PeerCloses(); }, "unanswered: closed without an answer"},
+        {[&] { Accept(1), window.Sock(1).PeerResets(); }, "unanswered: reset"},
+        {[&] { Accept(1), window.Sock(1).PeerSends("HTT"), window.Sock(1).PeerResets(); },
          "unanswered: reset after 3 bytes"},
         {fail(SocketFailure::Refused), "unanswered: refused"},
         {fail(SocketFailure::NameUnknown), "unanswered: name unknown"},
@@ -130,7 +125,7 @@ TEST_F(Outcomes, AFailedTryIsReportedBeforeTheNextOne) {
     loop.Advance(20);
     EXPECT_EQ(Told(0), "under way: name unknown");
     loop.Advance(kTimeout);
-    Answer("HTTP/1.0 200 OK\r\n\r\nx");
+    Respond(1, "x");
     EXPECT_EQ(Told(0), "saved");
     EXPECT_EQ(crawl::Report.Row(0).attempts, 2);
     EXPECT_EQ(crawl::Report.Row(0).took, crawl::Milliseconds(kTimeout + 20))
@@ -161,7 +156,7 @@ TEST_F(Outcomes, OfFilesThatCannotBeWritten) {
         system.files.refused.clear();
         Start(c.address);
         c.fault(system.files);
-        Answer("HTTP/1.0 404 Not Found\r\n\r\nx");
+        Answer(1, "HTTP/1.0 404 Not Found\r\n\r\nx");
         EXPECT_EQ(Told(0), c.told);
         EXPECT_EQ(crawl::Report.Row(0).status, 404);
         EXPECT_EQ(crawl::Report.Row(0).bytes, 1U);
@@ -178,8 +173,7 @@ TEST_F(Outcomes, OfAddressesNotAskedOrTooLarge) {
     EXPECT_EQ(crawl::Report.Row(0).attempts, 0);
 
     Start("www.site.com/a.html");
-    window.Sock(1).PeerAccepts();
-    loop.RunUntilIdle();
+    Accept(1);
     bas_Connections::MostResponseBytes = 10;
     window.Sock(1).PeerSends("more than ten bytes");
     loop.RunUntilIdle();
@@ -193,9 +187,9 @@ TEST_F(Outcomes, AnIdleSlotThatAsksAgainKeepsAGoodOutcome) {
     crawl::Report.Add("www.site.com/b.html");
     loop.Advance(20);
     window.Sock(2).PeerAccepts();
-    Answer("HTTP/1.0 404 Not Found\r\n\r\nx");
+    Answer(1, "HTTP/1.0 404 Not Found\r\n\r\nx");
     loop.Advance(kTimeout);
-    Answer("HTTP/1.0 200 OK\r\n\r\nanother");
+    Respond(1, "another");
     EXPECT_EQ(Saved("a.html"), "another\r\n");
     EXPECT_EQ(Told(0), "error: Not Found");
     EXPECT_EQ(crawl::Report.Row(0).attempts, 1);
@@ -206,18 +200,17 @@ TEST_F(Outcomes, AnIdleSlotThatAsksAgainKeepsAGoodOutcome) {
 }
 
 TEST_F(Outcomes, AnAnswerToALaterTryIsReadWithoutTheEarlierOne) {
-    window.Sock(1).PeerAccepts();
-    loop.RunUntilIdle();
+    Accept(1);
     window.Sock(1).PeerSends("HTTP/1.0 404 Not Found\r\nContent-Length: 900\r\n\r\npart");
     loop.Advance(kTimeout);
-    Answer("HTTP/1.0 200 OK\r\nContent-Length: 4\r\n\r\nbody");
+    Answer(1, "HTTP/1.0 200 OK\r\nContent-Length: 4\r\n\r\nbody");
     EXPECT_EQ(Told(0), "saved");
     EXPECT_EQ(crawl::Report.Row(0).bytes, 4U);
     EXPECT_EQ(crawl::Report.Row(0).announced, 4U);
 }
 
 TEST_F(Outcomes, AStopLeavesTheRestUnfinishedAndARestartClearsIt) {
-    Answer("HTTP/1.0 200 OK\r\n\r\n<a href='b.html'><a href='c.gif'><a href='d.html'>");
+    Respond(1, "<a href='b.html'><a href='c.gif'><a href='d.html'>");
     loop.Advance(20);
     window.Sock(1).ConnectionFails(SocketFailure::Refused);
     loop.Advance(20);
@@ -235,7 +228,7 @@ TEST_F(Outcomes, AStopLeavesTheRestUnfinishedAndARestartClearsIt) {
 
 TEST_F(Outcomes, AFileIsSavedEvenIfAStopComesDuringTheSave) {
     loop.AtYield(3, [] { bas_Connections::StopNOW(); });
-    Answer("HTTP/1.0 200 OK\r\n\r\nx");
+    Respond(1, "x");
     EXPECT_FALSE(window.stop_enabled) << "it was stopped while the page was read";
     EXPECT_EQ(Told(0), "saved");
 }
@@ -248,14 +241,13 @@ TEST_F(Outcomes, FilesOfAnEarlierCrawlAreCountedOnceEach) {
         crawl::TargetFolder = folder;
         for (const char* name : {"old.html", "dir\\old.gif", "page.html", "stale.html.tmp"})
             system.files.Have("c:\\Websites\\site.com\\" + std::string(name), "old");
-        Answer(
-            "HTTP/1.0 200 OK\r\n\r\n"
-            "<a href='old.html'><a href='http://www.site.com/old.html'><a href='old.html'>"
-            "<a href='dir/old.gif'><a href='page'><a href='stale.html'><a href='new.php?a=1'>");
+        Respond(1,
+                "<a href='old.html'><a href='http://www.site.com/old.html'><a href='old.html'>"
+                "<a href='dir/old.gif'><a href='page'><a href='stale.html'><a href='new.php?a=1'>");
         EXPECT_EQ(crawl::Report.AlreadyThere(), 4U);
         loop.Advance(20);
-        Answer(
-            "HTTP/1.0 200 OK\r\n\r\n"
+        Respond(
+            1,
             "<a href='new.php?a=1'><a href='old.html'><a href='./new.php?a=1'><a href='a.html'>");
         EXPECT_EQ(Told(1), "saved");
         EXPECT_EQ(crawl::Report.Count(), 2U);
@@ -273,7 +265,7 @@ TEST_F(Outcomes, KnowsTheSavedFileOfEachAddress) {
         BlankDisk();
         Start(address);
         crawl::Report.Clear();
-        Answer("HTTP/1.0 200 OK\r\n\r\nx");
+        Respond(1, "x");
         EXPECT_EQ(bas_Connections::SavedFileOf(crawl::TargetFolder, address), crawl::SavePath);
         EXPECT_EQ(system.files.At(crawl::SavePath), "x\r\n");
         bas_Connections::StopNOW();

@@ -5,9 +5,7 @@
 #include <iterator>
 #include <random>
 #include <string>
-#include <vector>
 
-#include "tests/fakes/disk_system.h"
 #include "tests/fakes/fake_system.h"
 #include "text/text.h"
 
@@ -86,40 +84,6 @@ TEST_F(MakeLocalPathTest, RecordsOnlyTheFoldersThatItCreated) {
     EXPECT_EQ(crawl::MadeFolders,
               "c:\\web\\site.com\\a\\*c:\\web\\site.com\\a\\b\\*"
               "c:\\web\\site.com\\a\\b\\..\\..\\c\\*");
-}
-
-void ExpectEachFolderRecordedOnce(platform::Files& files, const std::string& target) {
-    const struct {
-        std::string path;
-        std::vector<std::string> recorded;
-    } cases[] = {{"1\\.\\d\\a", {"1\\", "1\\.\\d\\"}},
-                 {"2\\\\\\d\\a", {"2\\", "2\\\\d\\"}},
-                 {"3\\.\\a", {"3\\"}},
-                 {"4\\.\\.\\..\\.\\4d\\.\\d\\a",
-                  {"4\\", "4\\.\\.\\..\\.\\4d\\", "4\\.\\.\\..\\.\\4d\\.\\d\\"}},
-                 {".\\5\\..\\5\\.\\a", {".\\5\\"}},
-                 {"6\\.\\d\\.\\.\\e\\..\\a", {"6\\", "6\\.\\d\\", "6\\.\\d\\.\\.\\e\\"}},
-                 {"5\\.\\\\\\.\\a", {}}};
-    crawl::TargetFolder = target;
-    for (const auto& c : cases) {
-        std::string recorded;
-        for (const std::string& folder : c.recorded) {
-            recorded += text::LowerCase(target) + folder + "*";
-        }
-        crawl::MadeFolders.clear();
-        std::string path = target + c.path;
-        MakeLocalPath(path);
-        EXPECT_EQ(crawl::MadeFolders, recorded) << path;
-        EXPECT_TRUE(files.WriteFile(path, {"x"})) << path;
-    }
-}
-
-TEST(FoldersOnAPath, AreCreatedAndRecordedOnceHoweverOftenItNamesThem) {
-    fakes::FakeSystem system;
-    system.files.Have("C:\\Web");
-    ExpectEachFolderRecordedOnce(system.files, "C:\\Web\\");
-    fakes::DiskSystem disk;
-    ExpectEachFolderRecordedOnce(disk.files, disk.folder.Text() + "\\");
 }
 
 std::string WithoutBlanksAround(std::string s) {

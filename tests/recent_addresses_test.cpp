@@ -5,7 +5,6 @@
 #include <string>
 
 #include "setup/settings.h"
-#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 
 using bas_General::NoteAddress;

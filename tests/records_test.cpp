@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "output/mirror_files.h"
-#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 
 using namespace bas_Output;
@@ -20,15 +19,14 @@ class Records : public testing::Test {
     void Record(const std::string& page, int slot = 3) {
         RecordSearchText("text", slot, "C:\\w\\" + page);
     }
-    fakes::FakeLoop loop;
-    fakes::FakeSystem system{loop};
+    fakes::FakeSystem system;
 };
 
 TEST_F(Records, PutsThePageTextOnOneLine) {
     system.files.Have("c:\\w\\a.html", "the page");
     system.page_text.text = "a\r\nb\nc\rd\n\ne  f   g    h     i";
     EXPECT_EQ(GetPageText("C:\\w\\a.html"), "a b c d e f g h  i");
-    EXPECT_EQ(loop.Yields(), 4);
+    EXPECT_EQ(system.loop.Yields(), 4);
     EXPECT_EQ(GetPageText("C:\\w\\missing.html"), "");
     EXPECT_EQ(system.page_text.pages, std::vector<std::string>{"the page"});
     system.files.Have("c:\\w\\a.TXT", "no page");

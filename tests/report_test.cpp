@@ -42,23 +42,6 @@ class ReportTest : public testing::Test {
     Listener listener;
 };
 
-TEST_F(ReportTest, DerivesOutcomesFromAnswers) {
-    const std::pair<Answer, Outcome> cases[] = {
-        {{.status = 200, .bytes = 6, .announced = 5}, Outcome::Saved},
-        {{.status = 299}, Outcome::Saved},
-        {{.status = 300}, Outcome::Moved},
-        {{.status = 399}, Outcome::Moved},
-        {{.status = 400}, Outcome::Error},
-        {{.status = 599, .bytes = 4, .announced = 5}, Outcome::Error},
-        {{.status = 600}, Outcome::Saved}};
-    for (const auto& [answer, outcome] : cases) {
-        const std::size_t row = Take("a");
-        Answered(row, answer);
-        EXPECT_EQ(NameOf(OutcomeOf(row)), NameOf(outcome)) << answer.status;
-    }
-    EXPECT_EQ(report.CountOf(Outcome::Saved), 3U);
-}
-
 TEST_F(ReportTest, ABetterOutcomeReplacesAWorseOneUntilOneIsGood) {
     const Answer whole{.status = 200, .bytes = 3};
     const Answer part{.status = 200, .bytes = 3, .announced = 9};

@@ -6,7 +6,6 @@
 
 #include "output/mirror_files.h"
 #include "output/records.h"
-#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_system.h"
 
 using namespace bas_Output;
@@ -33,8 +32,7 @@ class SaveFileTest : public testing::Test {
         return saved.substr(0, saved.size() - 2);
     }
 
-    fakes::FakeLoop loop;
-    fakes::FakeSystem system{loop};
+    fakes::FakeSystem system;
 };
 
 TEST_F(SaveFileTest, ChoosesTheNameThatLinksUse) {
@@ -135,7 +133,7 @@ TEST_F(SaveFileTest, ASaveDuringAnotherSaveMixesNothingUp) {
         const std::string number = std::to_string(yield);
         const std::string outer = "c:\\w\\site.com\\" + number + ".html";
         system.files.Have(outer + ".tmp", kPlaceholderText);
-        loop.AtYield(yield, [&] {
+        system.loop.AtYield(yield, [&] {
             EXPECT_EQ(system.files.At(outer + ".tmp"), kPlaceholderText);
             Save("inner", "\\other.net/" + number + ".php", 2);
         });

@@ -7,7 +7,6 @@
 
 #include "crawl/crawl_state.h"
 #include "engine/site_start.h"
-#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_main_window.h"
 #include "tests/fakes/fake_network.h"
 #include "tests/fakes/fake_system.h"
@@ -34,13 +33,20 @@ class CrawlTest : public testing::Test {
             crawl::List1.AddItem(address);
     }
 
-    /// The server of `slot` accepts the connection, responds with `body` and closes.
-    void Respond(int slot, const std::string& body) {
+    /// The server of `slot` accepts the connection.
+    void Accept(int slot) {
         window.Sock(slot).PeerAccepts();
         loop.RunUntilIdle();
-        window.Sock(slot).PeerSends("HTTP/1.0 200 OK\r\n\r\n" + body);
+    }
+    /// It also sends these bytes and closes.
+    void Answer(int slot, const std::string& bytes) {
+        Accept(slot);
+        window.Sock(slot).PeerSends(bytes);
         window.Sock(slot).PeerCloses();
         loop.RunUntilIdle();
+    }
+    void Respond(int slot, const std::string& body) {
+        Answer(slot, "HTTP/1.0 200 OK\r\n\r\n" + body);
     }
 
     /// The contents of this file in the mirror of site.com, or "(none)".
@@ -55,8 +61,8 @@ class CrawlTest : public testing::Test {
         system.files.Have("C:\\program\\temp\\filetypes.txt", ".htm\r\n.html\r\n.php\r\n.gif\r\n");
     }
 
-    FakeLoop loop;
-    FakeSystem system{loop};
+    FakeSystem system;
+    FakeLoop& loop = system.loop;
     FakeNetwork network;
     FakeMainWindow window{loop};
 };

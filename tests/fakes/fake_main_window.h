@@ -56,7 +56,7 @@ class FakeMainWindow : public engine::MainWindow {
     void SetRowReceived(int slot, const std::string& text) override { rows[slot].received = text; }
     void ShowList1() override { list1_shown = true; }
     void ShowCleaningUp() override {}
-    void ShowPauseDialog() override { ++pause_dialogs; }
+    void ShowPauseDialog() override {}
     /// Connects all sockets, including those of later loads, to in-memory servers.
     void JoinNetwork(FakeNetwork& network) {
         network_ = &network;
@@ -71,7 +71,7 @@ class FakeMainWindow : public engine::MainWindow {
     std::string text1, txt_max, label3, label4, label5, label6;
     bool text1_enabled = true, text1_focused = false, start_enabled = true, stop_enabled = false;
     bool pause_enabled = false, list1_shown = false;
-    int pause_dialogs = 0, reloads = 0;
+    int reloads = 0;
     text::OneBased<Row, crawl::kSlotCount> rows;
 
   private:

@@ -10,8 +10,8 @@
 
 namespace fakes {
 
-/// Web servers for `FakeSocket`s. A server accepts a connection, answers one GET and closes. A host
-/// without any address refuses the connection; an unknown path of a known host gets a 404.
+/// Web servers for `FakeSocket`s. A server accepts a connection, answers one GET and closes. An
+/// unknown address gets a 404.
 class FakeNetwork {
   public:
     virtual ~FakeNetwork() = default;
@@ -23,13 +23,7 @@ class FakeNetwork {
 
     /// Puts `socket` on this network, which must outlive it.
     virtual void Attach(FakeSocket& socket) {
-        socket.peer_on_connect = [this](FakeSocket& peer) {
-            if (Knows(peer.host())) {
-                peer.PeerAccepts();
-            } else {
-                peer.PeerRefuses();
-            }
-        };
+        socket.peer_on_connect = [](FakeSocket& peer) { peer.PeerAccepts(); };
         socket.peer_on_data = [this](FakeSocket& peer) { Respond(peer); };
     }
 
@@ -37,11 +31,6 @@ class FakeNetwork {
     const std::vector<std::string>& requests() const { return requests_; }
 
   private:
-    bool Knows(const std::string& host) const {
-        const auto address = responses_.lower_bound(host + "/");
-        return address != responses_.end() && address->first.starts_with(host + "/");
-    }
-
     void Respond(FakeSocket& peer) {
         const std::string& request = peer.sent();
         if (!request.starts_with("GET ") || !request.ends_with("\r\n\r\n")) return;

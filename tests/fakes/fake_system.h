@@ -13,6 +13,7 @@
 #include "platform/memory_settings_store.h"
 #include "platform/services.h"
 #include "setup/keyword_filters.h"
+#include "tests/fakes/fake_loop.h"
 #include "tests/fakes/memory_files.h"
 
 namespace fakes {
@@ -94,13 +95,6 @@ class CannedPageText : public platform::PageText {
     }
 };
 
-/// A loop that never has a pending event.
-class IdleLoop : public platform::EventLoop {
-  public:
-    void DoEvents() override {}
-    void DoEventsThrottled() override {}
-};
-
 inline std::vector<std::string> Items(const crawl::ListItems& list) {
     std::vector<std::string> items;
     for (std::size_t i = 0; i < list.Count(); ++i)
@@ -111,12 +105,17 @@ inline std::vector<std::string> Items(const crawl::ListItems& list) {
 /// An in-memory system, installed as long as it exists. It starts with the crawl's variables, the
 /// mirror's memory and the keyword filters of a new process.
 struct FakeSystem {
-    FakeSystem() : FakeSystem(nullptr) {}
-    explicit FakeSystem(platform::EventLoop& loop) : FakeSystem(&loop) {}
+    FakeSystem() : FakeSystem(loop) {}
+    explicit FakeSystem(platform::EventLoop& events)
+        : services_{events, files, settings, page_text, processes, boxes} {
+        platform::InstallSystem(&services_);
+        ResetProcess();
+    }
     ~FakeSystem() { platform::InstallSystem(nullptr); }
     FakeSystem(const FakeSystem&) = delete;
     FakeSystem& operator=(const FakeSystem&) = delete;
 
+    FakeLoop loop;  ///< unless the constructor got another
     MemoryFiles files;
     platform::MemorySettingsStore settings;
     ScriptedBoxes boxes;
@@ -124,11 +123,6 @@ struct FakeSystem {
     CannedPageText page_text;
 
   private:
-    explicit FakeSystem(platform::EventLoop* loop)
-        : services_{loop != nullptr ? *loop : idle_, files, settings, page_text, processes, boxes} {
-        platform::InstallSystem(&services_);
-        ResetProcess();
-    }
     static void ResetProcess() {
         crawl::Slots = {};
         for (std::string* text :
@@ -145,7 +139,6 @@ struct FakeSystem {
         bas_General::ClearKeywordFilters();
     }
 
-    IdleLoop idle_;
     platform::Services services_;
 };
 
