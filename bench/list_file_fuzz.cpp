@@ -24,7 +24,7 @@ std::string WithoutBlanksAround(const std::string& line) {
     return first == line.npos ? "" : line.substr(first, line.find_last_not_of(' ') - first + 1);
 }
 
-std::string InSmallLetters(std::string text) {
+std::string LowerCase(std::string text) {
     for (char& c : text) {
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     }
@@ -69,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const std::string types_file = "c:\\program\\temp\\filetypes.txt";
     system.files.Have(types_file, bytes);
-    const std::string set = InSmallLetters(Joined(lines, ":", ":"));
+    const std::string set = LowerCase(Joined(lines, ":", ":"));
     fuzz::MustBeEqual("types", bas_General::LoadFileTypes(), set);
     bas_General::WriteFileTypes(bas_General::ReadFileTypes());
     fuzz::MustBeEqual("types written", system.files.At(types_file), written);

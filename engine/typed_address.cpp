@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "text/ascii.h"
 #include "text/http_scheme.h"
 #include "text/text.h"
 
@@ -17,7 +18,7 @@ constexpr char kHttpOnly[] = "This program fetches http:// only";
 constexpr char kTwoSlashes[] = "The address must start with \"http://\"";
 
 bool IsLetterOrDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return text::IsLetter(c) || (c >= '0' && c <= '9');
 }
 
 bool IsBlank(char c) {
@@ -50,10 +51,10 @@ std::optional<Scheme> SchemeOf(std::string_view address) {
     scheme.rest.remove_prefix(scheme.slashes.size());
 
     const bool of_the_web = scheme.word == "http" || scheme.word == "https";
-    const bool stands_there = scheme.colon ? of_the_web || !scheme.slashes.empty()
-                                           : (of_the_web && scheme.slashes.size() > 1) ||
-                                                 (scheme.word.empty() && !scheme.slashes.empty());
-    return stands_there ? std::optional(scheme) : std::nullopt;
+    const bool is_scheme = scheme.colon ? of_the_web || !scheme.slashes.empty()
+                                        : (of_the_web && scheme.slashes.size() > 1) ||
+                                              (scheme.word.empty() && !scheme.slashes.empty());
+    return is_scheme ? std::optional(scheme) : std::nullopt;
 }
 
 bool IsHttp(const Scheme& scheme) {

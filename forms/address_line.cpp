@@ -15,7 +15,7 @@ bas_Connections::AddressFault FaultOf(const QLineEdit& box) {
     return bas_Connections::FaultOfTypedAddress(platform::ToBytes(box.text()), platform::AsciiHost);
 }
 
-QString WhatWillBeAskedFor(const QLineEdit& box) {
+QString StartOfCrawl(const QLineEdit& box) {
     const std::string address = bas_Connections::CleanTypedAddress(platform::ToBytes(box.text()));
     return address == "www." ? "Enter the address of a web site."
                              : "The download starts at http://" + platform::FromBytes(address);
@@ -38,7 +38,7 @@ AddressLine::AddressLine(const char* name, QLineEdit* box, QWidget* parent)
 void AddressLine::Judge() {
     const bas_Connections::AddressFault fault = FaultOf(*box_);
     const bool harmless = fault.what.empty();
-    const QString text = harmless ? WhatWillBeAskedFor(*box_) : platform::FromBytes(fault.what);
+    const QString text = harmless ? StartOfCrawl(*box_) : platform::FromBytes(fault.what);
     harmless ? Remark(text) : Warn(text, LinkTo(fault.offered));
     // The line itself never gets the focus, so screen readers get its text from the box.
     box_->setAccessibleDescription(text);

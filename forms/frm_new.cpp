@@ -85,7 +85,7 @@ void frmNew::ConnectHandlers() {
 void frmNew::Form_Load() {
     LoadFileTypesList();
     {
-        const QSignalBlocker changed_below(txt_url_);
+        const QSignalBlocker no_echo(txt_url_);
         txt_url_->setText(platform::FromBytes(bas_General::ReadSetting("LastURL", "http://")));
     }
     txtURL_Change();
@@ -134,7 +134,7 @@ std::string frmNew::TxtDir() const {
 void frmNew::SetTxtDir(const std::string& folder) {
     {
         // Qt does not signal an unchanged text, but the handler must run for every write.
-        const QSignalBlocker changed_below(txt_dir_);
+        const QSignalBlocker no_echo(txt_dir_);
         txt_dir_->setText(platform::FromBytes(folder));
     }
     txtDir_Change();

@@ -125,7 +125,7 @@ void frmNew::MakeOptionsArea() {
     command4_ = MakeFormButton("Command4", "Delete", frame1_);
     command5_ = MakeFormButton("Command5", "Set Default", frame1_);
     list2_ = new ChoiceBox("List2", "Timeout in seconds", frame1_);
-    list2_->LetType();
+    list2_->MakeEditable();
     QLabel* label3 = MakeLabel("Label3", "Get These File Types", frame1_);
     label3->setBuddy(list1_);
     QLabel* label5 = MakeLabel("Label5", "Timeout", frame1_);

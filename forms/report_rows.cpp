@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "text/ascii.h"
 #include "text/text.h"
 
 namespace ui {
@@ -12,13 +13,9 @@ namespace {
 
 constexpr std::size_t kAtATime = 500;
 
-char Lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-/// Whether `text` contains `sought` in any case. `sought` is lower-cased.
-bool ContainsInAnyCase(std::string_view text, std::string_view sought) {
-    return std::ranges::search(text, sought, {}, Lowered).begin() != text.end() || sought.empty();
+/// Whether `subject` contains `sought` in any case. `sought` is lower-cased.
+bool ContainsInAnyCase(std::string_view subject, std::string_view sought) {
+    return sought.empty() || !std::ranges::search(subject, sought, {}, text::LowerLetter).empty();
 }
 
 /// The eight bytes from `from` on as a number that compares like the text.

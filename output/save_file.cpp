@@ -57,7 +57,7 @@ bool HasTextLines(const std::string& path) {
 
 /// The name of the host's folder in the mirror. The address of a timed-out job starts with a blank
 /// and gives a name that no folder has.
-std::string HostFolder(std::string_view address) {
+std::string HostFolderName(std::string_view address) {
     if (address.starts_with('\\')) address.remove_prefix(1);
     const std::string name(address.substr(0, address.find_first_of("\\/")));
     return text::ReplaceAll(name, "www.", "");
@@ -86,7 +86,7 @@ platform::FileResult WritePage(std::string_view received, std::string& address, 
     const text::Replacements& rules = RewritingRules(page);
     const std::string_view body = WithoutHeader(received);
     const std::optional<std::string> rewritten = rules.AppliedTo(body);
-    platform::FileResult result = WriteMirrorPage(crawl::SavePath, HostFolder(address),
+    platform::FileResult result = WriteMirrorPage(crawl::SavePath, HostFolderName(address),
                                                   {rewritten ? *rewritten : body, "\r\n"});
     if (!result && !why_no_folder.empty()) result.why_not = why_no_folder;
     return result;

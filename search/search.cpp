@@ -60,10 +60,10 @@ void Search::Take(RecordedPage& page) {
     hits_.insert_or_assign(
         std::move(page.path),
         Found{page.matches, static_cast<std::uint32_t>(extract_), page.first_match});
-    if (hits_.size() > 2 * kMostHits) LeaveOutTheLeast();
+    if (hits_.size() > 2 * kMostHits) DropWorstHits();
 }
 
-void Search::LeaveOutTheLeast() {
+void Search::DropWorstHits() {
     const std::vector<Hit> best = Best(kMostHits);
     const Hit& last = best.back();
     left_out_ += std::erase_if(hits_, [&](const auto& hit) {

@@ -58,7 +58,7 @@ class Search {
 
   private:
     void Take(RecordedPage& page);
-    void LeaveOutTheLeast();
+    void DropWorstHits();
 
     struct Found {
         std::uint32_t matches;

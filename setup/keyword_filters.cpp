@@ -20,7 +20,7 @@ std::string FiltersFile() {
     return platform::System().files.ProgramFolder() + "\\filters.txt";
 }
 
-SharedList& FileOfAll() {
+SharedList& SharedFilters() {
     static SharedList file(FiltersFile());
     return file;
 }
@@ -39,7 +39,7 @@ std::string Normalized(const std::string& keyword) {
 
 void LoadKeywordFilters() {
     ClearKeywordFilters();
-    FileOfAll().Know();
+    SharedFilters().Know();
     std::vector<std::string> keywords =
         SplitListFile(platform::System().files.ReadFile(FiltersFile()).value_or(""));
     if (keywords.size() > kMostFilters) return;
@@ -69,11 +69,11 @@ void StoreKeywordFilters(const std::vector<std::string>& list) {
     }
     SetKeywordFilters(keywords);
     platform::System().files.WriteFile(FiltersFile(), {JoinListFile(keywords)});
-    FileOfAll().Know();
+    SharedFilters().Know();
 }
 
 std::optional<std::vector<std::string>> WithOthersKeywords(const std::vector<std::string>& edited) {
-    return FileOfAll().WithOthersChanges(edited);
+    return SharedFilters().WithOthersChanges(edited);
 }
 
 }  // namespace bas_General

@@ -49,7 +49,7 @@ void frmMain::MakeControls() {
     text1_->setAccessibleName("Address of the web site");
     address_line_ = new AddressLine("Text1Hint", text1_, client_);
     txt_max_ = new ChoiceBox("txtMax", "How many connections?", client_);
-    txt_max_->LetType();
+    txt_max_->MakeEditable();
 
     MakeButtons();
     MakeLabels();

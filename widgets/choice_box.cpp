@@ -18,13 +18,13 @@ bool Steps(const QKeyEvent& event) {
 }  // namespace
 
 ChoiceBox::ChoiceBox(const char* name, const QString& what, QWidget* parent) : QComboBox(parent) {
-    LetBeNamed();
+    InstallChoiceBoxAccess();
     setObjectName(QLatin1String(name));
     setAccessibleName(what);
     setFocusPolicy(Qt::StrongFocus);  // not by the wheel
 }
 
-void ChoiceBox::LetType() {
+void ChoiceBox::MakeEditable() {
     setEditable(true);
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);  // it would turn a typed 1 into 10

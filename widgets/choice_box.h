@@ -14,7 +14,7 @@ class ChoiceBox : public QComboBox {
     ChoiceBox(const char* name, const QString& what, QWidget* parent);
 
     /// Makes the box editable. The text stays exactly as typed.
-    void LetType();
+    void MakeEditable();
 
     void showPopup() override;
 

@@ -52,7 +52,7 @@ QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
 
 }  // namespace
 
-void LetBeNamed() {
+void InstallChoiceBoxAccess() {
     // Qt ignores a factory that is already installed.
     QAccessible::installFactory(MakeAccess);
 }

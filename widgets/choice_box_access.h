@@ -4,6 +4,6 @@ namespace ui {
 
 /// Makes screen readers announce every `ChoiceBox` by its accessible name. Except on Windows, Qt
 /// would announce its text instead.
-void LetBeNamed();
+void InstallChoiceBoxAccess();
 
 }  // namespace ui

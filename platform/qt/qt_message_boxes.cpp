@@ -19,7 +19,7 @@ QString LinesOf(const std::string& message) {
 }
 
 /// Whether `window` is `other` or a dialog above it.
-bool StandsOver(const QWidget* window, const QWidget* other) {
+bool IsAbove(const QWidget* window, const QWidget* other) {
     while (window != nullptr && window != other)
         window = window->parentWidget();
     return window != nullptr;
@@ -32,7 +32,7 @@ QWidget* Owner() {
     QWidget* active = QApplication::activeWindow();
     if (active != nullptr && !active->isVisible()) active = nullptr;  // being closed
     QWidget* const modal = QApplication::activeModalWidget();
-    if (modal != nullptr) return StandsOver(active, modal) ? active : modal;
+    if (modal != nullptr) return IsAbove(active, modal) ? active : modal;
     if (active != nullptr) return active;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
