@@ -216,6 +216,11 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         }
         delete dialog.data();
     }
+    Open();
+    Click(*dialog, "SaveAs");
+    emit dialog->findChild<QFileDialog*>()->fileSelected(platform::FromBytes(path));
+    Report.Clear();
+    EXPECT_EQ(Summary(), path + " was not saved: a new download has started");
 }
 
 TEST_F(ReportDialogTest, OpensOnlyOnce) {
