@@ -177,6 +177,15 @@ TEST_F(QtSocketTest, TriesTheNextAddressWhenOneStaysSilent) {
 }
 #endif
 
+// Handles that are not given back would end a long crawl.
+TEST_F(QtSocketTest, GivesItsHandleBackWhenItCloses) {
+    ConnectAndAccept();
+    bench_.socket->Close();
+    native::PollEntry end{bench_.peer, POLLIN, 0};
+    EXPECT_TRUE(bench_.RunUntil([&] { return native::PollAtOnce(&end, 1) == 1; }))
+        << "the peer is told of the end";
+}
+
 // Here sending detects the reset, and reading must not take what follows for a close.
 TEST_F(QtSocketTest, DoesNotTakeAResetDetectedBySendingForAClose) {
     ConnectAndAccept();
