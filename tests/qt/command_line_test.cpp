@@ -106,3 +106,13 @@ TEST_F(Program, PrintsTheResultAndExitsWithItsCode) {
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder.SystemPath())) << "nothing is created elsewhere";
 }
+
+TEST_F(Program, CrawlsAndWritesTheReport) {
+    const auto report = folder.SystemPath() / "report.csv";
+    Start(order + "/mirror --report " + QString::fromStdString(report.string()));
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitCode(), 4) << program.readAll().constData();
+    std::ifstream file(report);
+    const std::string lines{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_TRUE(text::Contains(lines, "\n127.77.77.77/www.test,unanswered,")) << lines;
+}

@@ -49,6 +49,8 @@ const QObject& Usual(const QObject& object) {
 
 QString TextOf(const QVariant& value) {
     if (value.typeId() == QMetaType::QIcon) return value.value<QIcon>().isNull() ? "" : "yes";
+    if (value.typeId() == QMetaType::QCursor)
+        return QString::number(value.value<QCursor>().shape());
     if (value.typeId() == QMetaType::QFont) {
         const auto font = value.value<QFont>();
         const double size = QFontInfo(font).pixelSize() / double(QFontInfo(QFont()).pixelSize());

@@ -73,6 +73,7 @@ TEST_F(MainWindow, LaysItselfOutAtEverySize) {
     const QWidget& address = The<QWidget>("Text1");
     const QWidget& light = The<QWidget>("Picture2");
     const QWidget& connections = The<QWidget>("txtMax");
+    const QWidget& other_links = The<QWidget>("OtherLinks");
     for (const QSize& size : {QSize(820, 760), QSize(1900, 1400), QSize(500, 400), QSize(120, 80),
                               QSize(60, 400), QSize(700, 60), QSize(820, 760)}) {
         const int last_queue_height = queue.height();
@@ -89,6 +90,7 @@ TEST_F(MainWindow, LaysItselfOutAtEverySize) {
         EXPECT_EQ(queue.height(), queue_height >= 0 ? queue_height : last_queue_height);
         const int address_width = w - light.width() - 96;
         EXPECT_EQ(address.width(), address_width >= 0 ? address_width : last_address_width);
+        EXPECT_EQ(other_links.geometry().right(), queue.geometry().right());
         EXPECT_EQ(light.x(), address.geometry().right() + 1 + 8);
         EXPECT_EQ(The<QLabel>("Label6").y(), queue.geometry().bottom() + 1 + 3);
         EXPECT_EQ(panel.height() == panel.FullHeight(), h > 650);
@@ -385,6 +387,7 @@ TEST_F(MainWindow, StartsNothingInAFolderThatCannotBeWritten) {
     ASSERT_EQ(system.boxes.asked.size(), 1U);
     EXPECT_EQ(system.boxes.asked[0].title, "Eror");
     EXPECT_TRUE(Window().Command1Enabled());
+    EXPECT_EQ(crawl::TargetFolder, "") << "the next start tries again";
 }
 
 TEST_F(MainWindow, ExploresTheTargetAndOpensQueuedAddresses) {
@@ -508,6 +511,7 @@ TEST_F(MainWindow, AsksBeforeItCloses) {
     EXPECT_FALSE(Window().isVisible());
     EXPECT_TRUE(Window().Command1Enabled());
     EXPECT_EQ(system.boxes.asked.size(), 2U);
+    EXPECT_TRUE(Window().IsRetired());
     Choose("mnunew");
     EXPECT_EQ(wizards, 1) << "a closed window does nothing";
 }

@@ -100,6 +100,8 @@ TEST_F(ReportDialogTest, ShowsEachRowAsItEnds) {
     EXPECT_EQ(Summary(), "2 addresses, 1 not fetched yet");
     EXPECT_EQ(Outcomes().item(0)->text(), "All (2)");
     EXPECT_EQ(Outcomes().item(5)->text(), "unanswered (1)");
+    EXPECT_NE(Outcomes().item(4)->foreground(), Outcomes().item(5)->foreground())
+        << "none is paler";
 
     Report.Clear();
     EXPECT_EQ(Addresses(), Texts{}) << "no row of the old crawl is left";
@@ -122,6 +124,9 @@ TEST_F(ReportDialogTest, FiltersByOneClickAndWhileTyping) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     EXPECT_EQ(QApplication::focusWidget(), &Rows());
     EXPECT_EQ(Rows().currentIndex().row(), 0);
+    QTest::keySequence(dialog, QKeySequence::Find);
+    QTest::keyClicks(QApplication::focusWidget(), "/c");
+    EXPECT_EQ(Addresses(), Texts{"www.site.com/c"}) << "typing replaces the last filter";
 }
 
 TEST_F(ReportDialogTest, SortsByAClickAndKeepsTheSelection) {

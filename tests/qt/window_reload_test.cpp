@@ -28,7 +28,20 @@ TEST_F(WindowReload, AStopMakesANewWindowAndThenOpensTheWizard) {
     EXPECT_EQ(status_in_wizard, "Operation Cancelled.");
     EXPECT_FALSE(crawl::Stopping);
     EXPECT_EQ(Window().geometry(), place);
+    EXPECT_TRUE(Window().isVisible());
     EXPECT_TRUE(crawl::List1.on_change && crawl::List2.on_change) << "the new lists are connected";
+}
+
+TEST_F(WindowReload, ClosesEveryConnection) {
+    for (int i = 0; i < crawl::kSlotCount; ++i)
+        pages["/"] += "<a href=silent" + std::to_string(i) + ".html>";
+    Open();
+    Window().ChooseConnections(crawl::kSlotCount);
+    StartByKeys("site.com");
+    const platform::Socket& last = Window().Sock(crawl::kSlotCount);
+    ASSERT_TRUE(WaitFor([&] { return last.State() == platform::SocketState::Connected; }));
+    holder.Reload();
+    EXPECT_EQ(last.State(), platform::SocketState::Closed);
 }
 
 TEST_F(WindowReload, OpensOneWizardAtTheStartAndForANewSite) {
