@@ -30,7 +30,6 @@ WAYS_IN = [
 
 NAMES = """\
 127.0.0.1 localhost www.example.test example.test www.second.test www.third.test other.test
-127.0.0.8 full.example.test
 127.0.0.9 refused.example.test
 """
 

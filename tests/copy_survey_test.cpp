@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <functional>
 #include <string>
 #include <tuple>
 
 #include "output/mirror_files.h"
+#include "tests/fakes/disk_system.h"
 #include "tests/fakes/fake_system.h"
 
 using bas_Output::CopySurvey;
@@ -15,17 +19,19 @@ namespace {
 
 const std::string kPlaceholder = std::string(bas_Output::kPlaceholderText) + "\r\n";
 
+/// The numbers of files, remaining placeholders and removed placeholders. Calls `in_between` after
+/// each step.
+std::tuple<std::int64_t, std::int64_t, std::int64_t> Walk(
+    const std::string& folder, Placeholders placeholders,
+    const std::function<void()>& in_between = [] {}) {
+    CopySurvey survey(folder, placeholders);
+    while (survey.Step())
+        in_between();
+    return {survey.Files(), survey.Unfinished(), survey.Removed()};
+}
+
 class CopySurveyTest : public testing::Test {
   protected:
-    /// The numbers of files, remaining placeholders and removed placeholders.
-    static std::tuple<std::int64_t, std::int64_t, std::int64_t> Walk(const std::string& folder,
-                                                                     Placeholders placeholders) {
-        CopySurvey survey(folder, placeholders);
-        while (survey.Step()) {
-        }
-        return {survey.Files(), survey.Unfinished(), survey.Removed()};
-    }
-
     fakes::FakeSystem system;
     fakes::MemoryFiles& files = system.files;
 };
@@ -82,6 +88,44 @@ TEST_F(CopySurveyTest, LooksAtOneEntryPerStep) {
         EXPECT_LE(looks, 2);
     }
     EXPECT_EQ(survey.Unfinished(), 200);
+}
+
+class CopySurveyOnDisk : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::error_code error;
+        std::filesystem::create_symlink("site.com", root / "alias.com", error);
+        if (error) GTEST_SKIP() << "no symbolic links: " << error.message();
+        Have("outside/theirs.tmp");
+        Have("site.com/in/own.tmp");
+    }
+    void Have(const std::string& path) const {
+        std::filesystem::create_directories((root / path).parent_path());
+        std::ofstream(root / path) << bas_Output::kPlaceholderText;
+    }
+    fakes::DiskSystem system;
+    const std::filesystem::path root = system.folder.SystemPath();
+    const std::string copy = system.folder.Text();
+};
+
+TEST_F(CopySurveyOnDisk, FollowsNoSymbolicLink) {
+    std::filesystem::create_symlink("../outside", root / "site.com/folder");
+    std::filesystem::create_symlink("../outside/theirs.tmp", root / "site.com/file.tmp");
+    std::filesystem::create_symlink("..", root / "site.com/loop");
+    EXPECT_EQ(Walk(copy + "\\alias.com", Placeholders::Remove), std::tuple(0, 0, 0));
+    EXPECT_EQ(Walk(copy + "\\site.com", Placeholders::Remove), std::tuple(0, 0, 1));
+    EXPECT_TRUE(std::filesystem::exists(root / "outside/theirs.tmp"));
+}
+
+TEST_F(CopySurveyOnDisk, RemovesNothingBehindAFolderThatHasBecomeALink) {
+    Have("outside/own.tmp");
+    bool swapped = false;
+    Walk(copy + "\\site.com", Placeholders::Remove, [&] {
+        if (std::exchange(swapped, true)) return;
+        std::filesystem::rename(root / "site.com/in", root / "moved");
+        std::filesystem::create_directory_symlink("../outside", root / "site.com/in");
+    });
+    EXPECT_TRUE(std::filesystem::exists(root / "outside/own.tmp"));
 }
 
 }  // namespace

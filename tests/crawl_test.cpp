@@ -58,30 +58,4 @@ TEST_F(Crawl, SavesTheSiteOnceWithAnyNumberOfConnections) {
         EXPECT_EQ(CrawlAfresh(connections), saved) << connections;
 }
 
-TEST_F(Crawl, ACrawlOfPagesThatLinkToThemselvesEnds) {
-    const char* pages[] = {"<meta http-equiv=refresh content='0; url=http://www.site.com/'>",
-                           "<a href='w{ww.x.html'><a href='w*ww.y.html'>",
-                           "<a href='.{./.{./out.html'><a href='.*./.*./.*./out.html'>",
-                           "<a href='.www../.www../.www../out.html'><a href='..\\..\\out.html'>"};
-    for (const char* page : pages) {
-        SCOPED_TRACE(page);
-        network.PutPage("www.site.com/", page);
-        CrawlAfresh();
-        for (const auto& [path, bytes] : system.files.files) {
-            EXPECT_TRUE(path.starts_with("c:\\Websites\\") || path.starts_with("c:\\program\\"))
-                << path;
-        }
-        EXPECT_LT(network.requests().size(), 60U);
-    }
-}
-
-TEST_F(Crawl, ALinkWhoseFileCannotBeWrittenIsFetchedOnce) {
-    network.PutPage("www.site.com/", "<a href=bad.html>");
-    network.PutPage("www.site.com/bad.html", "<a href=bad.html>");
-    system.files.refused = {"c:\\Websites\\site.com\\bad.html",
-                            "c:\\Websites\\site.com\\bad.html.tmp"};
-    CrawlAfresh();
-    EXPECT_EQ(network.requests().size(), 2U);
-}
-
 }  // namespace

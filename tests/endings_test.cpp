@@ -57,21 +57,6 @@ TEST_F(Endings, ATimeoutDuringOurOwnWorkIsIgnored) {
     EXPECT_EQ(crawl::Slots[1].Attempts, 1);
 }
 
-TEST_F(Endings, AnIdleSlotTimesOutAfterASuccessButHarmsNothing) {
-    Start("www.site.com/a.html");
-    window.txt_max = "2";
-    Queue({"www.site.com/b.html"});
-    loop.Advance(20);
-    Respond(1, "good");
-    window.Sock(2).PeerAccepts();
-    loop.Advance(kTimeout);
-    EXPECT_EQ(crawl::Slots[1].Attempts, 2);
-    EXPECT_EQ(window.Sock(1).State(), SocketState::Connecting) << "its last address is tried again";
-    EXPECT_EQ(Saved("a.html"), "good\r\n");
-    Respond(1, "again");
-    EXPECT_EQ(Saved("a.html"), "again\r\n");
-}
-
 TEST_F(Endings, TheCompletionBoxOffersTheMirror) {
     for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
         system.boxes.asked.clear();

@@ -77,13 +77,6 @@ TEST_F(MakeLocalPathTest, RecordsOnlyTheFoldersThatItCreated) {
     LocalPathOf("C:\\Web\\Site.com\\img\\1.gif");
     MakeFolder("c:\\nowhere\\inner");
     EXPECT_EQ(crawl::MadeFolders, "c:\\web\\site.com\\img\\*");
-
-    // A folder on the path counts even if ".." leaves it again.
-    crawl::MadeFolders.clear();
-    LocalPathOf("C:\\Web\\Site.com\\a\\b\\..\\..\\c\\d.html");
-    EXPECT_EQ(crawl::MadeFolders,
-              "c:\\web\\site.com\\a\\*c:\\web\\site.com\\a\\b\\*"
-              "c:\\web\\site.com\\a\\b\\..\\..\\c\\*");
 }
 
 std::string WithoutBlanksAround(std::string s) {
@@ -136,12 +129,6 @@ TEST_F(MakeLocalPathTest, RecreatesFoldersThatVanished) {
     system.files.folders = {"c:"};
     LocalPathOf("C:\\Web\\site.com\\a\\b.html");
     EXPECT_TRUE(system.files.FolderExists("c:\\Web\\site.com\\a"));
-}
-
-TEST_F(MakeLocalPathTest, DropsBlanksBeforeAFolderButKeepsThemInThePath) {
-    EXPECT_EQ(LocalPathOf("C:\\Web\\ site.com\\a.html"), "C:\\Web\\ site.com\\a.html");
-    EXPECT_TRUE(system.files.FolderExists("C:\\Web\\site.com"));
-    EXPECT_FALSE(system.files.FolderExists("C:\\Web\\ site.com"));
 }
 
 }  // namespace

@@ -81,22 +81,6 @@ TEST_F(Scheduler, ReadsTheConnectionCountAnewEachTime) {
     }
 }
 
-TEST_F(Scheduler, ANewJobStartsFresh) {
-    crawl::ConnectionSlot& slot = crawl::Slots[1];
-    slot.Response.Assign("old");
-    slot.ContentLength = slot.BytesReceived = 9;
-    slot.Attempts = 3;
-    window.tmrOut(1).SetEnabled(false);
-    loop.Advance(5000);
-    bas_Connections::ConnectNext("a.com/x.html");
-    EXPECT_TRUE(slot.Response.Empty());
-    EXPECT_EQ(slot.ContentLength + slot.BytesReceived, 0);
-    loop.Advance(19999);
-    EXPECT_EQ(slot.Attempts, 1);
-    loop.Advance(1);
-    EXPECT_EQ(slot.Attempts, 2) << "the timeout runs from the start of the connection";
-}
-
 TEST_F(Scheduler, RefusesTypedCountsThatAreTooHighOrNoNumbers) {
     const std::pair<std::string, std::string> cases[] = {
         {"24", "4"},  {"23.5", "4"}, {"x", "4"},   {"", "4"},     {"5x", "4"},

@@ -65,15 +65,4 @@ TEST(TypedAddress, HasAFaultAndPerhapsACorrection) {
     }
 }
 
-TEST(TypedAddress, CorrectionsEnd) {
-    std::string address = "www.https://http:/ftp://me@me: x@b\xc3\xbc..c?:80 /";
-    for (int offers = 0; offers < 9; ++offers) {
-        const auto fault = FaultOf(address);
-        if (fault.instead.empty()) return;
-        EXPECT_NE(fault.instead, address);
-        address = fault.instead;
-    }
-    ADD_FAILURE() << address;
-}
-
 }  // namespace

@@ -3,8 +3,6 @@
 import os
 import posixpath
 import time
-import subprocess
-import re
 import unittest
 from collections import Counter
 from urllib.parse import unquote
@@ -63,30 +61,6 @@ def site_files(files):
             if path not in RECORDS and not path.startswith(b"_SearchData/")}
 
 
-def search(words, folder):
-    """What the program finds: each page with its number of matches, and the exit status."""
-    done = subprocess.run([os.environ["VANTORIN_PROGRAM"], "--search", words, "--folder", folder,
-                           "--limit", "100000"], stdout=subprocess.PIPE, check=False)
-    found = [line.split("\t") for line in done.stdout.decode().splitlines()]
-    return [(path, int(matches)) for matches, path, _ in found], done.returncode
-
-
-def plain_search(words, files):
-    """The same by regular expressions on the whole extract. The terms must not contain letters that
-    fold to several."""
-    terms = [phrase or word for phrase, word in re.findall(r'"([^"]*)"|([^" ]+)', words)]
-    any_term = re.compile("|".join(re.escape(t) for t in sorted(terms, key=len, reverse=True)), re.I)
-    pages = {}
-    for name, data in sorted(files.items()):
-        if name.startswith(b"_SearchData/"):
-            records = data.decode(errors="replace").split("\r\n")
-            pages.update(zip(records[0::2], records[1::2]))
-    found = [(path[2:], len(any_term.findall(text))) for path, text in pages.items()
-             if all(re.search(re.escape(term), text, re.I) for term in terms)]
-    found.sort(key=lambda page: (-page[1], page[0].encode()))
-    return found, 0 if found else 5
-
-
 class MirrorTest(unittest.TestCase):
     def test_every_crawl_succeeds_and_writes_nothing_outside_the_mirror(self):
         for mirror in Mirror.all:
@@ -124,12 +98,6 @@ class MirrorTest(unittest.TestCase):
             self.assertEqual(set(records[0::2]), {"! " + page.replace("/", "\\") for page in pages}, mirror.name)
             empty = [page for page, text in zip(records[0::2], records[1::2]) if not text.strip()]
             self.assertEqual(empty, [])
-
-    def test_a_search_finds_the_same_as_regular_expressions(self):
-        for words in ("a", "Xapian", "the index", '"the database" is', '"=" \\.', "é", "nowhere-at-all"):
-            for mirror in Mirror.all:
-                with self.subTest(name=mirror.name, words=words):
-                    self.assertEqual(search(words, mirror.target), plain_search(words, mirror.tree))
 
 
 class OfflineTest(unittest.TestCase):

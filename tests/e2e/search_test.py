@@ -96,6 +96,7 @@ class SearchTest(unittest.TestCase):
         _, status, usage = os.wait4(search.pid, 0)
         self.assertEqual(status, 0)
         self.assertLess(usage.ru_maxrss, 100_000, "kilobytes of memory")
+        self.assertEqual(self.desktop.start(self.program, "--search", "nowhere", "--folder", self.copy).wait(30), 5)
 
 
 if __name__ == "__main__":

@@ -1,6 +1,5 @@
 """A table of servers' behaviours: what ends with a close is saved, the rest is requested three times."""
 
-import contextlib
 import socket
 import time
 import unittest
@@ -106,7 +105,7 @@ FAULTS = {
     "resets_in_body": then(sends(ANSWER[:-5]), resets), "resets_at_end": then(sends(ANSWER), resets),
     "stays_open": then(sends(ANSWER), silent), "stays_open_in_header": then(sends(ANSWER[:20]), silent),
 }
-UNREACHABLE = [b"http://%s.example.test/x.html" % name for name in (b"refused", b"full", b"nowhere")]
+UNREACHABLE = [b"http://%s.example.test/x.html" % name for name in (b"refused", b"nowhere")]
 
 # Connections, part of the table, number of parts. With one connection, the faults take long.
 CRAWLS = [(24, 0, 1), (4, 0, 1)] + [(1, part, 6) for part in range(6)]
@@ -117,7 +116,7 @@ class Behaviours(unittest.TestCase):
         ways = {name: (answer, sends(answer)) for name, answer in ANSWERS.items()} | WAYS
         crawls = [Behaved(ways, *crawl) for crawl in CRAWLS]
         answers = {path: answer for crawl in crawls for path, answer in crawl.answers.items()}
-        with full_server(), ScriptedServer(answers) as server:
+        with ScriptedServer(answers) as server:
             for crawl in crawls:
                 crawl.start()
             for crawl in crawls:
@@ -175,18 +174,6 @@ class Behaved:
         model = SiteModel(SITE + self.folder, lambda _, path: received.get(path, b""))
         return {path: data for path, data in model.files.items()
                 if path.removeprefix(b"example.test").removesuffix(b"index.html") in received}
-
-
-@contextlib.contextmanager
-def full_server():
-    """A server that accepts no more connections: connecting to it hangs."""
-    with socket.socket() as server, socket.socket() as first, socket.socket() as second:
-        server.bind(("127.0.0.8", 80))
-        server.listen(0)
-        for waiting in (first, second):
-            waiting.setblocking(False)
-            waiting.connect_ex(("127.0.0.8", 80))
-        yield
 
 
 class LargeAnswer(unittest.TestCase):
