@@ -13,8 +13,6 @@ using platform::BoxAnswer;
 using platform::BoxStyle;
 using platform::SocketState;
 
-constexpr int kTimeout = 20000;
-
 class Endings : public CrawlTest {
   protected:
     /// Expects that this question was asked `count` times, and nothing else.
@@ -23,25 +21,6 @@ class Endings : public CrawlTest {
         EXPECT_EQ(system.boxes.asked, std::vector(count, question));
     }
 };
-
-TEST_F(Endings, ASilentServerIsTriedThreeTimesAndTheCrawlCompletes) {
-    Start("www.site.com/a.html");
-    for (int attempt = 1; attempt <= 3; ++attempt) {
-        SCOPED_TRACE(attempt);
-        EXPECT_EQ(crawl::Slots[1].Attempts, attempt);
-        EXPECT_EQ(window.rows[1].status, "Connecting to www.site.com");
-        window.Sock(1).PeerAccepts();
-        loop.Advance(kTimeout - 1);
-        EXPECT_EQ(crawl::FilesDone, attempt - 1);
-        loop.Advance(1);
-        EXPECT_EQ(crawl::FilesDone, attempt);
-    }
-    EXPECT_EQ(window.rows[1].received, "-");
-    EXPECT_EQ(Saved("a.html"), "(none)") << "the timeout text gets a name that cannot exist";
-    EXPECT_EQ(system.boxes.asked.size(), 1U);
-    loop.Advance(10 * kTimeout);
-    EXPECT_EQ(crawl::FilesDone, 3) << "no timer runs after the crawl";
-}
 
 TEST_F(Endings, ATimeoutDuringOurOwnWorkIsIgnored) {
     Start("www.site.com/a.html");

@@ -209,23 +209,6 @@ TEST_F(Outcomes, AnAnswerToALaterTryIsReadWithoutTheEarlierOne) {
     EXPECT_EQ(crawl::Report.Row(0).announced, 4U);
 }
 
-TEST_F(Outcomes, AStopLeavesTheRestUnfinishedAndARestartClearsIt) {
-    Respond(1, "<a href='b.html'><a href='c.gif'><a href='d.html'>");
-    loop.Advance(20);
-    window.Sock(1).ConnectionFails(SocketFailure::Refused);
-    loop.Advance(20);
-    bas_Connections::StopNOW();
-    EXPECT_EQ(Told(0), "saved");
-    EXPECT_EQ(crawl::Report.Row(3).address, "www.site.com/d.html");
-    EXPECT_EQ(Told(3), "unfinished: refused");
-    EXPECT_EQ(crawl::Report.CountOf(Outcome::Unfinished), 3U);
-
-    Start("www.other.de");
-    EXPECT_EQ(crawl::Report.Count(), 1U);
-    EXPECT_EQ(crawl::Report.Row(0).address, "www.other.de");
-    EXPECT_EQ(Told(0), "under way");
-}
-
 TEST_F(Outcomes, AFileIsSavedEvenIfAStopComesDuringTheSave) {
     loop.AtYield(3, [] { bas_Connections::StopNOW(); });
     Respond(1, "x");

@@ -28,20 +28,6 @@ TEST(CleanNames, ReplacesWhatNamesCannotContain) {
     }
 }
 
-TEST(TopLevel, IsDecidedAfterTheFirstHostFolder) {
-    fakes::FakeSystem system;
-    crawl::SiteHost = "Site.com";
-    // Without the host, the search starts at the length of the key; one character is skipped.
-    for (const char* top : {"C:\\Web\\SITE.com\\a", "C:/Web/site.com/a", "C:\\Web\\site.com\\\\a",
-                            "C:\\Web\\site.com\\", "C:\\other.net", ""}) {
-        EXPECT_TRUE(IsTopLevelFile(top)) << top;
-    }
-    for (const char* below : {"C:\\Web\\site.com\\d\\a", "C:\\Web\\site.com\\d\\site.com\\a",
-                              "C:\\Websites\\other.net\\a"}) {
-        EXPECT_FALSE(IsTopLevelFile(below)) << below;
-    }
-}
-
 TEST(GetTokenTest, SplitsAtTheSeparator) {
     EXPECT_EQ(GetToken(" a b*c ", 1, "*"), "a b");
     EXPECT_EQ(GetToken("a*b*", 2, "*"), "b");

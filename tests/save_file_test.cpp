@@ -90,22 +90,6 @@ TEST_F(SaveFileTest, DoublesLineEndsInPagesOnly) {
     }
 }
 
-TEST_F(SaveFileTest, RewritesLinks) {
-    EXPECT_EQ(Rewritten("'a.php' \"a.php\" <a href=a.php> a.php?x a.PHP?x a.Php?x"),
-              "'a.php.html' \"a.php.html\" <a href=a.php.html> a.php_x a.PHP_x a.Php?x");
-    EXPECT_EQ(Rewritten("HTTP://site.com/a hhttp://site.com/ttp://site.com/ http://site.com"),
-              "HTTP://site.com/a http://site.com/ http://site.com");
-    EXPECT_EQ(Rewritten("<applet x></applet>appappletlet<script src=x></script >"),
-              "< x></>applet< !-- script src=x></ !-- script >");
-}
-
-TEST_F(SaveFileTest, FlattensClimbingLinksOfTopLevelPages) {
-    const std::string page = "href = \"../a href='../a href= '../a href=\"../../a href=../a";
-    EXPECT_EQ(Rewritten(page, "site.com/d/a.bin"), page);
-    EXPECT_EQ(Rewritten(page, "site.com/a.bin"),
-              "href = \"a href=\"a href =\"a href=\"../a href=../a");
-}
-
 TEST_F(SaveFileTest, ShortensLinksToTheSlotsHost) {
     crawl::Slots[1].Host = " HTTP://www.site.com/ ";  // in capitals it matches nothing
     crawl::Slots[24].Host = "www.a.net\\";

@@ -12,7 +12,7 @@
 #include "engine/site_start.h"
 #include "tests/fakes/fake_loop.h"
 #include "tests/fakes/fake_main_window.h"
-#include "tests/fakes/fake_network.h"
+#include "tests/fakes/fake_socket.h"
 #include "tests/fakes/fake_system.h"
 #include "tests/schedule_checks.h"
 #include "tests/schedule_site.h"
@@ -27,7 +27,7 @@ constexpr std::size_t kEverything = 1'000'000;
 constexpr const char* kConnections[] = {"1", "2", "3", "4", "8", "24", "0"};
 
 /// The engine with a user, servers and time that act as a list of events says.
-class World : private fakes::FakeNetwork {
+class World {
   public:
     /// `seed` determines the sites, the timeout and the memory for responses.
     explicit World(unsigned seed) : sites_(seed, kLargeResponse), timeout_(100 + 150 * (seed % 7)) {
@@ -38,12 +38,12 @@ class World : private fakes::FakeNetwork {
                                  "c:\\Websites\\site.com\\bad.html.tmp"};
         system_.boxes.while_open = [this] { DoBehindBox(); };
         crawl::TargetFolder = "C:\\Websites\\";
-        window_.JoinNetwork(*this);
+        window_.JoinNetwork([this](fakes::FakeSocket& socket) { Attach(socket); });
     }
 
-    ~World() override {
-        bas_Connections::MostResponseBytes = std::numeric_limits<std::int32_t>::max();
-    }
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
+    ~World() { bas_Connections::MostResponseBytes = std::numeric_limits<std::int32_t>::max(); }
 
     /// From now on, clears the report after every event.
     void TakeReportAway() { checks_.report_is_there = false; }
@@ -71,9 +71,9 @@ class World : private fakes::FakeNetwork {
     }
 
   private:
-    void Attach(fakes::FakeSocket& socket) override {
+    void Attach(fakes::FakeSocket& socket) {
         const int slot = static_cast<int>(attached_++ % crawl::kSlotCount) + 1;
-        socket.peer_on_connect = [this, slot](fakes::FakeSocket&) {
+        socket.peer_on_connect = [this, slot] {
             checks_.Connected(slot);
             const crawl::ConnectionSlot& now = crawl::Slots[slot];
             trace_ += std::to_string(loop_.Now()) + " " + now.Host + now.Path + "\n";

@@ -45,20 +45,6 @@ TEST_F(Scheduler, SplitsAnAddressIntoHostAndPath) {
     }
 }
 
-TEST_F(Scheduler, LeavesTheQueueAloneWhileNoConnectionIsFree) {
-    window.txt_max = "2";
-    Queue({"a.com/1.", "a.com/2.", "a.com/3."});
-    loop.Advance(200);
-    EXPECT_EQ(crawl::List1.Count(), 1U);
-    window.Sock(2).PeerRefuses();
-    loop.Advance(20);
-    EXPECT_EQ(crawl::List1.Count(), 1U) << "a failed connection is not a free one";
-    window.Sock(1).Close();
-    loop.Advance(20);
-    EXPECT_TRUE(crawl::List1.Empty());
-    EXPECT_EQ(crawl::Slots[1].Url, "a.com/1.");
-}
-
 TEST_F(Scheduler, StartsNothingWhenNoCrawlRuns) {
     bas_Connections::StopNOW();
     // A scan that was running at the stop may still queue links, and closing the pause dialog

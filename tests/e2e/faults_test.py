@@ -102,17 +102,6 @@ class TargetFolder(DownloadTest):
             third.process.kill()
             third.wait()
 
-    def test_a_folder_that_vanishes_is_created_again(self):
-        def vanish(connection, _):
-            # In one step: a recursive deletion would race with the crawl's writes.
-            self.mirror.rename(self.folder / "vanished")
-            connection.sendall(page(b"gone"))
-
-        names = [b"/dir/file%d.html" % i for i in range(40)]
-        self.crawl(site_of({name: page(b"there") for name in names} | {names[20]: vanish}))
-        self.assertEqual(len(self.requested), len(names) + 1)
-        self.assertTrue((self.mirror / "example.test/dir/file0.html").is_file(), "it is fetched last")
-
 
 class ListFiles(DownloadTest):
     def test_a_list_that_can_be_neither_read_nor_created(self):

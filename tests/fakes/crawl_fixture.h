@@ -8,12 +8,11 @@
 #include "crawl/crawl_state.h"
 #include "engine/site_start.h"
 #include "tests/fakes/fake_main_window.h"
-#include "tests/fakes/fake_network.h"
 #include "tests/fakes/fake_system.h"
 
 namespace fakes {
 
-/// The engine with an in-memory system, window and network, in virtual time.
+/// The engine with an in-memory system and window, in virtual time.
 class CrawlTest : public testing::Test {
   protected:
     CrawlTest() {
@@ -63,7 +62,6 @@ class CrawlTest : public testing::Test {
 
     FakeSystem system;
     FakeLoop& loop = system.loop;
-    FakeNetwork network;
     FakeMainWindow window{loop};
 };
 

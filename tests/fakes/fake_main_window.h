@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "crawl/crawl_state.h"
 #include "engine/endings.h"
@@ -9,7 +11,6 @@
 #include "engine/main_window.h"
 #include "engine/scheduler.h"
 #include "tests/fakes/fake_loop.h"
-#include "tests/fakes/fake_network.h"
 #include "tests/fakes/fake_socket.h"
 #include "tests/fakes/fake_timer.h"
 #include "text/one_based.h"
@@ -57,11 +58,11 @@ class FakeMainWindow : public engine::MainWindow {
     void ShowList1() override { list1_shown = true; }
     void ShowCleaningUp() override {}
     void ShowPauseDialog() override {}
-    /// Connects all sockets, including those of later loads, to in-memory servers.
-    void JoinNetwork(FakeNetwork& network) {
-        network_ = &network;
+    /// Calls `attach` with each socket, also with those of later loads.
+    void JoinNetwork(std::function<void(FakeSocket&)> attach) {
+        attach_ = std::move(attach);
         for (int i = 1; i <= crawl::kSlotCount; ++i)
-            network_->Attach(Sock(i));
+            attach_(Sock(i));
     }
     void Reload() override {
         ++reloads;
@@ -98,7 +99,7 @@ class FakeMainWindow : public engine::MainWindow {
 
     void Load() {
         controls_ = std::make_unique<Controls>(loop_);
-        if (network_ != nullptr) JoinNetwork(*network_);
+        if (attach_) JoinNetwork(attach_);
         text1.clear();
         txt_max = "4";
         label6 = "Not Connected.";
@@ -110,7 +111,7 @@ class FakeMainWindow : public engine::MainWindow {
     }
 
     FakeLoop& loop_;
-    FakeNetwork* network_ = nullptr;
+    std::function<void(FakeSocket&)> attach_;
     std::unique_ptr<Controls> controls_;
 };
 

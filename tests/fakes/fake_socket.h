@@ -26,7 +26,7 @@ class FakeSocket : public platform::Socket {
         sent_.clear();
         connection_ = std::make_shared<Connection>();
         state_ = platform::SocketState::Connecting;
-        if (peer_on_connect) peer_on_connect(*this);
+        if (peer_on_connect) peer_on_connect();
     }
 
     bool SendData(std::string_view bytes) override {
@@ -35,7 +35,6 @@ class FakeSocket : public platform::Socket {
             return false;
         }
         sent_ += bytes;
-        if (peer_on_data) peer_on_data(*this);
         return true;
     }
 
@@ -82,9 +81,8 @@ class FakeSocket : public platform::Socket {
         PostCheck();
     }
 
-    /// For a peer that acts by itself: called after each `Connect` and each `SendData`.
-    std::function<void(FakeSocket&)> peer_on_connect;
-    std::function<void(FakeSocket&)> peer_on_data;
+    /// For a peer that acts by itself: called after each `Connect`.
+    std::function<void()> peer_on_connect;
 
   private:
     /// One connection. Only the socket owns it, so if an event finds it alive, the socket is alive
