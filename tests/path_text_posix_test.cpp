@@ -22,11 +22,6 @@ TEST(PathText, AllSpellingsOfAPathResolveToOneText) {
     }
 }
 
-TEST(PathText, ParentStopsAtTheRoot) {
-    EXPECT_EQ(platform::ParentOfResolved("c:\\a"), "c:");
-    EXPECT_EQ(platform::ParentOfResolved("c:"), "c:");
-}
-
 TEST(PathText, DrivesAreTheHomeFolderAndTheRoot) {
     const char* set = std::getenv("HOME");
     const std::string home = set != nullptr ? set : "";

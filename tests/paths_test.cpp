@@ -55,16 +55,6 @@ TEST_F(MakeLocalPathTest, TurnsAddressesIntoPaths) {
     EXPECT_EQ(LocalPathOf("HTTP://site.com"), "HTTP:\\site.com");
 }
 
-TEST_F(MakeLocalPathTest, RecordsOnlyTheFoldersThatItCreated) {
-    LocalPathOf("C:\\Web\\Site.com\\a.html");
-    EXPECT_EQ(crawl::MadeFolders, "c:\\web\\*c:\\web\\site.com\\*");
-    EXPECT_TRUE(system.files.FolderExists("c:\\Web\\Site.com"));
-    crawl::MadeFolders.clear();
-    LocalPathOf("C:\\Web\\Site.com\\img\\1.gif");
-    MakeFolder("c:\\nowhere\\inner");
-    EXPECT_EQ(crawl::MadeFolders, "c:\\web\\site.com\\img\\*");
-}
-
 std::string WithoutBlanksAround(std::string s) {
     while (s.starts_with(' '))
         s.erase(0, 1);

@@ -7,9 +7,10 @@ import urllib.parse
 
 from harness import private_network
 from harness.browser import DRIVER, Browser
-from harness.desktop import COMMANDS, MAIN, WIZARD, Desktop
-from harness.program import Crawl, copy_program, wait_until
+from harness.desktop import COMMANDS, MAIN
+from harness.program import Crawl, wait_until
 from harness.web import ScriptedServer, links_to, page
+from tests.e2e.desktops import DesktopTest
 
 FILLER = b"<p>Nothing to be found in here.</p>" * 300
 SITE = {
@@ -21,24 +22,14 @@ SITE = {
 }
 
 
-class SearchTest(unittest.TestCase):
+class SearchTest(DesktopTest):
     def setUp(self):
-        self.folder = private_network.scratch("search")
-        self.home = self.folder / "home"
+        super().setUp()
         self.copy = self.home / "Websites"
-        self.desktop = Desktop(self.home)
-        self.addCleanup(self.desktop.close)
-        self.program = copy_program(self.folder / "program")
 
     def mirror(self):
         with ScriptedServer(SITE):
             self.assertEqual(Crawl(self.program, "www.example.test", self.copy).wait(), 0)
-
-    def start(self):
-        running = self.desktop.start(self.program)
-        self.addCleanup(running.kill)
-        self.desktop.await_window(WIZARD)
-        return running
 
     def open_the_search(self):
         self.desktop.press("Escape")

@@ -6,28 +6,20 @@ import time
 import unittest
 
 from harness import private_network
-from harness.desktop import MAIN, WIZARD, Desktop
-from harness.program import copy_program, tree, wait_until
+from harness.desktop import MAIN
+from harness.program import tree, wait_until
 from harness.web import ScriptedServer, silent, site_of
+from tests.e2e.desktops import DesktopTest
 
 LINKS = [b"folder%d/page%d.html" % (i % 7, i) for i in range(300)]
 
 
-class EndedFromOutside(unittest.TestCase):
+class EndedFromOutside(DesktopTest):
     def setUp(self):
-        self.folder = private_network.scratch("window")
-        self.mirror = self.folder / "home/mirror"
-        self.mirror.mkdir(parents=True)
-        self.desktop = Desktop(self.folder / "home")
-        self.addCleanup(self.desktop.close)
+        super().setUp()
+        self.mirror = self.home / "mirror"
+        self.mirror.mkdir()
         self.enterContext(ScriptedServer(site_of({b"/" + link: silent for link in LINKS})))
-        self.program = copy_program(self.folder / "program")
-
-    def start(self):
-        running = self.desktop.start(self.program)
-        self.addCleanup(running.kill)
-        self.desktop.await_window(WIZARD)
-        return running
 
     def start_a_crawl(self):
         running = self.start()

@@ -5,8 +5,9 @@ import time
 import unittest
 
 from harness import private_network, web
-from harness.desktop import COMMANDS, MAIN, WIZARD, Desktop
-from harness.program import copy_program, wait_until
+from harness.desktop import COMMANDS, MAIN, WIZARD
+from harness.program import wait_until
+from tests.e2e.desktops import DesktopTest
 
 SITE = "www.example.test"
 NOT_WANTED = {"ads/banner.html", "clip.wav"}
@@ -21,26 +22,16 @@ def write_site(root):
     (root / "index.html").write_text("\n".join(links))
 
 
-class WizardTest(unittest.TestCase):
+class WizardTest(DesktopTest):
     def setUp(self):
-        self.folder = private_network.scratch("wizard")
+        super().setUp()
         write_site(self.folder / "site")
         # Slow enough for actions in the middle of a crawl.
         nginx = private_network.scratch("nginx")
         self.enterContext(web.nginx(nginx, {SITE: self.folder / "site"}, "limit_rate 2k;"))
         self.access_log = nginx / "access.log"
-        self.home = self.folder / "home"
         self.mirror = self.home / "Sites/Copy"
         self.mirror.mkdir(parents=True)
-        self.program = copy_program(self.folder / "program")
-        self.desktop = Desktop(self.home)
-        self.addCleanup(self.desktop.close)
-
-    def start(self):
-        running = self.desktop.start(self.program)
-        self.addCleanup(running.kill)
-        self.desktop.await_window(WIZARD)
-        return running
 
     def exit_by_menu(self, running):
         for answer in ("alt+n", "alt+y"):
