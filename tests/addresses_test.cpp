@@ -6,8 +6,6 @@
 #include <type_traits>
 #include <vector>
 
-#include "text/text.h"
-
 namespace {
 
 using namespace bas_Extractor;

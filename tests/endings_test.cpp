@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/scheduler.h"
 #include "tests/fakes/crawl_fixture.h"
 
 namespace {

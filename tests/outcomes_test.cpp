@@ -2,14 +2,12 @@
 
 #include "engine/endings.h"
 #include "engine/response_memory.h"
-#include "engine/scheduler.h"
 #include "tests/fakes/crawl_fixture.h"
 
 // The outcomes that the report gives for all that can happen to an address.
 
 namespace {
 
-using crawl::Outcome;
 using fakes::CrawlTest;
 using platform::SocketFailure;
 
@@ -235,22 +233,6 @@ TEST_F(Outcomes, FilesOfAnEarlierCrawlAreCountedOnceEach) {
         EXPECT_EQ(Told(1), "saved");
         EXPECT_EQ(crawl::Report.Count(), 2U);
         EXPECT_EQ(crawl::Report.AlreadyThere(), 4U) << "what this crawl saved does not count";
-        bas_Connections::StopNOW();
-    }
-}
-
-TEST_F(Outcomes, KnowsTheSavedFileOfEachAddress) {
-    for (const char* address :
-         {"www.site.com", "www.site.com/a", "www.site.com/dir/", "www.site.com/dir/index.html",
-          "www.site.com/a.php?x=1&y=2", "www.site.com//a.asp", "http://www.site.com/b.jpeg",
-          "www.site.com/.html", "www.site.com/a.html/b.php"}) {
-        SCOPED_TRACE(address);
-        BlankDisk();
-        Start(address);
-        crawl::Report.Clear();
-        Respond(1, "x");
-        EXPECT_EQ(bas_Connections::SavedFileOf(crawl::TargetFolder, address), crawl::SavePath);
-        EXPECT_EQ(system.files.At(crawl::SavePath), "x\r\n");
         bas_Connections::StopNOW();
     }
 }

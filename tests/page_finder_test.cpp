@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <string>
-#include <tuple>
 
 #include "platform/path_text.h"
 #include "tests/fakes/disk_system.h"

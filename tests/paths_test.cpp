@@ -7,7 +7,6 @@
 #include <string>
 
 #include "tests/fakes/fake_system.h"
-#include "text/text.h"
 
 using namespace bas_Output;
 

@@ -9,7 +9,6 @@
 namespace {
 
 using fakes::CrawlTest;
-using platform::SocketState;
 
 class Scheduler : public CrawlTest {
   protected:
