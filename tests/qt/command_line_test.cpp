@@ -30,7 +30,7 @@ TEST(CommandLine, RefusesWhatItCannotRead) {
     for (const QString& words :
          {QString("--site www.site.com"), QString("--site"), QString("--site  --folder /srv"),
           kCrawl + "more", QString("www.site.com www.other.com"), kCrawl + "--connections 0",
-          kCrawl + "--timeout 1e300", kCrawl + "--timeout 0.0004"}) {
+          kCrawl + "--connections 25", kCrawl + "--timeout 1e300", kCrawl + "--timeout 0.0004"}) {
         const cli::CommandLine line = Read(words);
         EXPECT_EQ(line.exit_code, 2) << words.toStdString();
         EXPECT_TRUE(line.text.contains("--help")) << words.toStdString();
@@ -52,6 +52,7 @@ TEST(CommandLine, ReadsAnOrder) {
     EXPECT_EQ(plain.order.timeout_milliseconds, 15000);
     const cli::CommandLine full = Read(kCrawl + "--connections=24 --timeout=.5");
     EXPECT_EQ(full.order.connections, 24);
+    EXPECT_EQ(Read(kCrawl + "--connections 1").order.connections, 1);
     EXPECT_EQ(full.order.timeout_milliseconds, 500);
 }
 

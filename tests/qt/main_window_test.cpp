@@ -144,6 +144,7 @@ TEST_F(MainWindow, CrawlsTheAddressTypedIntoTheStoredFolder) {
     EXPECT_EQ(system.processes.folders[0], "C:\\mirror\\");
     EXPECT_EQ(system.files.At("C:\\mirror\\site.com\\b.html"), "b\r\n");
     EXPECT_EQ(The<QLabel>("Label3").text(), "2 Files");
+    EXPECT_EQ(The<QLabel>("Label4").text(), "83 Bytes");
     EXPECT_EQ(The<QLabel>("Label6").text(), "Website Downloaded!");
     EXPECT_EQ(The<QWidget>("Picture2").accessibleName(), "Idle");
     EXPECT_EQ(The<QLabel>("Progress").text(), "2 files saved");

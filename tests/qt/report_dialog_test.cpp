@@ -208,6 +208,7 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         Click(*dialog, "SaveAs");
         auto* const chooser = dialog->findChild<QFileDialog*>();
         ASSERT_NE(chooser, nullptr);
+        EXPECT_TRUE(chooser->isVisible());
         emit chooser->fileSelected(platform::FromBytes(path));
         ASSERT_TRUE(WaitFor([&] { return Summary().find(path) != Summary().npos; }));
         if (disk_full) {
