@@ -209,6 +209,7 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         auto* const chooser = dialog->findChild<QFileDialog*>();
         ASSERT_NE(chooser, nullptr);
         EXPECT_TRUE(chooser->isVisible());
+        EXPECT_EQ(chooser->acceptMode(), QFileDialog::AcceptSave);
         emit chooser->fileSelected(platform::FromBytes(path));
         ASSERT_TRUE(WaitFor([&] { return Summary().find(path) != Summary().npos; }));
         if (disk_full) {
