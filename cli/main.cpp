@@ -20,7 +20,6 @@
 #include "platform/system_files.h"
 #include "setup/settings.h"
 #include "text/text.h"
-#include "ui/version.h"
 #include "ui/window_holder.h"
 #ifdef Q_OS_WIN
 #include "widgets/label_font.h"
@@ -160,7 +159,6 @@ int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN);  // a file that grows past the user's limit is a failed write
 #endif
     QCoreApplication::setApplicationName("Vantorin");
-    QCoreApplication::setApplicationVersion(ui::kVersion);
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments += QString::fromLocal8Bit(argv[i]);

@@ -4,10 +4,13 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QScrollBar>
 #include <QTableView>
+#include <QToolTip>
 
 #include "crawl/crawl_state.h"
 #include "platform/path_text.h"
@@ -149,6 +152,23 @@ TEST_F(ReportDialogTest, SortsByAClickAndKeepsTheSelection) {
     EXPECT_EQ(Rows().currentIndex().row(), 1);
     SortBy(0);
     EXPECT_EQ(Cell(0, 0), "www.site.com/b") << "the third click restores the order of ending";
+    QMenu* const menu = Rows().actions().back()->menu();
+    ASSERT_NE(menu, nullptr);
+    menu->actions().at(1)->trigger();
+    EXPECT_EQ(Cell(0, 0), "www.site.com/0") << "by address, without a mouse";
+}
+
+TEST_F(ReportDialogTest, ShowsWhatIsCutOffAsATooltip) {
+    Saved("www.site.com/short");
+    Saved("www.site.com/" + std::string(200, 'x'));
+    Open();
+    for (const int row : {0, 1}) {
+        const QPoint place = Rows().visualRect(Rows().model()->index(row, 0)).center();
+        QHelpEvent help(QEvent::ToolTip, place, Rows().viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(Rows().viewport(), &help);
+        EXPECT_EQ(QToolTip::isVisible(), row == 1);
+    }
+    QToolTip::hideText();
 }
 
 TEST_F(ReportDialogTest, FollowsTheNewestRowUntilScrolledUp) {
