@@ -41,17 +41,24 @@ bool AddressCompleter::eventFilter(QObject* watched, QEvent* event) {
     }
     // popup() creates the list on first use. Events during that come through here, too, so call it
     // only for key presses.
-    if (event->type() == QEvent::KeyPress && watched == popup() &&
-        Handle(*static_cast<QKeyEvent*>(event)))
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        auto& key = *static_cast<QKeyEvent*>(event);
+        if (watched == box_ && PassOn(key)) return true;
+        if (watched == popup() && Handle(key)) return true;
+    }
     return QCompleter::eventFilter(watched, event);
+}
+
+bool AddressCompleter::PassOn(QKeyEvent& key) {
+    QWidget* const focus = box_->window()->focusWidget();
+    if (focus == nullptr || focus == box_) return false;
+    QCoreApplication::sendEvent(focus, &key);
+    return true;
 }
 
 bool AddressCompleter::Handle(QKeyEvent& key) {
     if (!popup()->isVisible()) {
-        // The focus returns from the list with a delay, so keys typed quickly still arrive here.
-        if (QWidget* focus = box_->window()->focusWidget())
-            QCoreApplication::sendEvent(focus, &key);
+        if (!PassOn(key)) QCoreApplication::sendEvent(box_, &key);
         return true;
     }
     if (IsEnter(key)) {

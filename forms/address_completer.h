@@ -23,6 +23,10 @@ class AddressCompleter : public QCompleter {
     QStringList splitPath(const QString& typed) const override;
 
   private:
+    /// Sends a key to the control that has the focus, if that is not the box. The focus returns
+    /// from the closed list with a delay, and until then the list and, in its place, the box still
+    /// get keys that are typed quickly.
+    bool PassOn(QKeyEvent& key);
     /// Handles a key sent to the list of offers; false if the list must handle it.
     bool Handle(QKeyEvent& key);
     void Enter(const QKeyEvent& key);

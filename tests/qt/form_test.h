@@ -40,6 +40,7 @@ class FormTest : public testing::Test {
     }
     /// Types `text` in place of the box's text.
     static void Retype(QWidget* box, const QString& text) {
+        box->setFocus();
         QTest::keySequence(box, QKeySequence::SelectAll);
         QTest::keyClick(box, Qt::Key_Delete);
         QTest::keyClicks(box, text);
