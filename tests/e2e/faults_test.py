@@ -111,6 +111,7 @@ class ListFiles(DownloadTest):
         self.program = copy_program(self.folder / "bin")  # keeps its lists in the home folder
         home = self.folder / "home"
         subprocess.run(["mount", "--bind", "-o", "ro", home, home], check=True)
+        self.addCleanup(subprocess.run, ["umount", home], check=True)  # otherwise the folder cannot be deleted
         self.assertIn(f"{home}/.local/share/Vantorin/temp/filetypes.txt", self.assert_no_type_known())
 
     def assert_no_type_known(self):
