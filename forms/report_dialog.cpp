@@ -43,6 +43,8 @@ constexpr Outcome kOutcomes[] = {Outcome::Saved,    Outcome::Moved,      Outcome
                                  Outcome::Short,    Outcome::Unanswered, Outcome::NotWritten,
                                  Outcome::TooLarge, Outcome::NotAsked,   Outcome::Unfinished};
 
+constexpr int kAnswerMilliseconds = 5000;
+
 /// The most rows that may be copied to the clipboard.
 constexpr int kMostCopied = 50'000;
 
@@ -158,6 +160,8 @@ void ReportDialog::ConnectHandlers() {
         filter_->selectAll();
     });
     connect(outcomes_, &QListWidget::currentRowChanged, this, &ReportDialog::SetFilter);
+    answered_.setSingleShot(true);
+    connect(&answered_, &QTimer::timeout, this, &ReportDialog::ShowSummary);
     connect(model_, &ReportModel::Refreshed, this, &ReportDialog::ShowCounts);
     connect(rows_, &ReportTable::CurrentChanged, this, &ReportDialog::EnableActions);
     connect(rows_, &QTableView::doubleClicked, this, &ReportDialog::OpenFile);
@@ -187,6 +191,7 @@ void ReportDialog::ShowCounts() {
 }
 
 void ReportDialog::ShowSummary() {
+    if (answered_.isActive()) return;
     const std::size_t ended = CountThatEnded();
     const auto shown = static_cast<std::size_t>(model_->rowCount());
     QString words =
@@ -198,11 +203,13 @@ void ReportDialog::ShowSummary() {
     if (const std::size_t there = crawl::Report.AlreadyThere(); there > 0) {
         words += ", " + CountText(there) + " already there";
     }
-    Say(words);
+    if (summary_->text() != words) summary_->setText(words);
 }
 
-void ReportDialog::Say(const QString& words) {
-    if (summary_->text() != words) summary_->setText(words);
+/// Shows an answer to the user in place of the summary, long enough to be read during a crawl.
+void ReportDialog::Answer(const QString& words) {
+    summary_->setText(words);
+    answered_.start(kAnswerMilliseconds);
 }
 
 void ReportDialog::EnableActions() {
@@ -215,6 +222,7 @@ void ReportDialog::EnableActions() {
 }
 
 void ReportDialog::SetFilter() {
+    answered_.stop();
     ReportView view = model_->View();
     view.text = platform::ToBytes(filter_->text());
     const int outcome = outcomes_->currentRow();
@@ -233,7 +241,7 @@ void ReportDialog::OpenFile() {
     if (system.files.FileLength(file) && !system.files.FolderExists(file)) {
         system.processes.OpenFile(file);
     } else {
-        Say("No such file: " + platform::FromBytes(platform::SystemPathOf(file).value_or(file)));
+        Answer("No such file: " + platform::FromBytes(platform::SystemPathOf(file).value_or(file)));
     }
 }
 
@@ -247,7 +255,7 @@ void ReportDialog::OpenAddress() {
 void ReportDialog::CopyRows(bool addresses_only) {
     const std::vector<int> rows = rows_->SelectedRows(kMostCopied + 1);
     if (rows.size() > kMostCopied) {
-        Say("Too many rows to copy. \"Save As...\" writes all rows to a file.");
+        Answer("Too many rows to copy. \"Save As...\" writes all rows to a file.");
         return;
     }
     QString text;
@@ -276,8 +284,8 @@ void ReportDialog::SaveAs() {
         connect(saver_, &ReportSaver::Done, this, [this, file](const std::string& why_not) {
             saver_ = nullptr;
             EnableActions();
-            Say(why_not.empty() ? "Saved as " + file
-                                : file + " was not saved: " + platform::FromBytes(why_not));
+            Answer(why_not.empty() ? "Saved as " + file
+                                   : file + " was not saved: " + platform::FromBytes(why_not));
         });
         EnableActions();
     });

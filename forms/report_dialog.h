@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <QTimer>
 
 #include "forms/report_rows.h"
 
@@ -44,13 +45,14 @@ class ReportDialog : public QDialog {
     void OpenAddress();
     void CopyRows(bool addresses_only);
     void SaveAs();
-    void Say(const QString& words);
+    void Answer(const QString& words);
 
     ReportModel* model_;
     QLineEdit* filter_;
     QListWidget* outcomes_;
     ReportTable* rows_;
     ElidedLabel* summary_;
+    QTimer answered_;  ///< runs while `summary_` shows an answer
     QAction* open_file_;
     QAction* open_address_;
     QAction* copy_rows_;

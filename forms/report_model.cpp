@@ -61,6 +61,7 @@ ReportModel::ReportModel(crawl::AddressReport& report, QObject* parent)
     : QAbstractTableModel(parent), report_(report), rows_(report) {
     report_.AddObserver(*this);
     shown_count_ = static_cast<int>(rows_.Count());
+    shown_changes_ = report_.Changes();
     refresh_.setInterval(kRefreshMilliseconds);
     connect(&refresh_, &QTimer::timeout, this, &ReportModel::Refresh);
     refresh_.start();

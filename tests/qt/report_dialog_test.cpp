@@ -235,7 +235,11 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         if (disk_full) {
             EXPECT_TRUE(Summary().starts_with(path + " was not saved: ")) << Summary();
         } else {
-            EXPECT_EQ(Summary(), "Saved as " + path);
+            Saved("www.site.com/later");
+            EXPECT_TRUE(Shows({"www.site.com/a,b", "www.site.com/later"}));
+            EXPECT_EQ(Summary(), "Saved as " + path) << "the crawl does not replace it";
+            ClickOutcome(0);
+            EXPECT_EQ(Summary(), "3 addresses, 1 not fetched yet");
             EXPECT_EQ(system.files.At(path_text),
                       "address,outcome,status,bytes,announced,tries,seconds,detail\r\n"
                       "\"www.site.com/a,b\",saved,200,5,5,1,0.000,\r\n"
