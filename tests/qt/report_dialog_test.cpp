@@ -230,6 +230,7 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
         ASSERT_NE(chooser, nullptr);
         EXPECT_TRUE(chooser->isVisible());
         EXPECT_EQ(chooser->acceptMode(), QFileDialog::AcceptSave);
+        EXPECT_TRUE(chooser->nameFilters().value(0).contains("*.csv"));
         emit chooser->fileSelected(platform::FromBytes(path));
         ASSERT_TRUE(WaitFor([&] { return Summary().find(path) != Summary().npos; }));
         if (disk_full) {

@@ -14,6 +14,7 @@
 #include "setup/settings.h"
 #include "tests/qt/drop.h"
 #include "tests/qt/form_test.h"
+#include "widgets/elided_label.h"
 #include "widgets/link_button.h"
 
 namespace {
@@ -274,8 +275,9 @@ TEST_F(WizardTest, WarnsOfAnAddressAndCorrectsItByMouseAndKey) {
     for (const auto& mend : ways) {
         TxtUrl()->setFocus();
         TxtUrl()->setText("https://b\u00fccher.test/a");
-        EXPECT_EQ(Find<QLabel>(*wizard, "AddressHint")->text(),
-                  "This program fetches http:// only");
+        const auto* hint = Find<ui::ElidedLabel>(*wizard, "AddressHint");
+        EXPECT_EQ(hint->text(), "This program fetches http:// only");
+        EXPECT_TRUE(hint->IsWarning());
         EXPECT_EQ(AddressLink()->text(), "&Use http:// instead");
         mend();
         EXPECT_EQ(TxtUrl()->text(), "http://b\u00fccher.test/a");
@@ -318,6 +320,8 @@ TEST_F(WizardTest, ShowsAnExistingCopyAndRemovesItsUnfinishedFiles) {
     EXPECT_TRUE(
         wizard->rect().contains(remove->geometry().translated(remove->parentWidget()->pos())));
     EXPECT_GT(remove->x(), unfinished->geometry().right());
+    EXPECT_GT(unfinished->mapTo(wizard.get(), QPoint()).y(),
+              Find<QWidget>(*wizard, "Command1")->geometry().bottom());
 
     system.boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
     QTest::mouseClick(remove, Qt::LeftButton);
