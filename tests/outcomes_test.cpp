@@ -69,6 +69,7 @@ TEST_F(Outcomes, OfAnswers) {
         {"HTTP/1.0 400 First\r\n\r\n", "error: First", 400, 0, {}},
         {"HTTP/1.0 599 Last\r\n\r\n", "error: Last", 599, 0, {}},
         {"HTTP/1.0 600 More\r\n\r\n", "saved: More", 600, 0, {}},
+        {"answer", "saved", 0, 6, {}},
         {" Cancel ", "not written: the answer is the word \"cancel\"", 0, 8, {}}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.answer);
