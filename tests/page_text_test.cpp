@@ -161,6 +161,7 @@ TEST(InnerText, Encodings) {
          {"<meta charset=windows-1258>a", "a"},  // a combining accent might still follow
          {"<script charset=koi8-r></script>\xe9", "é"},
          {"\xfe\xff\0<\0p\0>\0\xe9"sv, "é"},
+         {"\xff\xfe<\0p\0>\0x\0y"sv, "x"},  // half of a character at the end
          {"\xff\xfe\x7f\0\x80\0\xff\x07\0\x08\xff\xff\0\xd8\0\xdc\0\xd8x\0"sv,
           "\x7f\u0080\u07FF\u0800\uFFFF\U00010000\uFFFDx"},
          {"\xef\xbb\xbf<meta charset=koi8-r>caf\xc3\xa9", "café"},
