@@ -34,7 +34,7 @@ struct FakeSocketBench : VirtualTime {
     void PeerSends(const std::string& bytes) { socket->PeerSends(bytes); }
     void PeerCloses() { socket->PeerCloses(); }
     void PeerResets() { socket->PeerResets(); }
-    std::string PeerReads(std::size_t) { return socket->sent(); }
+    std::string PeerReads(std::size_t) { return socket->Sent(); }
 };
 
 }  // namespace

@@ -42,7 +42,7 @@ TEST_F(HttpExchange, SendsOneRequestByteForByte) {
                  {"example.com:8080/a.html", "GET /a.html HTTP/1.0", "example.com:8080"}};
     for (const auto& c : cases) {
         Request(c.address);
-        EXPECT_EQ(window.Sock(1).sent(), c.line + "\r\nHost: " + c.host +
+        EXPECT_EQ(window.Sock(1).Sent(), c.line + "\r\nHost: " + c.host +
                                              "\r\nReferrer: " + c.host +
                                              "\r\nUser-Agent: Internet Explorer 6.01\r\n\r\n");
         window.Sock(1).Close();
@@ -54,7 +54,7 @@ TEST_F(HttpExchange, NeverAsksAboveTheRoot) {
                                 "a.com/index.html/../x"}) {
         SCOPED_TRACE(address);
         Request(address);
-        EXPECT_EQ(window.Sock(1).sent(), "");
+        EXPECT_EQ(window.Sock(1).Sent(), "");
         EXPECT_EQ(window.Sock(1).State(), SocketState::Closed);
         EXPECT_EQ(crawl::Slots[1].Response.View(), "CANCEL");
         EXPECT_TRUE(window.tmrOut(1).Enabled()) << "such a job ends by its timeout";

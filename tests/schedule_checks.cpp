@@ -165,7 +165,7 @@ void Checks::LookAtSlot(int slot) {
         !Expect(peer != nullptr, "an unknown connection is open")) {
         return;
     }
-    Expect(!now.Url.empty() && socket.host() == now.Host, "slot and socket disagree");
+    Expect(!now.Url.empty() && socket.Host() == now.Host, "slot and socket disagree");
     Expect(peer->job == now.Job, "a connection serves another job");
     Expect(window_.tmrOut(slot).Enabled(), "a connection has no timeout");
     // The response is exactly what has arrived, in order. Bytes that came before a reset may be

@@ -39,7 +39,7 @@ TEST_F(Scheduler, SplitsAnAddressIntoHostAndPath) {
         EXPECT_EQ(slot.Host, c.host);
         EXPECT_EQ(slot.Path, c.path);
         EXPECT_EQ(window.rows[1].status, "Connecting to " + c.host);
-        EXPECT_EQ(window.Sock(1).port(), 80);
+        EXPECT_EQ(window.Sock(1).Port(), 80);
         window.Sock(1).Close();
     }
 }

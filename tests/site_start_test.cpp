@@ -46,7 +46,7 @@ TEST_F(SiteStart, StartsWithNothingOfThePreviousCrawl) {
     EXPECT_EQ(crawl::TotalBytes + crawl::FilesDone, 0);
     EXPECT_EQ(crawl::MadeFolders + crawl::LastSearchPage, "");
     EXPECT_EQ(window.Sock(9).State(), platform::SocketState::Closed);
-    EXPECT_EQ(window.Sock(1).host(), "www.other.com");
+    EXPECT_EQ(window.Sock(1).Host(), "www.other.com");
 }
 
 TEST_F(SiteStart, TheStartPageIsTheFileOfTheLastStartAddress) {

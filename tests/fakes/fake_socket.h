@@ -53,9 +53,9 @@ class FakeSocket : public platform::Socket {
     }
 
     /// The target of the last `Connect`, and the bytes sent since.
-    const std::string& host() const { return host_; }
-    std::uint16_t port() const { return port_; }
-    const std::string& sent() const { return sent_; }
+    const std::string& Host() const { return host_; }
+    std::uint16_t Port() const { return port_; }
+    const std::string& Sent() const { return sent_; }
 
     /// The peer's side of the current connection. These calls do nothing if there is none.
     void PeerAccepts() {
@@ -138,7 +138,8 @@ class FakeSocket : public platform::Socket {
     }
 
     /// Calls a handler, then checks for what has arrived meanwhile.
-    void Raise(std::function<void()> handler) {
+    void Raise(const std::function<void()>& member) {
+        const std::function<void()> handler = member;  // the call may destroy the socket
         const std::weak_ptr<Connection> raised_in = connection_;
         connection_->in_handler = true;
         if (handler) handler();

@@ -97,6 +97,7 @@ class CannedPageText : public platform::PageText {
 
 inline std::vector<std::string> Items(const crawl::ListItems& list) {
     std::vector<std::string> items;
+    items.reserve(list.Count());
     for (std::size_t i = 0; i < list.Count(); ++i)
         items.push_back(list.Item(i));
     return items;

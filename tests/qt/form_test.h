@@ -48,6 +48,7 @@ class FormTest : public testing::Test {
     static std::vector<std::string> ItemsOf(QWidget& form, const char* name) {
         const auto* list = Find<QListWidget>(form, name);
         std::vector<std::string> items;
+        items.reserve(static_cast<std::size_t>(list->count()));
         for (int i = 0; i < list->count(); ++i)
             items.push_back(platform::ToBytes(list->item(i)->text()));
         return items;

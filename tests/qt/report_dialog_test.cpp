@@ -217,7 +217,7 @@ TEST_F(ReportDialogTest, SavesTheWholeReport) {
     Lost("www.site.com/c", "silent");
     Report.Add("www.site.com/queued");
     const std::string path_text = "z:\\tmp\\report.csv";
-    const std::string path = platform::SystemPathOf(path_text).value();
+    const std::string path = platform::SystemPathOf(path_text).value_or("");
     for (const bool disk_full : {false, true}) {
         SCOPED_TRACE(disk_full);
         Open();
