@@ -59,6 +59,8 @@ std::string_view NameOf(Outcome outcome) {
 AddressReport::AddressReport() : clock(SteadyTime), began_(clock()) {}
 
 void AddressReport::Clear() {
+    for (ReportObserver* const observer : observers_)
+        observer->AboutToClear();
     rows_.clear();
     counts_ = {};
     ended_.clear();
@@ -72,8 +74,6 @@ void AddressReport::Clear() {
     ++changes_;
     began_ = clock();
     stopped_ = false;
-    for (ReportObserver* const observer : observers_)
-        observer->Cleared();
 }
 
 void AddressReport::Add(std::string_view address) {

@@ -74,8 +74,8 @@ class ReportObserver {
     virtual void RowSettled(std::size_t) {}
     /// `AlreadyThere` has changed.
     virtual void AlreadyThereChanged() {}
-    /// All rows were removed because a crawl starts.
-    virtual void Cleared() {}
+    /// All rows will be removed because a crawl starts. Until this returns, they are still there.
+    virtual void AboutToClear() {}
 };
 
 /// A server's answer to one try.

@@ -87,7 +87,7 @@ void ReportModel::BeginUpdate() {
     work_.start(0);
 }
 
-void ReportModel::Cleared() {
+void ReportModel::AboutToClear() {
     beginResetModel();
     rows_.Clear();
     shown_count_ = 0;

@@ -39,7 +39,7 @@ class ReportModel : public QAbstractTableModel, private crawl::ReportObserver {
     void Refreshed();
 
   private:
-    void Cleared() override;
+    void AboutToClear() override;
     void Refresh();
     void BeginUpdate();
     void Work();

@@ -56,7 +56,7 @@ class ReportRows {
     std::size_t CountThatStays() const;
     void TakeOver();
 
-    /// The report was cleared.
+    /// Drops all rows, because the report will be cleared.
     void Clear();
 
   private:

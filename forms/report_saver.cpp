@@ -33,7 +33,7 @@ void ReportSaver::Work() {
     Finish(platform::System().files.WriteFile(path_, {lines_}).why_not);
 }
 
-void ReportSaver::Cleared() {
+void ReportSaver::AboutToClear() {
     Finish("a new download has started");
 }
 

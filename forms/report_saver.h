@@ -23,7 +23,7 @@ class ReportSaver : public QObject, private crawl::ReportObserver {
     void Done(const std::string& why_not);
 
   private:
-    void Cleared() override;
+    void AboutToClear() override;
     void Work();
     void Finish(const std::string& why_not);
 

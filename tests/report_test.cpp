@@ -16,7 +16,7 @@ struct Listener : ReportObserver {
     void RowChanged(std::size_t row) override { told.push_back("changed " + std::to_string(row)); }
     void RowSettled(std::size_t row) override { told.push_back("settled " + std::to_string(row)); }
     void AlreadyThereChanged() override { told.emplace_back("already there"); }
-    void Cleared() override { told.emplace_back("cleared"); }
+    void AboutToClear() override { told.emplace_back("cleared"); }
     std::vector<std::string> told;
 };
 

@@ -106,7 +106,10 @@ TEST_F(ReportDialogTest, ShowsEachRowAsItEnds) {
     EXPECT_NE(Outcomes().item(4)->foreground(), Outcomes().item(5)->foreground())
         << "none is paler";
 
+    QTest::keyClick(&Rows(), Qt::Key_End);
+    EXPECT_EQ(Rows().currentIndex().row(), 1);
     Report.Clear();
+    EXPECT_FALSE(Rows().currentIndex().isValid());
     EXPECT_EQ(Addresses(), Texts{}) << "no row of the old crawl is left";
 }
 
