@@ -2,12 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/qt/name_server.h"
 #include "tests/qt/real_bench.h"
 
 namespace {
 
 using namespace std::chrono_literals;
+
+/// A minimal chroot has no hosts file.
+bool HasHostsFile() {
+#ifdef _WIN32
+    return true;
+#else
+    return std::filesystem::exists("/etc/hosts");
+#endif
+}
 
 /// Lets the test move its clock forward.
 class AgeingResolver : public platform::HostResolver {
@@ -59,8 +70,10 @@ TEST_F(HostResolverTest, FindsAddressesOfBothFamilies) {
 
 // The hosts file comes first, as everywhere on the system. Every hosts file contains "localhost".
 TEST_F(HostResolverTest, AsksNoServerForKnownAndInvalidNames) {
-    for (const char* known : {"localhost", "LocalHost."})
-        EXPECT_NE(Find(known), "-") << known;
+    if (HasHostsFile()) {
+        for (const char* known : {"localhost", "LocalHost."})
+            EXPECT_NE(Find(known), "-") << known;
+    }
     for (const char* numeric : {"127.0.0.1", "127.0.0.1."})
         EXPECT_EQ(Find(numeric), "4");
     EXPECT_EQ(Find("::1"), "6");
@@ -75,10 +88,11 @@ TEST_F(HostResolverTest, AsksNoServerForKnownAndInvalidNames) {
 TEST_F(HostResolverTest, UnansweredNamesDelayNoOthers) {
     for (int i = 0; i < 100; ++i)
         LookUp("silent" + std::to_string(i) + ".test");
-    LookUp("localhost");
+    const std::string known = HasHostsFile() ? "localhost" : "127.0.0.1";
+    LookUp(known);
     LookUp("www.site.test");
     EXPECT_TRUE(clock.RunUntil([&] { return answers.size() == 2; }));
-    EXPECT_TRUE(answers.contains("localhost"));
+    EXPECT_TRUE(answers.contains(known));
     EXPECT_TRUE(answers.contains("www.site.test"));
     EXPECT_EQ(server.asked.size(), 101U) << "they are asked for at the same time";
 }
